@@ -1,0 +1,23 @@
+// All mutable state of a conversion. Every operation gets it by reference;
+// nothing else is static and mutable.
+#pragma once
+
+#include <cstddef>
+
+#include "apartment/rtf_to_html_state.h"
+#include "platform/services.h"
+#include "text/limits.h"
+
+namespace quillary {
+
+struct Apartment {
+  RtfToHtmlState rtf_to_html;
+
+  /// What the operating system and outside libraries supply. Copies share them.
+  platform::Services services = platform::Services::System();
+
+  /// No text under conversion may grow beyond this many units.
+  std::size_t working_limit = limits::working_units;
+};
+
+}  // namespace quillary

@@ -1,0 +1,53 @@
+// A dynamic array, indexed from 0 to its upper bound, that may never have been
+// sized. An index outside is a subscript failure.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "text/failure.h"
+
+namespace quillary {
+
+template <class Value>
+class List {
+ public:
+  /// Sizes the list anew, with entries 0 to `upper`, none of them set.
+  void Size(std::int32_t upper) {
+    sized_ = true;
+    last_set_ = -1;
+    entries_.assign(upper < 0 ? 0 : static_cast<std::size_t>(upper) + 1, Value{});
+  }
+
+  /// Back to the state of never having been sized.
+  void Erase() { *this = List(); }
+
+  bool sized() const { return sized_; }
+  /// The upper bound; throws Failure (subscript) if the list was never sized.
+  std::int32_t upper() const {
+    if (!sized_) throw Failure(Failure::Kind::Subscript);
+    return static_cast<std::int32_t>(entries_.size()) - 1;
+  }
+  /// The highest index that was ever set, -1 if there is none.
+  std::int32_t last_set() const { return last_set_; }
+
+  bool has(std::int32_t index) const {
+    return index >= 0 && static_cast<std::size_t>(index) < entries_.size();
+  }
+  const Value& operator[](std::int32_t index) const {
+    if (!has(index)) throw Failure(Failure::Kind::Subscript);
+    return entries_[static_cast<std::size_t>(index)];
+  }
+  void Set(std::int32_t index, Value value) {
+    if (!has(index)) throw Failure(Failure::Kind::Subscript);
+    entries_[static_cast<std::size_t>(index)] = std::move(value);
+    if (index > last_set_) last_set_ = index;
+  }
+
+ private:
+  std::vector<Value> entries_;
+  std::int32_t last_set_ = -1;
+  bool sized_ = false;
+};
+
+}  // namespace quillary

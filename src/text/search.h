@@ -1,0 +1,40 @@
+// The one search under every rule and scan: all units of the text are
+// compared, eight at a time, with the two rarest units of what is looked for.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "text/text.h"
+
+namespace quillary {
+
+/// A prepared search for one text. The text searched for must outlive it.
+class Finder {
+ public:
+  static constexpr std::size_t npos = static_cast<std::size_t>(-1);
+
+  Finder(TextView find, Compare mode);
+
+  /// 0-based offset of the first occurrence at or after the 0-based `from`,
+  /// or npos. An empty find text is never found.
+  std::size_t Next(TextView text, std::size_t from) const;
+
+  std::size_t length() const { return find_.size(); }
+
+ private:
+  struct Anchor {
+    std::size_t offset = 0;
+    std::array<char16_t, 4> variants{};  // the units that count as equal, the first one repeated
+  };
+  bool Matches(const char16_t* at) const;
+  static Anchor MakeAnchor(TextView find, std::size_t offset, Compare mode);
+
+  TextView find_;
+  Compare mode_;
+  Anchor first_;
+  Anchor second_;
+};
+
+}  // namespace quillary

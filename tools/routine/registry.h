@@ -1,0 +1,97 @@
+// The routines that can be run alone: a name, the kinds of the arguments, and
+// a function that runs the operation on one call.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "apartment/apartment.h"
+
+namespace quillary::routine {
+
+using Json = nlohmann::json;
+
+/// What a routine takes at one place. Integer16 and Integer32 are whole
+/// numbers that must fit; Mode is 0 or 1; Any is left to the routine.
+enum class Kind { Text, Integer16, Integer32, Mode, List, Record, Any };
+
+/// Something wrong with a request itself; the word goes into "failure".
+class Refusal : public std::exception {
+ public:
+  explicit Refusal(const char* word) : word_(word) {}
+  const char* what() const noexcept override { return word_; }
+
+ private:
+  const char* word_;
+};
+
+/// One call. Texts, lists and records are by reference: what the routine puts
+/// into them stands in the answer's "args".
+class Call {
+ public:
+  Call(Apartment& apartment, Json args, const std::vector<Kind>& kinds);
+
+  Apartment& apartment() { return apartment_; }
+  RtfToHtmlState& state() { return apartment_.rtf_to_html; }
+  std::size_t count() const { return args_.size(); }
+  Text& text(std::size_t index) { return texts_[index]; }
+  std::int32_t integer(std::size_t index) const { return integers_[index]; }
+  Compare mode(std::size_t index) const { return static_cast<Compare>(integers_[index]); }
+  Json& raw(std::size_t index) { return args_[index]; }
+
+  /// The arguments as they are now.
+  Json arguments() const;
+
+  Json result;
+
+ private:
+  Apartment& apartment_;
+  Json args_;
+  std::vector<Kind> kinds_;
+  std::vector<Text> texts_;
+  std::vector<std::int32_t> integers_;
+};
+
+class Registry {
+ public:
+  using Body = std::function<void(Call&)>;
+
+  void Add(std::string name, std::vector<Kind> kinds, Body body);
+  std::vector<std::string> Names() const;
+
+  /// Runs one request on a fresh apartment and gives the answer; never throws
+  /// but for want of memory.
+  Json Run(const Json& request) const;
+
+ private:
+  struct Routine {
+    std::vector<Kind> kinds;
+    Body body;
+  };
+  std::map<std::string, Routine> routines_;
+};
+
+/// All routines of the program.
+const Registry& AllRoutines();
+
+// One function for each module's routines.
+void AddTextRoutines(Registry& registry);
+
+/// Texts in JSON: a lone surrogate stands as itself.
+Json ToJson(TextView text);
+Text ToText(const Json& value);
+
+/// A line of JSON, in which a lone surrogate may travel as \udXXX.
+/// Throws nlohmann's parse error.
+Json ParseLine(const std::string& line);
+std::string WriteLine(const Json& value);
+
+/// The state by the names in use; `names` empty means all.
+Json StateToJson(const RtfToHtmlState& state, const std::vector<std::string>& names);
+/// Overlays fields of the state. Throws Refusal.
+void StateFromJson(const Json& fields, RtfToHtmlState& state);
+
+}  // namespace quillary::routine
