@@ -59,7 +59,8 @@ class Registry {
  public:
   using Body = std::function<void(Call&)>;
 
-  void Add(std::string name, std::vector<Kind> kinds, Body body);
+  /// The last `optional` arguments may be left out.
+  void Add(std::string name, std::vector<Kind> kinds, Body body, std::size_t optional = 0);
   std::vector<std::string> Names() const;
 
   /// Runs one request on a fresh apartment and gives the answer; never throws
@@ -70,6 +71,7 @@ class Registry {
   struct Routine {
     std::vector<Kind> kinds;
     Body body;
+    std::size_t optional;
   };
   std::map<std::string, Routine> routines_;
 };
@@ -80,6 +82,11 @@ const Registry& AllRoutines();
 // One function for each module's routines.
 void AddTextRoutines(Registry& registry);
 
+/// Lists in JSON: null was never sized, trailing entries that were never set
+/// are left out. `lowest` is the index of the first entry.
+Json ToJson(const TextList& list, std::int32_t lowest = 0);
+TextList ToList(const Json& value, std::int32_t lowest = 0);
+
 /// Texts in JSON: a lone surrogate stands as itself.
 Json ToJson(TextView text);
 Text ToText(const Json& value);
@@ -89,7 +96,7 @@ Text ToText(const Json& value);
 Json ParseLine(const std::string& line);
 std::string WriteLine(const Json& value);
 
-/// The state by the names in use; `names` empty means all.
+/// The state by the names in use; `names` empty means all. Throws Refusal for a name that is none.
 Json StateToJson(const RtfToHtmlState& state, const std::vector<std::string>& names);
 /// Overlays fields of the state. Throws Refusal.
 void StateFromJson(const Json& fields, RtfToHtmlState& state);
