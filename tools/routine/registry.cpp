@@ -73,6 +73,7 @@ const Registry& AllRoutines() {
     Registry all;
     AddChainRoutines(all);
     AddTextRoutines(all);
+    AddEscapeRoutines(all);
     return all;
   }();
   return registry;
