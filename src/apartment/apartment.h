@@ -12,6 +12,10 @@
 
 namespace quillary {
 
+namespace rules {
+class FiringLog;
+}
+
 struct Apartment {
   RtfToHtmlState rtf_to_html;
 
@@ -20,6 +24,9 @@ struct Apartment {
 
   /// No text under conversion may grow beyond this many units.
   std::size_t working_limit = limits::working_units;
+
+  /// Where the rules that fire are noted, or null.
+  rules::FiringLog* firing_log = nullptr;
 
   /// Shown the page after each step of a conversion, for a person who wants to
   /// see what a step did.
