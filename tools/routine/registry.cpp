@@ -71,6 +71,7 @@ Json Registry::Run(const Json& request) const {
 const Registry& AllRoutines() {
   static const Registry registry = [] {
     Registry all;
+    AddChainRoutines(all);
     AddTextRoutines(all);
     AddEscapeRoutines(all);
     return all;
