@@ -1,7 +1,5 @@
 #include "rtf_to_html/colour_table.h"
 
-#include <utility>
-
 #include "rtf_to_html/colour_table.rules.h"
 #include "rtf_to_html/flags.h"
 #include "rules/run.h"
@@ -10,12 +8,6 @@ namespace quillary::modQuillary {
 namespace {
 
 constexpr TextView kBlack = u"#000000";
-
-Text CleanTable(Text table) {
-  rules::Rewriting text(std::move(table));
-  rules::Run(chains::ColourTableCleaning, text);
-  return text.Take();
-}
 
 // Two hexadecimal digits for the decimal number that stands in `entry`, or
 // nothing where there is no such number.
@@ -95,7 +87,7 @@ void ReadColourTable(RtfToHtmlState& state, TextView text) {
     return;
   }
   state.BodyStart = end;
-  const Text table = CleanTable(Mid(text, start, end - start + 2));
+  const Text table = rules::RunOver(chains::ColourTableCleaning, Mid(text, start, end - start + 2));
 
   const std::int32_t count = CountOccurrences(table, u"red");
   state.ColourCount = count;
