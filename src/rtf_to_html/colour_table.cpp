@@ -41,11 +41,11 @@ constexpr KnownColour kSystemColours[] = {
 
 // "cyan" is white and "light blue" a dark blue; hosts rely on both.
 constexpr KnownColour kNamedColours[] = {
-    {u"black", u"000000"},      {u"blue", u"0000FF"},        {u"green", u"00FF00"},
-    {u"cyan", u"FFFFFF"},       {u"red", u"FF0000"},         {u"magenta", u"FF00FF"},
-    {u"yellow", u"FFFF00"},     {u"white", u"FFFFFF"},       {u"grey", u"B5B5B5"},
-    {u"gray", u"B5B5B5"},       {u"light blue", u"00008B"},  {u"light green", u"90EE90"},
-    {u"light cyan", u"E0FFFF"}, {u"light red", u"FF6347"},   {u"pink", u"FF80FF"},
+    {u"black", u"000000"},      {u"blue", u"0000FF"},       {u"green", u"00FF00"},
+    {u"cyan", u"FFFFFF"},       {u"red", u"FF0000"},        {u"magenta", u"FF00FF"},
+    {u"yellow", u"FFFF00"},     {u"white", u"FFFFFF"},      {u"grey", u"B5B5B5"},
+    {u"gray", u"B5B5B5"},       {u"light blue", u"00008B"}, {u"light green", u"90EE90"},
+    {u"light cyan", u"E0FFFF"}, {u"light red", u"FF6347"},  {u"pink", u"FF80FF"},
     {u"brown", u"A52A2A"},      {u"orange", u"FF8C00"},
 };
 

@@ -167,9 +167,8 @@ Text ConvertToHtml(Apartment& apartment, ConversionTexts texts) {
   sequence.Step("CloseDocument", [&] {
     if (!fragment) CloseDocument(state);
   });
-  sequence.Step("AssemblyClean", [&] {
-    state.HtmlOut = rules::RunOver(chains::AssemblyClean, std::move(state.HtmlOut));
-  });
+  sequence.Step("AssemblyClean",
+                [&] { state.HtmlOut = rules::RunOver(chains::AssemblyClean, std::move(state.HtmlOut)); });
   sequence.Step("ResolvePictureMarks", [&] { ResolvePictureMarks(apartment); });
 
   texts.source.clear();

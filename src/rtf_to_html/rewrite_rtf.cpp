@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "rtf_to_html/pictures.h"
-#include "rtf_to_html/rewrite_chain_bullets.rules.h"
-#include "rtf_to_html/rewrite_chain_headings.rules.h"
+#include "rtf_to_html/rewrite_bullets.rules.h"
+#include "rtf_to_html/rewrite_headings.rules.h"
 #include "rtf_to_html/rewrite_rtf.rules.h"
 #include "rtf_to_html/split_segments.h"
 #include "rtf_to_html/translate_segment.h"

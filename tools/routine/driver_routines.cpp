@@ -99,9 +99,9 @@ void AddConversions(Registry& registry) {
 void AddDriver(Registry& registry) {
   registry.Add("ConvertToHtml", std::vector<Kind>(13, Kind::Text), [](Call& call) {
     call.result = ToJson(TextView(modQuillary::ConvertToHtml(
-        call.apartment(), {call.text(0), call.text(1), call.text(2), call.text(3), call.text(4), call.text(5),
-                           call.text(6), call.text(7), call.text(8), call.text(9), call.text(10),
-                           call.text(11), call.text(12)})));
+        call.apartment(),
+        {call.text(0), call.text(1), call.text(2), call.text(3), call.text(4), call.text(5), call.text(6),
+         call.text(7), call.text(8), call.text(9), call.text(10), call.text(11), call.text(12)})));
   });
   registry.Add("WriteDebugDump", {Kind::Text},
                [](Call& call) { modQuillary::WriteDebugDump(call.apartment(), call.text(0)); });
