@@ -71,7 +71,10 @@ Json Registry::Run(const Json& request) const {
 const Registry& AllRoutines() {
   static const Registry registry = [] {
     Registry all;
+    AddChainRoutines(all);
     AddTextRoutines(all);
+    AddDriverRoutines(all);
+    AddEscapeRoutines(all);
     AddLinkRoutines(all);
     return all;
   }();
