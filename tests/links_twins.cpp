@@ -70,7 +70,7 @@ void ScanLinks(RtfToHtmlState& state, TextView copy) {
     FindEnd(state, lower, s.start + Length(s.matched), s);
     search_from = s.end;
     if (Stands(lower, s.end - 1, u".")) --s.end;
-    if (Mid(html, s.start, s.end - s.start).size() > 3) {
+    if (s.end > s.start && Mid(html, s.start, s.end - s.start).size() > 3) {
       Text link;
       const Text through = Mid(html, s.start, s.end - s.start + 1);
       const bool closed = Right(through, 4) == u"&gt;";
@@ -135,7 +135,7 @@ void ScanBracketLinks(RtfToHtmlState& state, TextView copy) {
     FindEnd(state, lower, s.start, s);
     search_from = s.end;
     if (Stands(lower, s.end - 1, u".")) --s.end;
-    Text link = Mid(html, s.start, s.end - s.start);
+    Text link = Mid(html, s.start, std::max(0, s.end - s.start));
     if (link.size() > 3) {
       const Text through = Mid(html, s.start, s.end - s.start + 1);
       if (Right(through, 4) == u"&gt;") link = Left(through, Length(through) - 4);
@@ -145,8 +145,8 @@ void ScanBracketLinks(RtfToHtmlState& state, TextView copy) {
                                                              : TextView();
       const Text anchor = Joined({u"<a href=\"", scheme, link, u"\">", link, u"</a>"});
       if (!link.empty()) {
-        html = Joined({Left(html, s.start - 1 - Length(s.matched)), anchor,
-                       Mid(html, s.start + Length(link) + 4)});
+        html = Joined(
+            {Left(html, s.start - 1 - Length(s.matched)), anchor, Mid(html, s.start + Length(link) + 4)});
       }
       search_from += Length(anchor) - Length(link);
       lower = ToLower(html);
@@ -194,26 +194,35 @@ Text ExtractEmailAddress(TextView stretch) {
       const Text first = Left(candidate, 1);
       const Text last = Right(candidate, 1);
       again = true;
-      if (last == u"@") candidate.pop_back();
-      else if (first == u"@") candidate.erase(0, 1);
-      else if (last == u"-") candidate.pop_back();
-      else if (first == u"-") candidate.erase(0, 1);
-      else if (last == u".") candidate.pop_back();
-      else if (first == u".") candidate.erase(0, 1);
+      if (last == u"@")
+        candidate.pop_back();
+      else if (first == u"@")
+        candidate.erase(0, 1);
+      else if (last == u"-")
+        candidate.pop_back();
+      else if (first == u"-")
+        candidate.erase(0, 1);
+      else if (last == u".")
+        candidate.pop_back();
+      else if (first == u".")
+        candidate.erase(0, 1);
       else {
         again = false;
         for (const char16_t unit : TextView(u"\n\r?#}{()[]*!£$\t; ")) {
           const std::int32_t at = FindText(1, candidate, Text(1, unit));
           if (at == 0) continue;
-          if (at >= FindText(1, candidate, u"@")) candidate.pop_back();
-          else candidate.erase(0, 1);
+          if (at >= FindText(1, candidate, u"@"))
+            candidate.pop_back();
+          else
+            candidate.erase(0, 1);
           again = true;
           break;
         }
       }
     }
     bool good = Holds(candidate, u"@") && Holds(candidate, u".");
-    for (const TextView bad : {u"@.", u".@", u"-.", u".-", u"@-", u"-@"}) good = good && !Holds(candidate, bad);
+    for (const TextView bad : {u"@.", u".@", u"-.", u".-", u"@-", u"-@"})
+      good = good && !Holds(candidate, bad);
     if (good) return candidate;
   }
   return {};
@@ -312,7 +321,8 @@ Text RepairLabelLinks(TextView given) {
     target = Trim(target);
     if (!Holds(target, u".")) break;
     html = ReplaceAll(html, Joined({u"<u>", fonts, label, u" &lt;", target, u"&gt;"}),
-                      Joined({u"<u>", fonts, u"<a href=\"", target, u"\">", Trim(label), u"</a></u>"}), ignore_case);
+                      Joined({u"<u>", fonts, u"<a href=\"", target, u"\">", Trim(label), u"</a></u>"}),
+                      ignore_case);
   }
   return html;
 }

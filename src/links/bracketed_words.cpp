@@ -52,12 +52,11 @@ std::int32_t BracketedWords::First(const PageText& page, TextView text, std::siz
   const TextView word = text.substr(word_at, text.size() - word_at - 1);
   const auto found = by_content_.find(ContentOf(word));
   if (found == by_content_.end()) return 0;
-  std::int32_t first = 0;
   for (const std::size_t index : found->second) {
     const std::int32_t start = PositionOf(page, index) - static_cast<std::int32_t>(word_at);
-    if ((first == 0 || start < first) && page.StandsAt(start, text, Compare::IgnoreCase)) first = start;
+    if (page.StandsAt(start, text, Compare::IgnoreCase)) return start;
   }
-  return first;
+  return 0;
 }
 
 }  // namespace quillary::links

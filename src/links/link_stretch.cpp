@@ -1,5 +1,7 @@
 #include "links/link_stretch.h"
 
+#include <algorithm>
+
 #include "links/link_lists.h"
 #include "text/failure.h"
 
@@ -36,5 +38,10 @@ bool LinkStretches::Next(bool with_prefix, std::int32_t longest) {
   if (page_.StandsAt(end_ - 1, u".", Compare::Binary)) --end_;
   return true;
 }
+
+// A full stop that ends the prefix may leave less than nothing.
+Text LinkStretches::UpToEnd() const { return page_.Mid(start_, std::max(end_ - start_, 0)); }
+
+Text LinkStretches::ThroughEnd() const { return page_.Mid(start_, end_ - start_ + 1); }
 
 }  // namespace quillary::links

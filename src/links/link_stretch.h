@@ -25,8 +25,8 @@ class LinkStretches {
   std::int32_t start() const { return start_; }
   std::int32_t end() const { return end_; }
   /// The text from the start up to the end, and with the unit at the end.
-  Text UpToEnd() const { return page_.Mid(start_, end_ - start_); }
-  Text ThroughEnd() const { return page_.Mid(start_, end_ - start_ + 1); }
+  Text UpToEnd() const;
+  Text ThroughEnd() const;
 
   void MoveCursor(std::int64_t units) { cursor_ += static_cast<std::int32_t>(units); }
 

@@ -56,6 +56,25 @@ bool FileOf(TextView image, TextView& file) {
   return true;
 }
 
+// Replaces the underlined run in its three forms. Returns the offset of the
+// first change, or nowhere.
+std::size_t LinkRun(Text& page, const Text& run, TextView fonts, TextView linked) {
+  const Text end = run + u"</u>";
+  const Finder ends(end, Compare::Binary);
+  const std::size_t first = ends.Next(page, 0);
+  if (first == Finder::npos) return nowhere;
+  const std::size_t only_end = ends.Next(page, first + 1) == Finder::npos ? first + end.size() : nowhere;
+  std::size_t changed_from = nowhere;
+  for (const Text& opening :
+       {Text(underline), Text(underline).append(fonts), Text(u"<font COLOR=\"#0000ff\"><u>")}) {
+    const std::size_t from = first - std::min(first, opening.size());
+    changed_from = std::min(
+        changed_from, ReplaceWithin(page, opening + end, linked, Compare::Binary, from, only_end).first);
+    if (changed_from != nowhere && only_end != nowhere) break;
+  }
+  return changed_from;
+}
+
 }  // namespace
 
 Text RepairPictureLinks(TextView html) {
@@ -79,13 +98,8 @@ Text RepairPictureLinks(TextView html) {
     if (fonts.empty() && label.empty()) break;
     const Text file(source);
     const Text run = label + u" <img border=\"0\" src=\"" + file + u"\">";
-    const Text linked = u"<u><a href=\"" + file + u"\">" + run + u"</a></u>";
-    std::size_t changed_from = nowhere;
-    for (const Text& opening :
-         {Text(underline), Text(underline).append(fonts), Text(u"<font COLOR=\"#0000ff\"><u>")}) {
-      const Places places = ReplaceWithin(page, opening + run + u"</u>", linked, Compare::Binary);
-      changed_from = std::min(changed_from, places.first);
-    }
+    const std::size_t changed_from =
+        LinkRun(page, run, fonts, u"<u><a href=\"" + file + u"\">" + run + u"</a></u>");
     // A repair that changes nothing would change nothing the next time either.
     if (changed_from == nowhere) break;
     endings.ChangedFrom(changed_from);

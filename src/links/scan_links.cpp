@@ -124,8 +124,8 @@ bool LinkScan::PutLabelled(Text& anchor) {
   if (!TargetFollows()) return false;
   const std::int32_t start = stretches_.start();
   const std::int32_t target_at = stretches_.end() + 5;
-  Text target(page_.From(target_at));
-  target.resize(target.find(u"&gt;"));
+  const TextView behind = page_.From(target_at);
+  const Text target(behind.substr(0, behind.find(u"&gt;")));
   // Up to two units in front of the bracket, which is where the blank begins.
   Attempt([&] { label_ = page_.Mid(start, FindText(1, page_.From(start), u"&lt;") - 2); });
   anchor = Anchor(target, label_);
