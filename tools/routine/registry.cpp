@@ -76,6 +76,7 @@ const Registry& AllRoutines() {
     AddDriverRoutines(all);
     AddEscapeRoutines(all);
     AddSegmentRoutines(all);
+    AddLinkRoutines(all);
     return all;
   }();
   return registry;
