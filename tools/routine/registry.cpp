@@ -72,6 +72,7 @@ const Registry& AllRoutines() {
   static const Registry registry = [] {
     Registry all;
     AddTextRoutines(all);
+    AddTableRoutines(all);
     return all;
   }();
   return registry;

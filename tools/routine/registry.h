@@ -81,6 +81,7 @@ const Registry& AllRoutines();
 
 // One function for each module's routines.
 void AddTextRoutines(Registry& registry);
+void AddTableRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.
