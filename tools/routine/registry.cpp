@@ -77,6 +77,7 @@ const Registry& AllRoutines() {
     AddEscapeRoutines(all);
     AddSegmentRoutines(all);
     AddLinkRoutines(all);
+    AddTableRoutines(all);
     return all;
   }();
   return registry;
