@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <string_view>
 
 #include "apartment/rtf_to_html_state.h"
 #include "platform/services.h"
@@ -18,6 +20,10 @@ struct Apartment {
 
   /// No text under conversion may grow beyond this many units.
   std::size_t working_limit = limits::working_units;
+
+  /// Shown the page after each step of a conversion, for a person who wants to
+  /// see what a step did.
+  std::function<void(std::string_view step, TextView page)> trace;
 };
 
 }  // namespace quillary

@@ -71,7 +71,9 @@ Json Registry::Run(const Json& request) const {
 const Registry& AllRoutines() {
   static const Registry registry = [] {
     Registry all;
+    AddChainRoutines(all);
     AddTextRoutines(all);
+    AddEscapeRoutines(all);
     return all;
   }();
   return registry;
