@@ -12,6 +12,13 @@
 
 namespace quillary {
 
+/// Where a count of the rules stopped short of the end of a document.
+struct StoppedShort {
+  bool segments = false;
+  bool pictures = false;
+  bool links = false;
+};
+
 struct Apartment {
   RtfToHtmlState rtf_to_html;
 
@@ -20,6 +27,9 @@ struct Apartment {
 
   /// No text under conversion may grow beyond this many units.
   std::size_t working_limit = limits::working_units;
+
+  /// Of the last conversion.
+  StoppedShort stopped_short;
 
   /// Shown the page after each step of a conversion, for a person who wants to
   /// see what a step did.

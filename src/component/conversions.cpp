@@ -24,12 +24,6 @@ Cleaning CleaningOf(const Properties& properties) {
   return Folded(properties.CleanHTML, u"yes") ? Cleaning::Html : Cleaning::None;
 }
 
-Text RunChain(Text text, const rules::Chain& chain) {
-  rules::Rewriting rewriting(std::move(text));
-  rules::Run(chain, rewriting);
-  return rewriting.Take();
-}
-
 void RoundTripUnlessOff(Apartment& apartment, const Properties& properties, Text& rtf) {
   if (!Folded(properties.CleanRTF, u"nono")) RichTextRoundTrip(apartment, rtf);
 }
@@ -48,7 +42,7 @@ void MendAdmissionHistory(Text& page) {
 }
 
 // The cleaner's XHTML opens a highlight behind a font that it has not opened.
-Text MendHighlight(Text page) { return RunChain(std::move(page), chains::XhtmlHighlights); }
+Text MendHighlight(Text page) { return rules::RunOver(chains::XhtmlHighlights, std::move(page)); }
 
 Text TidiedResult(Apartment& apartment, const Properties& properties) {
   Text result = TidyOutput(apartment, properties);
@@ -104,7 +98,7 @@ Text ConvertNoBody(Apartment& apartment, Properties& properties) {
   properties.HTML_Text = RunDriver(apartment, properties, properties.RTF_Text, u"no");
   Text& page = properties.HTML_Text;
   if (CleaningOf(properties) != Cleaning::None) {
-    page = RunChain(TidyOutput(apartment, properties), chains::DocumentTypes);
+    page = rules::RunOver(chains::DocumentTypes, TidyOutput(apartment, properties));
   }
   if (!ReplaceIn(page, u"</body></html>", u"")) {
     // The end tags as the driver writes them are 20 units long.

@@ -52,7 +52,9 @@ class Sequence {
   Apartment& apartment_;
 };
 
-void StartState(RtfToHtmlState& state, const ConversionTexts& texts) {
+void StartState(Apartment& apartment, const ConversionTexts& texts) {
+  apartment.stopped_short = {};
+  RtfToHtmlState& state = apartment.rtf_to_html;
   state.ConvertImages = texts.convert_images;
   state.ImageFolder = texts.image_folder;
   state.ImageFormat = texts.image_format;
@@ -120,12 +122,6 @@ void CloseDocument(RtfToHtmlState& state) {
   state.HtmlOut += u"\r\n</body>\r\n</html>\r\n";
 }
 
-void RunChain(Apartment& apartment, const rules::Chain& chain) {
-  rules::Rewriting page(std::move(apartment.rtf_to_html.HtmlOut), &apartment);
-  rules::Run(chain, page);
-  apartment.rtf_to_html.HtmlOut = page.Take();
-}
-
 void ResolvePictureMarks(Apartment& apartment) {
   RtfToHtmlState& state = apartment.rtf_to_html;
   const bool equation = state.EquationSeen == u"yes";
@@ -145,7 +141,7 @@ Text ConvertToHtml(Apartment& apartment, ConversionTexts texts) {
   RtfToHtmlState& state = apartment.rtf_to_html;
   Sequence sequence(apartment);
 
-  sequence.Step("StartState", [&] { StartState(state, texts); });
+  sequence.Step("StartState", [&] { StartState(apartment, texts); });
   sequence.Step("WriteDebugDump", [&] {
     if (Folded(texts.debug, u"yes")) WriteDebugDump(apartment, texts.source);
   });
@@ -171,7 +167,8 @@ Text ConvertToHtml(Apartment& apartment, ConversionTexts texts) {
   sequence.Step("CloseDocument", [&] {
     if (!fragment) CloseDocument(state);
   });
-  sequence.Step("AssemblyClean", [&] { RunChain(apartment, chains::AssemblyClean); });
+  sequence.Step("AssemblyClean",
+                [&] { state.HtmlOut = rules::RunOver(chains::AssemblyClean, std::move(state.HtmlOut)); });
   sequence.Step("ResolvePictureMarks", [&] { ResolvePictureMarks(apartment); });
 
   texts.source.clear();

@@ -86,8 +86,8 @@ void StripPictures(Text& text, int& count) {
     cutter.SkipTo(end + 1);
     start = cutter.Find(kPicture);
   }
-  if (start == npos) count = 1;
   cutter.Finish();
+  if (start == npos) count = 1;
 }
 
 // The counter is that of the pictures: where they have used it up, no object is
@@ -139,9 +139,13 @@ void MarkPictures(Apartment& apartment, Text& text) {
   const Finder closing(u"}", Compare::Binary);
   Text marked;
   std::size_t from = 0;
-  for (int count = 2; count <= kMostPictures; ++count) {
+  for (int count = 2;; ++count) {
     const std::size_t start = opening.Next(source, from);
     if (start == npos) break;
+    if (count > kMostPictures) {
+      apartment.stopped_short.pictures = true;
+      break;
+    }
     const std::size_t end = closing.Next(source, start);
     if (end == npos) break;
     ++state.PictureCounter;
@@ -184,6 +188,7 @@ void ReplacePictures(Apartment& apartment, Text& text) {
   if (!Folded(state.ConvertImages, u"yes")) {
     int count = 1;
     StripPictures(text, count);
+    apartment.stopped_short.pictures = count == kUsedUp;
     StripObjects(text, count);
     return;
   }

@@ -58,7 +58,7 @@ void RewriteRtf(Apartment& apartment, Text& text) {
     BringToOneDialect(apartment, text);
     state.SegmentIndex = 0;
     state.ParagraphOpen = u"no";
-    SplitSegments(state, text, [&](Text& segment) { TranslateSegment(apartment, segment); });
+    SplitSegments(apartment, text, [&](Text& segment) { TranslateSegment(apartment, segment); });
   });
 }
 

@@ -73,6 +73,7 @@ const Registry& AllRoutines() {
     Registry all;
     AddChainRoutines(all);
     AddTextRoutines(all);
+    AddDriverRoutines(all);
     AddEscapeRoutines(all);
     return all;
   }();

@@ -81,6 +81,7 @@ const Registry& AllRoutines();
 
 // One function for each module's routines.
 void AddTextRoutines(Registry& registry);
+void AddDriverRoutines(Registry& registry);
 /// Chains come first: an operation of the same name takes the name.
 void AddChainRoutines(Registry& registry);
 void AddEscapeRoutines(Registry& registry);

@@ -1,0 +1,22 @@
+// The road of a segment through its stages.
+#include "rtf_to_html/translate_segment.h"
+
+#include "rtf_to_html/hex_escapes.h"
+#include "rtf_to_html/segment.h"
+
+namespace quillary::modQuillary {
+
+void TranslateSegment(Apartment& apartment, Text& text) {
+  Segment segment(text);
+  const Road road = EnterSegment(apartment, segment);
+  if (road == Road::Dropped) return;
+  if (road == Road::Body) {
+    SegmentHexEscapes(apartment, segment.body, segment.head);
+    ReplaceBodyWords(apartment, segment.body, segment.head);
+  }
+  ReadHeadWords(apartment.rtf_to_html, segment);
+  ReplaceRemainingWords(apartment, segment);
+  WriteSegment(apartment, segment);
+}
+
+}  // namespace quillary::modQuillary
