@@ -75,6 +75,7 @@ const Registry& AllRoutines() {
     AddTextRoutines(all);
     AddDriverRoutines(all);
     AddEscapeRoutines(all);
+    AddTableRoutines(all);
     return all;
   }();
   return registry;
