@@ -92,7 +92,8 @@ bool StrikeSwaps::SwapFonts(int size, int face) {
 int StrikeSwaps::NextFace(int size, int behind) const {
   int next = no_face;
   for (const Piece& piece : pieces_) {
-    if (piece.kind == Kind::Font && piece.size == size && piece.name > behind) next = std::min(next, piece.name);
+    if (piece.kind == Kind::Font && piece.size == size && piece.name > behind)
+      next = std::min(next, piece.name);
   }
   return next;
 }

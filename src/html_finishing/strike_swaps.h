@@ -27,8 +27,8 @@ class StrikeSwaps {
   enum class Kind { Strike, Colour, Font, Span };
   struct Piece {
     Kind kind;
-    int size = 0;    // of a font
-    int name = 0;    // the face of a font, or the first entry of a colour
+    int size = 0;  // of a font
+    int name = 0;  // the face of a font, or the first entry of a colour
     bool blank = false;
     Text text;
   };

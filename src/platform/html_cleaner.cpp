@@ -15,9 +15,7 @@ namespace {
 
 constexpr const char* html_document_type = "<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 3.2//EN\">";
 
-[[noreturn]] void Refuse(const char* why) {
-  throw Failure(Failure::Kind::Raised, 0, "HTML cleaner", why);
-}
+[[noreturn]] void Refuse(const char* why) { throw Failure(Failure::Kind::Raised, 0, "HTML cleaner", why); }
 
 // A buffer of the library's.
 class Buffer {

@@ -25,15 +25,17 @@ struct Element {
 // What the library treats in a way of its own. Any other element is inline,
 // which costs most.
 constexpr std::array elements{
-    Element{"table", 4, true},   Element{"tr", 0, false},    Element{"td", 0, false}, Element{"th", 0, false},
-    Element{"tbody", 0, false},  Element{"thead", 0, false}, Element{"ul", 2, true},  Element{"ol", 2, true},
-    Element{"dl", 2, true},      Element{"dir", 2, true},    Element{"menu", 2, true}, Element{"li", 0, true},
-    Element{"p", 0, true},       Element{"div", 1, true},    Element{"center", 1, true},
-    Element{"blockquote", 1, true}, Element{"h1", 1, true},  Element{"h2", 1, true},  Element{"h3", 1, true},
-    Element{"h4", 1, true},      Element{"h5", 1, true},     Element{"h6", 1, true},  Element{"form", 1, true},
-    Element{"pre", 1, true},     Element{"html", 1, false},  Element{"head", 1, false}, Element{"body", 1, false},
-    Element{"br", 0, false},     Element{"hr", 0, true},     Element{"img", 0, false}, Element{"meta", 0, false},
-    Element{"link", 0, false}, Element{"input", 0, false}};
+    Element{"table", 4, true},      Element{"tr", 0, false},    Element{"td", 0, false},
+    Element{"th", 0, false},        Element{"tbody", 0, false}, Element{"thead", 0, false},
+    Element{"ul", 2, true},         Element{"ol", 2, true},     Element{"dl", 2, true},
+    Element{"dir", 2, true},        Element{"menu", 2, true},   Element{"li", 0, true},
+    Element{"p", 0, true},          Element{"div", 1, true},    Element{"center", 1, true},
+    Element{"blockquote", 1, true}, Element{"h1", 1, true},     Element{"h2", 1, true},
+    Element{"h3", 1, true},         Element{"h4", 1, true},     Element{"h5", 1, true},
+    Element{"h6", 1, true},         Element{"form", 1, true},   Element{"pre", 1, true},
+    Element{"html", 1, false},      Element{"head", 1, false},  Element{"body", 1, false},
+    Element{"br", 0, false},        Element{"hr", 0, true},     Element{"img", 0, false},
+    Element{"meta", 0, false},      Element{"link", 0, false},  Element{"input", 0, false}};
 
 char Lower(char sign) { return sign >= 'A' && sign <= 'Z' ? static_cast<char>(sign + 32) : sign; }
 bool IsNameSign(char sign) {
@@ -104,8 +106,9 @@ bool IsWithinBounds(std::string_view page) {
     while (at < page.size() && IsNameSign(page[at])) name += Lower(page[at++]);
     if (name.empty()) continue;
     const std::size_t end = std::min(page.find_first_of("<>", at), page.size());
-    if (std::count(page.begin() + static_cast<std::ptrdiff_t>(at), page.begin() + static_cast<std::ptrdiff_t>(end), '=') >
-        static_cast<std::ptrdiff_t>(most_attributes)) {
+    if (std::count(page.begin() + static_cast<std::ptrdiff_t>(at),
+                   page.begin() + static_cast<std::ptrdiff_t>(end),
+                   '=') > static_cast<std::ptrdiff_t>(most_attributes)) {
       return false;
     }
     at = end;

@@ -9,8 +9,7 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr TextView mail_fonts =
-    u"<font FACE=\"Tms Rmn\" SIZE=\"3\" ></font><font FACE=\"Tms Rmn\" >";
+constexpr TextView mail_fonts = u"<font FACE=\"Tms Rmn\" SIZE=\"3\" ></font><font FACE=\"Tms Rmn\" >";
 constexpr TextView calendar_title = u"<font size=\"1\">Calendar Entry:";
 // The tables of the page are 690 wide, but for the one that this looks for.
 constexpr TextView memo_head =

@@ -79,7 +79,8 @@ Text TableBlocks::Page() const {
 
 void TableBlocks::Seek(std::size_t offset) {
   while (current_ > 0 && offset < start_) SeekPiece(current_ - 1);
-  while (current_ + 1 < pieces_.size() && offset >= start_ + pieces_[current_].text.size()) SeekPiece(current_ + 1);
+  while (current_ + 1 < pieces_.size() && offset >= start_ + pieces_[current_].text.size())
+    SeekPiece(current_ + 1);
 }
 
 void TableBlocks::SeekPiece(std::size_t piece) {
@@ -97,7 +98,8 @@ void TableBlocks::Enter(std::size_t piece) {
   bool closed = false;
   std::uint64_t hash = 0;
   for (std::size_t at = text.size(); at > 0; --at) {
-    if (text[at - 1] == u'>' && at >= closing_length && StartsWith(text.substr(at - closing_length), closing)) {
+    if (text[at - 1] == u'>' && at >= closing_length &&
+        StartsWith(text.substr(at - closing_length), closing)) {
       closed = true;
       hash = 0;
     }
@@ -148,7 +150,8 @@ void TableBlocks::CloseCurrentPiece() {
 
 BlockWalk BalanceTableBlocks(rules::Rewriting& page, const BlockRoutine& balance) {
   const std::int32_t tables = CountOccurrences(page.text(), opening, Compare::IgnoreCase);
-  if (tables == 0 || tables != CountOccurrences(page.text(), closing, Compare::IgnoreCase)) return BlockWalk::Done;
+  if (tables == 0 || tables != CountOccurrences(page.text(), closing, Compare::IgnoreCase))
+    return BlockWalk::Done;
   TableBlocks blocks(page.text());
   BlockWalk result = BlockWalk::Done;
   bool changed = false;
@@ -171,7 +174,8 @@ BlockWalk BalanceTableBlocks(rules::Rewriting& page, const BlockRoutine& balance
 }
 
 BlockWalk BalanceTableBlocks(rules::Rewriting& page) {
-  return BalanceTableBlocks(page, [&](TextView block) { return modTable::BalanceCellFormatting(page.apartment(), block); });
+  return BalanceTableBlocks(
+      page, [&](TextView block) { return modTable::BalanceCellFormatting(page.apartment(), block); });
 }
 
 }  // namespace quillary::modQuillary

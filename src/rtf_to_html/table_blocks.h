@@ -51,7 +51,7 @@ class TableBlocks {
 
   Finder opening_;
   Finder closing_;
-  std::size_t size_;  // of the page
+  std::size_t size_;           // of the page
   std::vector<Piece> pieces_;  // each but the last one ends with a closing tag, or is empty
   std::size_t current_ = 0;
   std::size_t start_ = 0;  // offset of the current piece in the page

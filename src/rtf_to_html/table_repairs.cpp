@@ -60,7 +60,8 @@ void RunTableRepair(rules::Rewriting& text) {
 void DropCellMarks(rules::Rewriting& page) { rules::Run(chains::DropCellMarks, page); }
 
 void DropEmptyLastCells(rules::Rewriting& page) {
-  const std::int32_t joints = CountOccurrences(page.text(), u"></font></TD></tr><tr><TD>", Compare::IgnoreCase);
+  const std::int32_t joints =
+      CountOccurrences(page.text(), u"></font></TD></tr><tr><TD>", Compare::IgnoreCase);
   if (joints > 4) rules::Run(chains::EmptyLastCells, page);
 }
 

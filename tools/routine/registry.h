@@ -85,6 +85,7 @@ void AddDriverRoutines(Registry& registry);
 /// Chains come first: an operation of the same name takes the name.
 void AddChainRoutines(Registry& registry);
 void AddEscapeRoutines(Registry& registry);
+void AddFinishingRoutines(Registry& registry);
 void AddTableRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
