@@ -44,7 +44,7 @@ class Sequence {
   void Step(const char* name, Action&& action) {
     Attempt(action);
     const Text& page = apartment_.rtf_to_html.HtmlOut;
-    if (page.size() > apartment_.working_limit) throw LimitReached(LimitReached::Limit::Growth);
+    CheckGrowth(apartment_, page);
     if (apartment_.trace) apartment_.trace(name, page);
   }
 

@@ -14,11 +14,11 @@ struct Segment {
   explicit Segment(Text& text) : segment(text) {}
 
   Text& segment;
-  Text head;              // the control words, up to the first blank
-  Text body;              // the rest: document text and the words in it
-  Text opening;           // HTML ahead of the font tag
-  Text closing;           // HTML behind the font tag
-  Text attributes;        // of the font tag: FACE=, SIZE= and COLOR=, each with a blank behind
+  Text head;                 // the control words, up to the first blank
+  Text body;                 // the rest: document text and the words in it
+  Text opening;              // HTML ahead of the font tag
+  Text closing;              // HTML behind the font tag
+  Text attributes;           // of the font tag: FACE=, SIZE= and COLOR=, each with a blank behind
   std::int16_t splitAt = 0;  // where the head ends, 0 if there is no blank
   bool hadFontWord = false;  // a font, size or colour word of the body was replaced
 };
@@ -47,12 +47,11 @@ void ReadHeadWords(RtfToHtmlState& state, Segment& segment);
 /// Ends a centred block that is open if the segment begins a new paragraph.
 void CloseCentre(RtfToHtmlState& state, TextView segment);
 
-/// Replaces the words that the head words were needed for, and those that
-/// only tables know.
+/// Replaces all words that are still in the body and mean something.
 void ReplaceRemainingWords(Apartment& apartment, Segment& segment);
 
 /// The words of size, font, colour and highlight in the body.
-void ReplaceFontWords(RtfToHtmlState& state, Segment& segment);
+void ReplaceFontWords(Apartment& apartment, Segment& segment);
 
 /// Rows and cells in the body.
 void ReplaceTableWords(rules::Rewriting& body);

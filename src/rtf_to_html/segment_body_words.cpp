@@ -1,7 +1,6 @@
 // The control words that can stand in running text.
-#include "rtf_to_html/segment_body_words.rules.h"
-
 #include "rtf_to_html/segment.h"
+#include "rtf_to_html/segment_body_words.rules.h"
 #include "rules/run.h"
 #include "text/search.h"
 
@@ -76,7 +75,8 @@ void ReplaceBodyWords(Apartment& apartment, Text& body, TextView head) {
   rules::Run(chains::SegmentWords, text);
   const bool tab_stops = Holds(head, u"\\tx", ignore_case);
   rules::RunStage(chains::SegmentTabs,
-                  tab_stops ? chains::SegmentTabs_stages::tab_stops : chains::SegmentTabs_stages::plain_tabs, text);
+                  tab_stops ? chains::SegmentTabs_stages::tab_stops : chains::SegmentTabs_stages::plain_tabs,
+                  text);
   rules::Run(chains::SegmentWordsBack, text);
   body = text.Take();
 }

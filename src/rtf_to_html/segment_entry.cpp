@@ -1,4 +1,5 @@
 // The entry of a segment: repairs, and the cut into head and body.
+#include <algorithm>
 #include <limits>
 
 #include "rtf_to_html/hex_escapes.h"
@@ -28,7 +29,8 @@ void MarkRightAlignedPicture(Text& segment) {
   if (aligned == 0) return;
   const std::int32_t blank = FindText(aligned, segment, u" ");
   if (blank == 0 || !Holds(MidView(segment, blank, reach), sentinels::picture_start, ignore_case)) return;
-  ReplaceIn(segment, Text(sentinels::picture_end) + u" ", sentinels::picture_end_right_aligned, ignore_case, 1);
+  ReplaceIn(segment, Text(sentinels::picture_end) + u" ", sentinels::picture_end_right_aligned, ignore_case,
+            1);
 }
 
 // Lists of characters that must not begin or end a line: one group of each

@@ -7,6 +7,9 @@
 namespace quillary::modQuillary {
 
 void TranslateSegment(Apartment& apartment, Text& text) {
+  RtfToHtmlState& state = apartment.rtf_to_html;
+  if (state.SegmentIndex <= 1)
+    state.WrittenColour = state.WrittenSize = state.WrittenFace = {};  // a new page
   Segment segment(text);
   const Road road = EnterSegment(apartment, segment);
   if (road == Road::Dropped) return;
@@ -14,7 +17,7 @@ void TranslateSegment(Apartment& apartment, Text& text) {
     SegmentHexEscapes(apartment, segment.body, segment.head);
     ReplaceBodyWords(apartment, segment.body, segment.head);
   }
-  ReadHeadWords(apartment.rtf_to_html, segment);
+  ReadHeadWords(state, segment);
   ReplaceRemainingWords(apartment, segment);
   WriteSegment(apartment, segment);
 }

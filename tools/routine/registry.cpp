@@ -77,6 +77,7 @@ const Registry& AllRoutines() {
     AddEscapeRoutines(all);
     AddTableRoutines(all);
     AddFinishingRoutines(all);
+    AddSegmentRoutines(all);
     return all;
   }();
   return registry;

@@ -87,6 +87,7 @@ void AddChainRoutines(Registry& registry);
 void AddEscapeRoutines(Registry& registry);
 void AddFinishingRoutines(Registry& registry);
 void AddTableRoutines(Registry& registry);
+void AddSegmentRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.
