@@ -78,6 +78,7 @@ const Registry& AllRoutines() {
     AddSegmentRoutines(all);
     AddLinkRoutines(all);
     AddTableRoutines(all);
+    AddFinishingRoutines(all);
     return all;
   }();
   return registry;
