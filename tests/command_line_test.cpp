@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <string>
 
 namespace {
@@ -144,6 +145,20 @@ TEST_F(CommandLine, TellsFailedInputFromWrongUsage) {
   EXPECT_EQ(Run("--help").status, 0);
   EXPECT_EQ(Run("to-html --help").status, 0);
   EXPECT_TRUE(Run("--version").out.starts_with("quillary "));
+}
+
+TEST_F(CommandLine, ManualAndCompletionNameEveryOption) {
+  std::string manual = ReadFile(QUILLARY_TESTS_DIR "/../docs/quillary.1");
+  std::erase(manual, '\\');
+  const std::string completion = ReadFile(QUILLARY_TESTS_DIR "/../tools/quillary/completion/quillary.bash");
+  const std::string help = Run("to-html --help").out + Run("to-text --help").out;
+  const std::regex option("--[a-z-]+");
+  int options = 0;
+  for (std::sregex_iterator found(help.begin(), help.end(), option), end; found != end; ++found, ++options) {
+    EXPECT_TRUE(Has(manual, found->str())) << found->str();
+    EXPECT_TRUE(Has(completion, found->str())) << found->str();
+  }
+  EXPECT_GT(options, 20);
 }
 
 }  // namespace
