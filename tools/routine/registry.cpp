@@ -75,9 +75,10 @@ const Registry& AllRoutines() {
     AddTextRoutines(all);
     AddDriverRoutines(all);
     AddEscapeRoutines(all);
+    AddSegmentRoutines(all);
+    AddLinkRoutines(all);
     AddTableRoutines(all);
     AddFinishingRoutines(all);
-    AddSegmentRoutines(all);
     return all;
   }();
   return registry;
