@@ -76,6 +76,7 @@ const Registry& AllRoutines() {
     AddDriverRoutines(all);
     AddEscapeRoutines(all);
     AddTableRoutines(all);
+    AddEntityRoutines(all);
     return all;
   }();
   return registry;

@@ -86,6 +86,7 @@ void AddDriverRoutines(Registry& registry);
 void AddChainRoutines(Registry& registry);
 void AddEscapeRoutines(Registry& registry);
 void AddTableRoutines(Registry& registry);
+void AddEntityRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.
