@@ -28,6 +28,7 @@ class FontWords {
     if (!settled_.empty()) last = settled_.back().number;
     for (std::size_t at = finder_.Next(text, looked_at_); at != Finder::npos;
          at = finder_.Next(text, at + 1)) {
+      if (first_size_word_ == Finder::npos && text.substr(at + 2).starts_with(u's')) first_size_word_ = at;
       const std::optional<FontNumber> found = ReadFontNumber(text, at, font_count_);
       if (!found || !EndsWord(text, found->end)) continue;
       last = found->number;
@@ -37,9 +38,13 @@ class FontWords {
     return last;
   }
 
+  /// Whether the text that Last saw holds a size word.
+  bool SizeWordSeen() const { return first_size_word_ != Finder::npos; }
+
   /// The text was cut off at this offset.
   void CutAt(std::size_t offset) {
     while (!settled_.empty() && settled_.back().at + kLongest > offset) settled_.pop_back();
+    if (first_size_word_ != Finder::npos && first_size_word_ + 3 > offset) first_size_word_ = Finder::npos;
     looked_at_ = std::min(looked_at_, offset < kLongest ? 0 : offset - kLongest + 1);
   }
 
@@ -61,6 +66,7 @@ class FontWords {
   Finder finder_{u"\\f", Compare::Binary};
   std::vector<Word> settled_;
   std::size_t looked_at_ = 0;
+  std::size_t first_size_word_ = Finder::npos;
 };
 
 class ForeignRuns {
@@ -70,8 +76,7 @@ class ForeignRuns {
         state_(apartment.rtf_to_html),
         head_(head),
         rest_(body),
-        fonts_(state_.FontCount),
-        size_word_(Finder(u"\\fs", Compare::Binary).Next(body, 0)) {
+        fonts_(state_.FontCount) {
     Attempt([&] { decoder_ = NewDecoder(apartment_); });
     done_.reserve(body.size());
   }
@@ -144,7 +149,7 @@ class ForeignRuns {
     }
     if (single && decoded == run) decoded = u" ";
     // Behind the digits of a word the blank would only end the word.
-    if (decoded == u" " && size_word_ < at_ && !done_.empty() &&
+    if (decoded == u" " && fonts_.SizeWordSeen() && !done_.empty() &&
         IsNumeric(TextView(done_).substr(done_.size() - 1))) {
       decoded.clear();
     }
@@ -180,7 +185,6 @@ class ForeignRuns {
   std::size_t at_ = 0;
   Finder escape_{kEscape, Compare::Binary};
   FontWords fonts_;
-  std::size_t size_word_;  // of the first size word of the body
   std::unique_ptr<platform::CodePageDecoder> decoder_;
 };
 

@@ -10,18 +10,48 @@ namespace quillary::modQuillary {
 namespace {
 
 constexpr TextView kEscape = u"\\'";
+constexpr std::size_t kEscapeUnits = 4;
 
-void RunOn(const rules::Chain& chain, Text& text) {
-  rules::Rewriting rewriting(std::move(text));
-  rules::Run(chain, rewriting);
-  text = rewriting.Take();
+int HexDigit(char16_t unit) {
+  if (unit >= u'0' && unit <= u'9') return unit - u'0';
+  const int letter = unit | 0x20;
+  return letter >= u'a' && letter <= u'f' ? letter - u'a' + 10 : -1;
 }
 
-void MapWesternBytesIn(Text& text) {
-  if (!Holds(text, kEscape)) return;
+/// The byte of each escape of a text that holds nothing else; empty for any
+/// other text.
+std::string BytesOfRun(TextView text) {
+  std::string bytes;
+  if (text.size() % kEscapeUnits != 0) return bytes;
+  for (std::size_t at = 0; at < text.size(); at += kEscapeUnits) {
+    const int high = HexDigit(text[at + 2]);
+    const int low = HexDigit(text[at + 3]);
+    if (text[at] != u'\\' || text[at + 1] != u'\'' || high < 0 || low < 0) return "";
+    bytes.push_back(static_cast<char>(high * 16 + low));
+  }
+  return bytes;
+}
+
+/// Applies a byte map to a run of escapes and nothing else; false for any other
+/// text. Inside a run no row can meet what another row wrote, so that each
+/// escape takes its row at once.
+bool MapRun(const rules::Chain& map, Text& text) {
+  const std::string bytes = BytesOfRun(text);
+  if (bytes.empty()) return false;
+  Text mapped;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(bytes[i]);
+    mapped +=
+        byte < 0x80 ? TextView(text).substr(i * kEscapeUnits, kEscapeUnits) : map.rules[byte - 0x80u].with;
+  }
+  text = std::move(mapped);
+  return true;
+}
+
+void RunMap(const rules::Chain& map, Text& text) {
+  if (!Holds(text, kEscape) || MapRun(map, text)) return;
   rules::Rewriting rewriting(std::move(text));
-  rules::Run(chains::PartEscapesFromWords, rewriting);
-  rules::Run(chains::WesternBytes, rewriting);
+  rules::Run(map, rewriting);
   text = rewriting.Take();
 }
 
@@ -30,19 +60,20 @@ bool ChangesLanguage(TextView text) { return Holds(text, u"\\lang1055") || Holds
 
 /// The last step of the stage: what the foreign fonts left goes through the map
 /// of the language.
-void MapBytes(const RtfToHtmlState& state, Text& body, TextView head) {
+void MapBytes(const RtfToHtmlState& state, rules::Rewriting& body, TextView head) {
   if (state.LanguageMode != u"turkish" && !Holds(head, u"lang1055")) {
     if (state.LanguageMode == u"greek" || Holds(head, u"lang1032")) {
-      RunOn(chains::GreekBytes, body);
+      rules::Run(chains::GreekBytes, body);
       return;
     }
-    if (!ChangesLanguage(body)) {
-      RunOn(chains::RemoveWesternLanguages, body);
-      MapWesternBytesIn(body);
+    if (!ChangesLanguage(body.text())) {
+      rules::Run(chains::RemoveWesternLanguages, body);
+      rules::Run(chains::PartEscapesFromWords, body);
+      rules::Run(chains::WesternBytes, body);
       return;
     }
   }
-  RunOn(chains::TurkishBytes, body);
+  rules::Run(chains::TurkishBytes, body);
 }
 
 }  // namespace
@@ -51,20 +82,20 @@ Text DecodeHexEscapes(Apartment& apartment, TextView text, const EscapeHead& hea
   const RtfToHtmlState& state = apartment.rtf_to_html;
   Text decoded(text);
   if (state.LanguageMode == u"turkish" || head.turkish) {
-    RunOn(chains::TurkishBytes, decoded);
+    RunMap(chains::TurkishBytes, decoded);
   } else if (state.LanguageMode == u"greek" || head.greek) {
-    RunOn(chains::GreekBytes, decoded);
+    RunMap(chains::GreekBytes, decoded);
   } else if (ChangesLanguage(decoded)) {
-    RunOn(chains::TurkishBytes, decoded);
+    RunMap(chains::TurkishBytes, decoded);
   } else {
-    RunOn(chains::RemoveWesternLanguages, decoded);
+    if (Holds(decoded, u"\\lang")) {
+      rules::Rewriting rewriting(std::move(decoded));
+      rules::Run(chains::RemoveWesternLanguages, rewriting);
+      decoded = rewriting.Take();
+    }
     if (state.ForeignCharsets != u"yes") return decoded;
     const int code_page = head.font ? CodePageOfCharset(CharsetOfFont(state, *head.font)) : 0;
-    if (code_page == 0) {
-      MapWesternBytesIn(decoded);
-    } else {
-      decoded = NewDecoder(apartment)->ToString(code_page, decoded);
-    }
+    decoded = code_page == 0 ? MapWesternBytes(decoded) : NewDecoder(apartment)->ToString(code_page, decoded);
   }
   return decoded;
 }
@@ -75,24 +106,31 @@ Text DecodeHexEscapes(Apartment& apartment, TextView text, TextView head) {
 
 Text MapWesternBytes(TextView text) {
   Text mapped(text);
-  MapWesternBytesIn(mapped);
-  return mapped;
+  if (!Holds(mapped, kEscape) || MapRun(chains::WesternBytes, mapped)) return mapped;
+  rules::Rewriting rewriting(std::move(mapped));
+  rules::Run(chains::PartEscapesFromWords, rewriting);
+  rules::Run(chains::WesternBytes, rewriting);
+  return rewriting.Take();
 }
 
 void SegmentHexEscapes(Apartment& apartment, Text& body, TextView head) {
   const RtfToHtmlState& state = apartment.rtf_to_html;
-  if (!Holds(body, kEscape)) {
-    // Nothing to decode; the maps would still take the language words.
-    if (Holds(body, u"\\lang")) MapBytes(state, body, head);
-    return;
+  // Without an escape only the maps have work to do: they take language words.
+  const bool escapes = Holds(body, kEscape);
+  if (!escapes && !Holds(body, u"\\lang")) return;
+  rules::Rewriting rewriting(std::move(body));
+  if (escapes) {
+    rules::Run(chains::HideEscapedEscapes, rewriting);
+    if (state.ForeignCharsets == u"yes" && rewriting.Holds(kEscape, Compare::Binary)) {
+      rules::Run(chains::OpenForeignRuns, rewriting);
+      Text runs = rewriting.Take();
+      DecodeForeignRuns(apartment, runs, ReadEscapeHead(state, head));
+      rewriting.Assign(std::move(runs));
+    }
+    rules::Run(chains::MoveDegreeSigns, rewriting);
   }
-  RunOn(chains::HideEscapedEscapes, body);
-  if (state.ForeignCharsets == u"yes" && Holds(body, kEscape)) {
-    RunOn(chains::OpenForeignRuns, body);
-    DecodeForeignRuns(apartment, body, ReadEscapeHead(state, head));
-  }
-  RunOn(chains::MoveDegreeSigns, body);
-  MapBytes(state, body, head);
+  MapBytes(state, rewriting, head);
+  body = rewriting.Take();
 }
 
 }  // namespace quillary::modQuillary

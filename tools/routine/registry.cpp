@@ -76,6 +76,9 @@ const Registry& AllRoutines() {
     AddDriverRoutines(all);
     AddEscapeRoutines(all);
     AddSegmentRoutines(all);
+    AddLinkRoutines(all);
+    AddTableRoutines(all);
+    AddFinishingRoutines(all);
     return all;
   }();
   return registry;

@@ -86,6 +86,9 @@ void AddDriverRoutines(Registry& registry);
 void AddChainRoutines(Registry& registry);
 void AddEscapeRoutines(Registry& registry);
 void AddSegmentRoutines(Registry& registry);
+void AddLinkRoutines(Registry& registry);
+void AddTableRoutines(Registry& registry);
+void AddFinishingRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.
