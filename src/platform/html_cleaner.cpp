@@ -9,6 +9,7 @@
 
 #include "platform/code_pages.h"
 #include "platform/page_bounds.h"
+#include "platform/page_text.h"
 
 namespace quillary::platform {
 namespace {
@@ -47,7 +48,11 @@ class Document {
     // A page that counts as one of the older types gets its stray list content
     // into items, and the entity names that every browser knows.
     tidyOptSetInt(document_, TidyDoctypeMode, TidyDoctypeLoose);
-    if (form == Form::Xhtml) SetYes(TidyNumEntities);  // a reader of XML knows no other
+    // Names stay as they were written, but for XML, which has none of them;
+    // whatever else is not ASCII becomes a number.
+    SetYes(TidyNumEntities);
+    // Comments it would write with signs that XML does not allow.
+    SetYes(form == Form::Html ? TidyPreserveEntities : TidyHideComments);
     tidyOptSetInt(document_, TidyWrapLen, 68);
     tidyOptSetInt(document_, TidyNewline, TidyLF);
     tidySetCharEncoding(document_, "ascii");
@@ -63,6 +68,19 @@ class Document {
     if (tidyParseBuffer(document_, input.get()) < 0) Refuse("The HTML library cannot read this page.");
   }
 
+  /// Drops the attributes whose names are none in XML without name spaces.
+  void DropForeignAttributes() {
+    for (TidyNode node = tidyGetRoot(document_); node != nullptr; node = Next(node)) {
+      TidyAttr attribute = tidyAttrFirst(node);
+      while (attribute != nullptr) {
+        const TidyAttr next = tidyAttrNext(attribute);
+        const char* name = tidyAttrName(attribute);
+        if (name == nullptr || !IsPlainName(name)) tidyAttrDiscard(document_, node, attribute);
+        attribute = next;
+      }
+    }
+  }
+
   void Repair() {
     if (tidyCleanAndRepair(document_) < 0) Refuse("The HTML library cannot repair this page.");
   }
@@ -74,26 +92,18 @@ class Document {
   }
 
  private:
+  // The node behind this one in the order of the page.
+  static TidyNode Next(TidyNode node) {
+    if (const TidyNode child = tidyGetChild(node)) return child;
+    while (node != nullptr && tidyGetNext(node) == nullptr) node = tidyGetParent(node);
+    return node == nullptr ? nullptr : tidyGetNext(node);
+  }
+
   void SetYes(TidyOptionId option) { tidyOptSetBool(document_, option, yes); }
 
   TidyDoc document_;
   Buffer messages_;
 };
-
-// The page as the library gets it. Characters outside of Windows-1252 are lost
-// here; control characters have no place in a page.
-std::string ToBytes(TextView html) {
-  const std::string bytes = ToWindows1252(html, '?');
-  std::string page;
-  page.reserve(bytes.size());
-  for (const char byte : bytes) {
-    const auto value = static_cast<unsigned char>(byte);
-    if (value >= 0x20 || byte == '\t' || byte == '\n' || byte == '\r') page += byte;
-  }
-  return page;
-}
-
-bool IsLetter(char sign) { return (sign >= 'a' && sign <= 'z') || (sign >= 'A' && sign <= 'Z'); }
 
 // The library breaks long tags between attributes and behind the sign of
 // equality. What finishes the page joins an attribute behind six blanks, or one
@@ -151,7 +161,8 @@ class TidyCleaner : public HtmlCleaner {
 
   Text TidyDLL_ToXHTML(TextView html) override {
     Document document(Form::Xhtml);
-    document.Parse(Admitted(html));
+    document.Parse(WithoutForeignElements(Admitted(html)));
+    document.DropForeignAttributes();
     document.Repair();
     return FromWindows1252(MarkBreaksInTags(document.Write()));
   }
@@ -164,7 +175,7 @@ class TidyCleaner : public HtmlCleaner {
 
  private:
   static std::string Admitted(TextView html) {
-    std::string page = ToBytes(html);
+    std::string page = PageBytes(html);
     if (!IsWithinBounds(page)) Refuse("The page nests too deep, or leaves too many elements open.");
     return page;
   }

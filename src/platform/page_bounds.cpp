@@ -12,7 +12,7 @@ namespace {
 /// (a row and a cell for a table) included.
 constexpr std::size_t most_open = 3000;
 /// Most inline elements that the library may have to open again in new blocks.
-constexpr std::size_t most_reopened = 300000;
+constexpr std::size_t most_reopened = 200000;
 /// Most attributes of one tag; the library compares each with all others.
 constexpr std::size_t most_attributes = 1000;
 
