@@ -6,7 +6,6 @@
 
 #include "rtf_to_html/control_words.h"
 #include "rtf_to_html/segment.h"
-#include "text/failure.h"
 #include "text/search.h"
 
 namespace quillary::modQuillary {
@@ -35,16 +34,20 @@ bool CutWord(TextView& word) {
 // as many rounds as there were places at the start: a tag that itself holds
 // the word would go on for ever.
 template <class Convert>
-void ForEachPlace(const Text& body, TextView word, Convert convert) {
+void ForEachPlace(rules::Rewriting& body, TextView word, Convert convert) {
   constexpr std::int32_t reach = 7;
   constexpr std::int32_t step = 5;
+  if (!body.Holds(word, ignore_case)) return;
   const Finder finder(word, ignore_case);
   std::size_t rounds = 0;
-  for (std::size_t at = finder.Next(body, 0); at != Finder::npos; at = finder.Next(body, at + 1)) ++rounds;
+  for (std::size_t at = finder.Next(body.text(), 0); at != Finder::npos;
+       at = finder.Next(body.text(), at + 1)) {
+    ++rounds;
+  }
   std::int32_t place = 1;
   for (; rounds > 0; --rounds) {
-    place = FindText(place, body, word, ignore_case);
-    if (place == 0 || !convert(MidView(body, place, reach))) return;
+    place = FindText(place, body.text(), word, ignore_case);
+    if (place == 0 || !convert(MidView(body.text(), place, reach))) return;
     place += step;
   }
 }
@@ -70,12 +73,8 @@ std::vector<std::int32_t> NumbersBehind(TextView text, TextView word, std::int32
 
 class FontWords {
  public:
-  FontWords(Apartment& apartment, Segment& segment)
-      : state_(apartment.rtf_to_html),
-        segment_(segment),
-        body_(segment.body),
-        working_limit_(apartment.working_limit),
-        without_fonts_(WithoutFonts(state_)) {}
+  FontWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body)
+      : state_(state), segment_(segment), body_(body), without_fonts_(WithoutFonts(state)) {}
 
   void ReplaceSizes() {
     tag_.clear();
@@ -105,10 +104,10 @@ class FontWords {
   }
 
   void ReplaceHighlights() {
-    if (!Holds(body_, u"\\highlight", ignore_case)) return;
-    ReplaceIn(body_, u"\\highlight0", u"</span>", ignore_case);
+    if (!body_.Holds(u"\\highlight", ignore_case)) return;
+    Replace(u"\\highlight0", u"</span>");
     tag_.clear();
-    for (const std::int32_t number : NumbersBehind(body_, u"\\highlight", state_.ColourCount)) {
+    for (const std::int32_t number : NumbersBehind(body_.text(), u"\\highlight", state_.ColourCount)) {
       if (number < 1) continue;
       if (const Text* colour = EntryAt(state_.ColourTable, number)) {
         tag_ = u"</span><span style=\"background-color: " + *colour + u"\">";
@@ -119,11 +118,7 @@ class FontWords {
 
  private:
   // Replaces one spelling in the whole body. Returns whether it was there.
-  bool Replace(TextView find, TextView with) {
-    const bool changed = ReplaceIn(body_, find, with, ignore_case);
-    if (body_.size() > working_limit_) throw LimitReached(LimitReached::Limit::Growth);
-    return changed;
-  }
+  bool Replace(TextView find, TextView with) { return body_.Replace(find, with, ignore_case); }
 
   // A word and its number become the tag, with the blank behind it or without.
   bool ReplaceForms(const Text& word) {
@@ -199,12 +194,12 @@ class FontWords {
       if (!Face(n).empty()) segment_.hadFontWord = true;
     }
     bool changed = false;
-    std::vector<std::int32_t> numbers = NumbersBehind(body_, u"\\f", last);
+    std::vector<std::int32_t> numbers = NumbersBehind(body_.text(), u"\\f", last);
     while (!numbers.empty()) {
       const std::int32_t number = numbers.back();
       if (ReplaceFont(number)) {
         changed = true;
-        numbers = NumbersBehind(body_, u"\\f", number - 1);
+        numbers = NumbersBehind(body_.text(), u"\\f", number - 1);
       } else {
         numbers.pop_back();
       }
@@ -255,8 +250,7 @@ class FontWords {
 
   RtfToHtmlState& state_;
   Segment& segment_;
-  Text& body_;
-  std::size_t working_limit_;
+  rules::Rewriting& body_;
   bool without_fonts_;
   Text tag_;  // stays from the round before when a number has no entry
   std::map<std::int32_t, std::size_t> settled_;
@@ -265,12 +259,10 @@ class FontWords {
 
 }  // namespace
 
-void ReplaceFontWords(Apartment& apartment, Segment& segment) {
-  FontWords words(apartment, segment);
-  if (Holds(segment.body, u"\\f", ignore_case)) {
-    words.ReplaceSizes();
-    words.ReplaceFonts();
-  }
+void ReplaceFontWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body) {
+  FontWords words(state, segment, body);
+  words.ReplaceSizes();
+  words.ReplaceFonts();
   words.ReplaceColours();
   words.ReplaceHighlights();
 }

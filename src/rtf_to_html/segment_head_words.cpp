@@ -80,7 +80,8 @@ void SetAttribute(Text& attributes, TextView name, TextView value) {
 // Reads the words of one head.
 class HeadReader {
  public:
-  HeadReader(RtfToHtmlState& state, Segment& segment) : state_(state), segment_(segment) {}
+  HeadReader(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body)
+      : state_(state), segment_(segment), body_(body) {}
 
   void Read(TextView word) {
     if (word.empty() || ReadPlainWord(word) || ReadParagraphWord(word)) return;
@@ -242,7 +243,7 @@ class HeadReader {
     if (!word.ends_with(u'?')) return;
     word.remove_suffix(1);
     if (const auto number = NumberBehind(word, u"u")) {
-      segment_.body.insert(0, u"&#" + Text(*number) + u";");
+      body_.Assign(u"&#" + Text(*number) + u";" + body_.text());
     }
   }
 
@@ -253,10 +254,10 @@ class HeadReader {
     constexpr std::int32_t widest = 30000;
     constexpr std::int32_t blank_twips = 150;
     const std::int32_t twips = std::min(WholeNumber(*number), widest);
-    if (!Holds(segment_.body, sentinels::tab_stop)) return;
+    if (!body_.Holds(sentinels::tab_stop, Compare::Binary)) return;
     Text fill;
     Append(fill, blank_entity, twips >= 1500 ? RoundedQuotient(twips, blank_twips) : 3);
-    ReplaceIn(segment_.body, sentinels::tab_stop, fill);
+    body_.Replace(sentinels::tab_stop, fill, Compare::Binary);
   }
 
   // Rounded half to even.
@@ -269,20 +270,19 @@ class HeadReader {
 
   RtfToHtmlState& state_;
   Segment& segment_;
+  rules::Rewriting& body_;
 };
 
 // List items of the body, and the ends that they need.
-void OpenListItems(Segment& segment) {
-  Text& body = segment.body;
-  const std::int32_t bullets = CountOccurrences(body, sentinels::bullet);
-  if (bullets > 0) {
-    Append(segment.closing, u"</li>", bullets);
-    segment.closing += u"</ul>";
-    Append(segment.closing, u"</ul>", CountOccurrences(body, u"<ul>"));
-    ReplaceIn(body, sentinels::bullet, u"<li>");
-    ReplaceIn(body, u"<li>", u"<ul><li>", Compare::Binary, 1);
+void OpenListItems(Text& closing, rules::Rewriting& body) {
+  if (body.Holds(sentinels::bullet, Compare::Binary)) {
+    Append(closing, u"</li>", CountOccurrences(body.text(), sentinels::bullet));
+    closing += u"</ul>";
+    Append(closing, u"</ul>", CountOccurrences(body.text(), u"<ul>"));
+    body.Replace(sentinels::bullet, u"<li>", Compare::Binary);
+    body.Replace(u"<li>", u"<ul><li>", Compare::Binary, 1);
   }
-  ReplaceIn(body, sentinels::bullet_end_of_list, u"</li></ul><br>");
+  body.Replace(sentinels::bullet_end_of_list, u"</li></ul><br>", Compare::Binary);
 }
 
 void CountControlSegment(RtfToHtmlState& state, TextView head) {
@@ -325,31 +325,34 @@ void AddRunningValues(RtfToHtmlState& state, Text& attributes) {
 
 // A paragraph that begins at the end of the body without any text: its
 // indentation is for the segment behind.
-void TakeNextParagraph(RtfToHtmlState& state, Text& body) {
-  const std::size_t start = body.rfind(u"\\pard\\");
-  if (start == Text::npos || body.find(u' ', start) != Text::npos) return;
-  ForEachWord(TextView(body).substr(start), [&](TextView word) {
+void TakeNextParagraph(RtfToHtmlState& state, rules::Rewriting& body) {
+  constexpr TextView paragraph = u"\\pard\\";
+  if (!body.Holds(paragraph, Compare::Binary)) return;
+  const std::size_t start = body.text().rfind(paragraph);
+  const TextView words = TextView(body.text()).substr(start);
+  if (words.find(u' ') != TextView::npos) return;
+  ForEachWord(words, [&](TextView word) {
     if (const auto twips = NumberBehind(word, u"li")) {
       Append(state.PendingIndent, blank_entity, BlanksFor(next_paragraph_bands, WholeNumber(*twips)));
     }
   });
-  body.resize(start);
+  body.Assign(body.text().substr(0, start));
 }
 
 }  // namespace
 
-void ReadHeadWords(RtfToHtmlState& state, Segment& segment) {
+void ReadHeadWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body) {
   segment.opening.clear();
   segment.closing.clear();
   segment.attributes.clear();
-  OpenListItems(segment);
+  OpenListItems(segment.closing, body);
   CountControlSegment(state, segment.head);
   CloseIndent(state, segment);
-  HeadReader reader(state, segment);
+  HeadReader reader(state, segment, body);
   ForEachWord(segment.head, [&](TextView word) { reader.Read(word); });
   CloseRightParagraph(state, segment);
   AddRunningValues(state, segment.attributes);
-  TakeNextParagraph(state, segment.body);
+  TakeNextParagraph(state, body);
 }
 
 }  // namespace quillary::modQuillary

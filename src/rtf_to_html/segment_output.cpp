@@ -55,9 +55,8 @@ void DropControlWords(Text& body, TextView opening) {
   body = std::move(done);
 }
 
-void FinishBody(const RtfToHtmlState& state, Segment& segment) {
-  Text& body = segment.body;
-  DropControlWords(body, segment.opening);
+void FinishBody(const RtfToHtmlState& state, Text& body, TextView opening) {
+  DropControlWords(body, opening);
   ReplaceIn(body, u"$([}", u"", Compare::Binary, 1);
   ReplaceIn(body, sentinels::backslash, u"\\", Compare::IgnoreCase);
   if (state.LongSegments < 2 && body.starts_with(u' ')) body.replace(0, 1, u"&nbsp;");
@@ -80,16 +79,16 @@ bool MoveListItem(const RtfToHtmlState& state, Text& body) {
   return end.find(u"<BODY BGCOLOR=") == TextView::npos;
 }
 
-void WriteRun(RtfToHtmlState& state, Segment& segment) {
+void WriteRun(RtfToHtmlState& state, const Segment& segment, Text& body) {
   Text& page = state.HtmlOut;
   if (segment.attributes.empty()) {
-    page.append(segment.opening).append(state.CarriedIndent).append(segment.body).append(segment.closing);
+    page.append(segment.opening).append(state.CarriedIndent).append(body).append(segment.closing);
     return;
   }
-  const bool item_in_front = MoveListItem(state, segment.body);
+  const bool item_in_front = MoveListItem(state, body);
   page.append(segment.opening).append(u"<font ").append(segment.attributes).append(u">");
   if (item_in_front) page.append(u"<li>");
-  page.append(state.CarriedIndent).append(segment.body).append(u"</font>").append(segment.closing);
+  page.append(state.CarriedIndent).append(body).append(u"</font>").append(segment.closing);
 }
 
 // Where the last `name` of the page begins. What was searched before is not
@@ -129,10 +128,10 @@ void TakeRunningValues(RtfToHtmlState& state) {
 
 }  // namespace
 
-void WriteSegment(Apartment& apartment, Segment& segment) {
+void WriteSegment(Apartment& apartment, Segment& segment, Text body) {
   RtfToHtmlState& state = apartment.rtf_to_html;
-  FinishBody(state, segment);
-  WriteRun(state, segment);
+  FinishBody(state, body, segment.opening);
+  WriteRun(state, segment, body);
   if (state.HtmlOut.size() > apartment.working_limit) throw LimitReached(LimitReached::Limit::Growth);
   if (segment.hadFontWord) TakeRunningValues(state);
   state.CarriedIndent = std::move(state.PendingIndent);

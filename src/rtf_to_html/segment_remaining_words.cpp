@@ -30,17 +30,13 @@ void ReplaceAlignment(RtfToHtmlState& state, rules::Rewriting& body, Text& closi
 
 }  // namespace
 
-void ReplaceRemainingWords(Apartment& apartment, Segment& segment) {
-  rules::Rewriting body(std::move(segment.body), &apartment);
+void ReplaceRemainingWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body) {
   rules::Run(chains::SegmentLeftovers, body);
-  segment.body = body.Take();
-  ReplaceFontWords(apartment, segment);
-  body.Assign(std::move(segment.body));
+  ReplaceFontWords(state, segment, body);
   rules::Run(chains::SegmentRemainingWords, body);
-  ReplaceAlignment(apartment.rtf_to_html, body, segment.closing);
+  ReplaceAlignment(state, body, segment.closing);
   rules::Run(chains::SegmentShifts, body);
   ReplaceTableWords(body);
-  segment.body = body.Take();
 }
 
 }  // namespace quillary::modQuillary

@@ -13,13 +13,12 @@ void TranslateSegment(Apartment& apartment, Text& text) {
   Segment segment(text);
   const Road road = EnterSegment(apartment, segment);
   if (road == Road::Dropped) return;
-  if (road == Road::Body) {
-    SegmentHexEscapes(apartment, segment.body, segment.head);
-    ReplaceBodyWords(apartment, segment.body, segment.head);
-  }
-  ReadHeadWords(state, segment);
-  ReplaceRemainingWords(apartment, segment);
-  WriteSegment(apartment, segment);
+  if (road == Road::Body) SegmentHexEscapes(apartment, segment.body, segment.head);
+  rules::Rewriting body(std::move(segment.body), &apartment);
+  if (road == Road::Body) ReplaceBodyWords(body, segment.head);
+  ReadHeadWords(state, segment, body);
+  ReplaceRemainingWords(state, segment, body);
+  WriteSegment(apartment, segment, body.Take());
 }
 
 }  // namespace quillary::modQuillary

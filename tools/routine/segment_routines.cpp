@@ -13,21 +13,21 @@ void AddSegmentRoutines(Registry& registry) {
   registry.Add("SegmentEntry", {Kind::Text}, [](Call& call) {
     Segment segment(call.text(0));
     const Road road = EnterSegment(call.apartment(), segment);
-    call.result = {{"head", ToJson(segment.head)},
-                   {"body", ToJson(segment.body)},
-                   {"dropped", road == Road::Dropped}};
+    call.result = {
+        {"head", ToJson(segment.head)}, {"body", ToJson(segment.body)}, {"dropped", road == Road::Dropped}};
   });
   registry.Add("SegmentBodyWords", {Kind::Text, Kind::Text}, [](Call& call) {
-    ReplaceBodyWords(call.apartment(), call.text(0), call.text(1));
-    call.result = ToJson(call.text(0));
+    rules::Rewriting body(call.text(0), &call.apartment());
+    ReplaceBodyWords(body, call.text(1));
+    call.result = ToJson(body.text());
   });
   registry.Add("SegmentHeadAndOutput", {Kind::Text, Kind::Text, Kind::Text}, [](Call& call) {
     Segment segment(call.text(0));
     segment.head = call.text(1);
-    segment.body = call.text(2);
-    ReadHeadWords(call.state(), segment);
-    ReplaceRemainingWords(call.apartment(), segment);
-    WriteSegment(call.apartment(), segment);
+    rules::Rewriting body(call.text(2), &call.apartment());
+    ReadHeadWords(call.state(), segment, body);
+    ReplaceRemainingWords(call.state(), segment, body);
+    WriteSegment(call.apartment(), segment, body.Take());
   });
   registry.Add("MarkCellWidths", {Kind::Text},
                [](Call& call) { call.result = ToJson(MarkCellWidths(call.text(0))); });
