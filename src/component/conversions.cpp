@@ -5,7 +5,9 @@
 #include "component/conversions.rules.h"
 #include "component/frm_clean.h"
 #include "component/run_driver.h"
+#include "html_finishing/late_finish.h"
 #include "rtf_to_html/flags.h"
+#include "rtf_to_html/form_layouts.h"
 #include "rules/run.h"
 
 namespace quillary::component {
@@ -24,12 +26,6 @@ Cleaning CleaningOf(const Properties& properties) {
   return Folded(properties.CleanHTML, u"yes") ? Cleaning::Html : Cleaning::None;
 }
 
-Text RunChain(Text text, const rules::Chain& chain) {
-  rules::Rewriting rewriting(std::move(text));
-  rules::Run(chain, rewriting);
-  return rewriting.Take();
-}
-
 void RoundTripUnlessOff(Apartment& apartment, const Properties& properties, Text& rtf) {
   if (!Folded(properties.CleanRTF, u"nono")) RichTextRoundTrip(apartment, rtf);
 }
@@ -41,14 +37,18 @@ void CutBodyTag(Text& page) {
   page.erase(0, static_cast<std::size_t>(FindText(start + 2, page, u">")));
 }
 
-// Documents of one house that name a font which pages do not have.
-void MendAdmissionHistory(Text& page) {
+// Pages that come out of a mail program are laid out as the forms they were;
+// documents of one house name a font which pages do not have.
+void LayOutForms(Text& page) {
+  if (modQuillary::IsMailForm(page)) page = modQuillary::MailFormLayout(std::move(page));
+  if (modQuillary::IsCalendarForm(page)) page = modQuillary::CalendarFormLayout(std::move(page));
+  if (modQuillary::IsMemoForm(page)) page = modQuillary::MemoFormLayout(std::move(page));
   if (!Holds(page, u"ADMISSION HISTORY AND PHYSICAL:", Compare::IgnoreCase)) return;
   ReplaceIn(page, u"font FACE=\"MS Sans Serif\"", u"font FACE=\"Arial\"", Compare::IgnoreCase, 1);
 }
 
 // The cleaner's XHTML opens a highlight behind a font that it has not opened.
-Text MendHighlight(Text page) { return RunChain(std::move(page), chains::XhtmlHighlights); }
+Text MendHighlight(Text page) { return rules::RunOver(chains::XhtmlHighlights, std::move(page)); }
 
 Text TidiedResult(Apartment& apartment, const Properties& properties) {
   Text result = TidyOutput(apartment, properties);
@@ -68,8 +68,10 @@ Text TidyOutput(Apartment& apartment, const Properties& properties) {
   if (cleaning == Cleaning::None) return properties.HTML_Text;
   const auto cleaner = apartment.services.html_cleaner ? apartment.services.html_cleaner() : nullptr;
   if (!cleaner) throw Failure(Failure::Kind::Raised, 0, "HTML cleaner", "There is no HTML cleaner.");
-  return cleaning == Cleaning::Xhtml ? cleaner->TidyDLL_ToXHTML(properties.HTML_Text)
-                                     : cleaner->TidyDLL_CleanHTML(properties.HTML_Text);
+  Text page = cleaning == Cleaning::Xhtml ? cleaner->TidyDLL_ToXHTML(properties.HTML_Text)
+                                          : cleaner->TidyDLL_CleanHTML(properties.HTML_Text);
+  html_finishing::LateFinish(page);
+  return page;
 }
 
 Text ConvertRTF(Apartment& apartment, Properties& properties) {
@@ -78,7 +80,7 @@ Text ConvertRTF(Apartment& apartment, Properties& properties) {
   }
   RoundTripUnlessOff(apartment, properties, properties.RTF_Text);
   properties.HTML_Text = RunDriver(apartment, properties, properties.RTF_Text, u"no");
-  MendAdmissionHistory(properties.HTML_Text);
+  LayOutForms(properties.HTML_Text);
   return TidiedResult(apartment, properties);
 }
 
@@ -104,7 +106,7 @@ Text ConvertNoBody(Apartment& apartment, Properties& properties) {
   properties.HTML_Text = RunDriver(apartment, properties, properties.RTF_Text, u"no");
   Text& page = properties.HTML_Text;
   if (CleaningOf(properties) != Cleaning::None) {
-    page = RunChain(TidyOutput(apartment, properties), chains::DocumentTypes);
+    page = rules::RunOver(chains::DocumentTypes, TidyOutput(apartment, properties));
   }
   if (!ReplaceIn(page, u"</body></html>", u"")) {
     // The end tags as the driver writes them are 20 units long.

@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "component/conversions.h"
 #include "component/convert_rtf_header.rules.h"
 #include "component/run_driver.h"
@@ -8,12 +6,6 @@
 
 namespace quillary::component {
 namespace {
-
-Text RunChain(Text text, const rules::Chain& chain) {
-  rules::Rewriting rewriting(std::move(text));
-  rules::Run(chain, rewriting);
-  return rewriting.Take();
-}
 
 std::int32_t Find(std::int32_t start, TextView text, TextView find) {
   return FindText(start, text, find, Compare::IgnoreCase);
@@ -53,16 +45,16 @@ Text HeaderDocument(const Text& header) {
 }  // namespace
 
 Text ConvertRTFHeader(Apartment& apartment, Properties& properties) {
-  const Text rtf = RunChain(properties.RTF_Text, chains::HeaderBreaks);
+  const Text rtf = rules::RunOver(chains::HeaderBreaks, properties.RTF_Text);
   const std::int32_t start = HeaderStart(rtf);
   if (start < 1) return {};
   const std::int32_t end = HeaderEnd(rtf, start);
   if (end == 0) return {};
-  Text document = RunChain(HeaderDocument(Mid(rtf, start + 10, end - start - 11)), chains::HeaderStart);
+  Text document = rules::RunOver(chains::HeaderStart, HeaderDocument(Mid(rtf, start + 10, end - start - 11)));
   if (!modQuillary::Folded(properties.CleanRTF, u"nono")) RichTextRoundTrip(apartment, document);
   properties.HTML_Text = RunDriver(apartment, properties, document, u"no");
   if (!Holds(properties.HTML_Text, u"Torvane", Compare::IgnoreCase)) return properties.HTML_Text;
-  return RunChain(properties.HTML_Text, chains::TransferHeader);
+  return rules::RunOver(chains::TransferHeader, properties.HTML_Text);
 }
 
 }  // namespace quillary::component

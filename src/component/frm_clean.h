@@ -15,7 +15,8 @@ class frmClean {
   /// Throws Failure (raised) if there is no control.
   explicit frmClean(Apartment& apartment)
       : control_(apartment.services.rich_text_box ? apartment.services.rich_text_box() : nullptr) {
-    if (!control_) throw Failure(Failure::Kind::Raised, 0, "rich text control", "There is no rich text control.");
+    if (!control_)
+      throw Failure(Failure::Kind::Raised, 0, "rich text control", "There is no rich text control.");
   }
 
   platform::RichTextBox& rtf1() { return *control_; }

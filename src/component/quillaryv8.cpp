@@ -31,22 +31,32 @@ namespace {
 
 ConversionFailed::Kind PublicKind(Failure::Kind kind) {
   switch (kind) {
-    case Failure::Kind::Overflow: return ConversionFailed::Kind::Overflow;
-    case Failure::Kind::Argument: return ConversionFailed::Kind::Argument;
-    case Failure::Kind::Subscript: return ConversionFailed::Kind::Subscript;
-    case Failure::Kind::Type: return ConversionFailed::Kind::Type;
-    case Failure::Kind::Raised: break;
+    case Failure::Kind::Overflow:
+      return ConversionFailed::Kind::Overflow;
+    case Failure::Kind::Argument:
+      return ConversionFailed::Kind::Argument;
+    case Failure::Kind::Subscript:
+      return ConversionFailed::Kind::Subscript;
+    case Failure::Kind::Type:
+      return ConversionFailed::Kind::Type;
+    case Failure::Kind::Raised:
+      break;
   }
   return ConversionFailed::Kind::Raised;
 }
 
 ConversionLimit::Limit PublicLimit(LimitReached::Limit limit) {
   switch (limit) {
-    case LimitReached::Limit::Input: return ConversionLimit::Limit::Input;
-    case LimitReached::Limit::Growth: return ConversionLimit::Limit::Growth;
-    case LimitReached::Limit::Nesting: return ConversionLimit::Limit::Nesting;
-    case LimitReached::Limit::Pictures: return ConversionLimit::Limit::Pictures;
-    case LimitReached::Limit::Time: break;
+    case LimitReached::Limit::Input:
+      return ConversionLimit::Limit::Input;
+    case LimitReached::Limit::Growth:
+      return ConversionLimit::Limit::Growth;
+    case LimitReached::Limit::Nesting:
+      return ConversionLimit::Limit::Nesting;
+    case LimitReached::Limit::Pictures:
+      return ConversionLimit::Limit::Pictures;
+    case LimitReached::Limit::Time:
+      break;
   }
   return ConversionLimit::Limit::Time;
 }
@@ -106,7 +116,9 @@ void Quillaryv8::CleanRTF(std::u16string_view sCleanOn) { data_->properties.Clea
 std::u16string Quillaryv8::CleanHTML() const { return data_->properties.CleanHTML; }
 void Quillaryv8::CleanHTML(std::u16string_view sCleanHTML) { data_->properties.CleanHTML = sCleanHTML; }
 std::u16string Quillaryv8::XHTMLOutput() const { return data_->properties.XHTMLOutput; }
-void Quillaryv8::XHTMLOutput(std::u16string_view sXHTMLOutput) { data_->properties.XHTMLOutput = sXHTMLOutput; }
+void Quillaryv8::XHTMLOutput(std::u16string_view sXHTMLOutput) {
+  data_->properties.XHTMLOutput = sXHTMLOutput;
+}
 std::u16string Quillaryv8::DoDebug() const { return data_->properties.DoDebug; }
 void Quillaryv8::DoDebug(std::u16string_view sDebugOn) { data_->properties.DoDebug = sDebugOn; }
 std::u16string Quillaryv8::RTF_Text() const { return data_->properties.RTF_Text; }
@@ -118,22 +130,36 @@ void Quillaryv8::HTML_Text(std::u16string_view sHTML_Text) { data_->properties.H
 std::u16string Quillaryv8::HTML_Title() const { return data_->properties.HTML_Title; }
 void Quillaryv8::HTML_Title(std::u16string_view sHTML_Title) { data_->properties.HTML_Title = sHTML_Title; }
 std::u16string Quillaryv8::HTML_Colour() const { return data_->properties.HTML_Colour; }
-void Quillaryv8::HTML_Colour(std::u16string_view sHTML_Colour) { data_->properties.HTML_Colour = sHTML_Colour; }
+void Quillaryv8::HTML_Colour(std::u16string_view sHTML_Colour) {
+  data_->properties.HTML_Colour = sHTML_Colour;
+}
 std::u16string Quillaryv8::Generator() const { return data_->properties.Generator; }
 void Quillaryv8::Generator(std::u16string_view sGenerator) { data_->properties.Generator = sGenerator; }
 std::u16string Quillaryv8::ConvertImages() const { return data_->properties.ConvertImages; }
-void Quillaryv8::ConvertImages(std::u16string_view sConvertImages) { data_->properties.ConvertImages = sConvertImages; }
+void Quillaryv8::ConvertImages(std::u16string_view sConvertImages) {
+  data_->properties.ConvertImages = sConvertImages;
+}
 std::u16string Quillaryv8::ImageFolder() const { return data_->properties.ImageFolder; }
-void Quillaryv8::ImageFolder(std::u16string_view sImageFolder) { data_->properties.ImageFolder = sImageFolder; }
+void Quillaryv8::ImageFolder(std::u16string_view sImageFolder) {
+  data_->properties.ImageFolder = sImageFolder;
+}
 std::u16string Quillaryv8::ImageFormat() const { return data_->properties.ImageFormat; }
-void Quillaryv8::ImageFormat(std::u16string_view sImageFormat) { data_->properties.ImageFormat = sImageFormat; }
+void Quillaryv8::ImageFormat(std::u16string_view sImageFormat) {
+  data_->properties.ImageFormat = sImageFormat;
+}
 std::u16string Quillaryv8::ImageName() const { return data_->properties.ImageName; }
 void Quillaryv8::ImageName(std::u16string_view sImageName) { data_->properties.ImageName = sImageName; }
 std::u16string Quillaryv8::UseSpanTags() const { return data_->properties.UseSpanTags; }
-void Quillaryv8::UseSpanTags(std::u16string_view sUseSpanTags) { data_->properties.UseSpanTags = sUseSpanTags; }
+void Quillaryv8::UseSpanTags(std::u16string_view sUseSpanTags) {
+  data_->properties.UseSpanTags = sUseSpanTags;
+}
 std::u16string Quillaryv8::UseFontTags() const { return data_->properties.UseFontTags; }
-void Quillaryv8::UseFontTags(std::u16string_view sUseFontTags) { data_->properties.UseFontTags = sUseFontTags; }
+void Quillaryv8::UseFontTags(std::u16string_view sUseFontTags) {
+  data_->properties.UseFontTags = sUseFontTags;
+}
 std::u16string Quillaryv8::TableBorders() const { return data_->properties.TableBorders; }
-void Quillaryv8::TableBorders(std::u16string_view sTableBorders) { data_->properties.TableBorders = sTableBorders; }
+void Quillaryv8::TableBorders(std::u16string_view sTableBorders) {
+  data_->properties.TableBorders = sTableBorders;
+}
 
 }  // namespace quillary

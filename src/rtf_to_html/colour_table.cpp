@@ -1,7 +1,5 @@
 #include "rtf_to_html/colour_table.h"
 
-#include <utility>
-
 #include "rtf_to_html/colour_table.rules.h"
 #include "rtf_to_html/flags.h"
 #include "rules/run.h"
@@ -10,12 +8,6 @@ namespace quillary::modQuillary {
 namespace {
 
 constexpr TextView kBlack = u"#000000";
-
-Text CleanTable(Text table) {
-  rules::Rewriting text(std::move(table));
-  rules::Run(chains::ColourTableCleaning, text);
-  return text.Take();
-}
 
 // Two hexadecimal digits for the decimal number that stands in `entry`, or
 // nothing where there is no such number.
@@ -49,11 +41,11 @@ constexpr KnownColour kSystemColours[] = {
 
 // "cyan" is white and "light blue" a dark blue; hosts rely on both.
 constexpr KnownColour kNamedColours[] = {
-    {u"black", u"000000"},      {u"blue", u"0000FF"},        {u"green", u"00FF00"},
-    {u"cyan", u"FFFFFF"},       {u"red", u"FF0000"},         {u"magenta", u"FF00FF"},
-    {u"yellow", u"FFFF00"},     {u"white", u"FFFFFF"},       {u"grey", u"B5B5B5"},
-    {u"gray", u"B5B5B5"},       {u"light blue", u"00008B"},  {u"light green", u"90EE90"},
-    {u"light cyan", u"E0FFFF"}, {u"light red", u"FF6347"},   {u"pink", u"FF80FF"},
+    {u"black", u"000000"},      {u"blue", u"0000FF"},       {u"green", u"00FF00"},
+    {u"cyan", u"FFFFFF"},       {u"red", u"FF0000"},        {u"magenta", u"FF00FF"},
+    {u"yellow", u"FFFF00"},     {u"white", u"FFFFFF"},      {u"grey", u"B5B5B5"},
+    {u"gray", u"B5B5B5"},       {u"light blue", u"00008B"}, {u"light green", u"90EE90"},
+    {u"light cyan", u"E0FFFF"}, {u"light red", u"FF6347"},  {u"pink", u"FF80FF"},
     {u"brown", u"A52A2A"},      {u"orange", u"FF8C00"},
 };
 
@@ -95,7 +87,7 @@ void ReadColourTable(RtfToHtmlState& state, TextView text) {
     return;
   }
   state.BodyStart = end;
-  const Text table = CleanTable(Mid(text, start, end - start + 2));
+  const Text table = rules::RunOver(chains::ColourTableCleaning, Mid(text, start, end - start + 2));
 
   const std::int32_t count = CountOccurrences(table, u"red");
   state.ColourCount = count;

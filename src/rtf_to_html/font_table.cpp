@@ -1,7 +1,5 @@
 #include "rtf_to_html/font_table.h"
 
-#include <utility>
-
 #include "rtf_to_html/flags.h"
 #include "rtf_to_html/font_table.rules.h"
 #include "rules/run.h"
@@ -19,12 +17,6 @@ TextView HtmlSizeOfPoints(std::int32_t points) {
   if (points <= 18) return u"5";
   if (points <= 30) return u"6";
   return u"8";  // beyond the scale of a page, where browsers take the largest size
-}
-
-Text CleanTable(Text table) {
-  rules::Rewriting text(std::move(table));
-  rules::Run(chains::FontTableCleaning, text);
-  return text.Take();
 }
 
 // What stands before the first `end`; the whole text if there is none.
@@ -183,7 +175,7 @@ void ReadFontTable(RtfToHtmlState& state, TextView text) {
   }
   if (start == 0) return;
   const std::int32_t end = FindText(start, text, short_form ? u";}" : u";}}");
-  const Text table = CleanTable(Mid(text, start, end - start + 3));
+  const Text table = rules::RunOver(chains::FontTableCleaning, Mid(text, start, end - start + 3));
   if (short_form) {
     ReadShortForm(state, table);
   } else {

@@ -86,8 +86,8 @@ void StripPictures(Text& text, int& count) {
     cutter.SkipTo(end + 1);
     start = cutter.Find(kPicture);
   }
-  if (start == npos) count = 1;
   cutter.Finish();
+  if (start == npos) count = 1;
 }
 
 // The counter is that of the pictures: where they have used it up, no object is
@@ -139,9 +139,13 @@ void MarkPictures(Apartment& apartment, Text& text) {
   const Finder closing(u"}", Compare::Binary);
   Text marked;
   std::size_t from = 0;
-  for (int count = 2; count <= kMostPictures; ++count) {
+  for (int count = 2;; ++count) {
     const std::size_t start = opening.Next(source, from);
     if (start == npos) break;
+    if (count > kMostPictures) {
+      apartment.stopped_short.pictures = true;
+      break;
+    }
     const std::size_t end = closing.Next(source, start);
     if (end == npos) break;
     ++state.PictureCounter;
@@ -149,7 +153,7 @@ void MarkPictures(Apartment& apartment, Text& text) {
     marked.append(source, from, start - from).append(u" ").append(sentinels::picture_start).append(path);
     marked.append(3 - number.size(), u'0').append(number).append(ending);
     marked.append(sentinels::picture_end).append(u" ");
-    if (marked.size() > apartment.working_limit) throw LimitReached(LimitReached::Limit::Growth);
+    CheckGrowth(apartment, marked);
     from = end + 1;
   }
   marked.append(source, from);
@@ -184,6 +188,7 @@ void ReplacePictures(Apartment& apartment, Text& text) {
   if (!Folded(state.ConvertImages, u"yes")) {
     int count = 1;
     StripPictures(text, count);
+    apartment.stopped_short.pictures = count == kUsedUp;
     StripObjects(text, count);
     return;
   }

@@ -1,6 +1,7 @@
 #include "rtf_to_html/split_segments.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "rules/sentinels.h"
 #include "text/search.h"
@@ -50,11 +51,13 @@ Text FontAtEnd(TextView segment) {
 
 }  // namespace
 
-void SplitSegments(RtfToHtmlState& state, TextView text, const std::function<void(Text&)>& hand_over) {
+void SplitSegments(Apartment& apartment, TextView text, const std::function<void(Text&)>& hand_over) {
+  RtfToHtmlState& state = apartment.rtf_to_html;
   const Finder plain(u"\\plain\\", Compare::Binary);
   std::size_t start = static_cast<std::size_t>(std::max<std::int32_t>(state.BodyStart, 1)) - 1;
   Text carried_font;
   while (true) {
+    apartment.stopped_short.segments = state.SegmentIndex == std::numeric_limits<std::int16_t>::max();
     ++state.SegmentIndex;
     const std::size_t end = plain.Next(text, start);
     const bool last = end == Finder::npos;

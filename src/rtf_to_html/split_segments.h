@@ -11,6 +11,6 @@ namespace quillary::modQuillary {
 /// Cuts the text at each "\plain\", from BodyStart on, and hands over one
 /// segment after the other. Counts them in SegmentIndex, which the receiver may
 /// set back; throws Failure (overflow) when that counter is full.
-void SplitSegments(RtfToHtmlState& state, TextView text, const std::function<void(Text&)>& hand_over);
+void SplitSegments(Apartment& apartment, TextView text, const std::function<void(Text&)>& hand_over);
 
 }  // namespace quillary::modQuillary

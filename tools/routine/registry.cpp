@@ -73,7 +73,13 @@ const Registry& AllRoutines() {
     Registry all;
     AddChainRoutines(all);
     AddTextRoutines(all);
+    AddDriverRoutines(all);
     AddEscapeRoutines(all);
+    AddSegmentRoutines(all);
+    AddLinkRoutines(all);
+    AddTableRoutines(all);
+    AddFinishingRoutines(all);
+    AddEntityRoutines(all);
     return all;
   }();
   return registry;

@@ -81,9 +81,15 @@ const Registry& AllRoutines();
 
 // One function for each module's routines.
 void AddTextRoutines(Registry& registry);
+void AddDriverRoutines(Registry& registry);
 /// Chains come first: an operation of the same name takes the name.
 void AddChainRoutines(Registry& registry);
 void AddEscapeRoutines(Registry& registry);
+void AddSegmentRoutines(Registry& registry);
+void AddLinkRoutines(Registry& registry);
+void AddTableRoutines(Registry& registry);
+void AddFinishingRoutines(Registry& registry);
+void AddEntityRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.
