@@ -15,6 +15,21 @@ function(quillary_rules target)
       DEPENDS rulec ${source} ${PROJECT_SOURCE_DIR}/src/rules/sentinels.rules
       VERBATIM)
     target_sources(${target} PRIVATE ${output}.cpp ${output}.h)
+    set_property(GLOBAL APPEND PROPERTY QUILLARY_RULE_FILES ${source})
   endforeach()
   target_include_directories(${target} PUBLIC ${PROJECT_BINARY_DIR}/rules)
+endfunction()
+
+# quillary_chain_registry(TARGET): adds the list of every chain compiled so
+# far to the target, in the order of src/rules/running_order.
+function(quillary_chain_registry target)
+  get_property(files GLOBAL PROPERTY QUILLARY_RULE_FILES)
+  set(order ${PROJECT_SOURCE_DIR}/src/rules/running_order)
+  set(output ${PROJECT_BINARY_DIR}/rules/rules/all_chains.cpp)
+  add_custom_command(
+    OUTPUT ${output}
+    COMMAND rulec --registry ${order} ${output} ${files}
+    DEPENDS rulec ${order} ${files}
+    VERBATIM)
+  target_sources(${target} PRIVATE ${output})
 endfunction()

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "quillary/export.h"
+
 namespace quillary {
 
 /// The version of the library, such as "0.1.0". The text is static.
-const char* Version();
+QUILLARY_API const char* Version();
 
 }  // namespace quillary

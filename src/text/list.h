@@ -19,6 +19,14 @@ class List {
     entries_.assign(upper < 0 ? 0 : static_cast<std::size_t>(upper) + 1, Value{});
   }
 
+  /// Raises the upper bound and keeps the entries.
+  void Grow(std::int32_t upper) {
+    sized_ = true;
+    if (upper > static_cast<std::int32_t>(entries_.size()) - 1) {
+      entries_.resize(static_cast<std::size_t>(upper) + 1);
+    }
+  }
+
   /// Back to the state of never having been sized.
   void Erase() { *this = List(); }
 

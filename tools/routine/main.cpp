@@ -38,6 +38,12 @@ int main(int count, char** words) {
     for (const std::string& name : AllRoutines().Names()) std::cout << name << '\n';
     return 0;
   }
+  if (option == "--rules") {
+    for (const Json& row : quillary::routine::RuleRows()) {
+      std::cout << quillary::routine::WriteLine(row) << '\n';
+    }
+    return 0;
+  }
   std::cerr << "usage: quillary-routine [--list | --rules] <requests >answers\n";
   return 2;
 }

@@ -71,8 +71,15 @@ Json Registry::Run(const Json& request) const {
 const Registry& AllRoutines() {
   static const Registry registry = [] {
     Registry all;
+    AddChainRoutines(all);
     AddTextRoutines(all);
+    AddDriverRoutines(all);
     AddEscapeRoutines(all);
+    AddSegmentRoutines(all);
+    AddLinkRoutines(all);
+    AddTableRoutines(all);
+    AddFinishingRoutines(all);
+    AddEntityRoutines(all);
     return all;
   }();
   return registry;

@@ -81,12 +81,23 @@ const Registry& AllRoutines();
 
 // One function for each module's routines.
 void AddTextRoutines(Registry& registry);
+void AddDriverRoutines(Registry& registry);
+/// Chains come first: an operation of the same name takes the name.
+void AddChainRoutines(Registry& registry);
 void AddEscapeRoutines(Registry& registry);
+void AddSegmentRoutines(Registry& registry);
+void AddLinkRoutines(Registry& registry);
+void AddTableRoutines(Registry& registry);
+void AddFinishingRoutines(Registry& registry);
+void AddEntityRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.
 Json ToJson(const TextList& list, std::int32_t lowest = 0);
 TextList ToList(const Json& value, std::int32_t lowest = 0);
+
+/// Every rule of every chain in running order, families expanded, as a row.
+std::vector<Json> RuleRows();
 
 /// Texts in JSON: a lone surrogate stands as itself.
 Json ToJson(TextView text);

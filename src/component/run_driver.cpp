@@ -1,0 +1,16 @@
+#include "component/run_driver.h"
+
+#include "rtf_to_html/convert_to_html.h"
+
+namespace quillary::component {
+
+Text RunDriver(Apartment& apartment, Properties& properties, Text& source, TextView body_mode) {
+  Text mode(body_mode);
+  return modQuillary::ConvertToHtml(
+      apartment,
+      {source, properties.HTML_Title, properties.HTML_Colour, properties.Generator, properties.Links,
+       properties.DoDebug, properties.ConvertImages, properties.ImageFolder, properties.ImageFormat,
+       properties.ImageName, properties.UseSpanTags, properties.UseFontTags, mode});
+}
+
+}  // namespace quillary::component

@@ -1,0 +1,18 @@
+// Turns one segment of the rewritten RTF, normally one paragraph, into HTML.
+#pragma once
+
+#include "apartment/apartment.h"
+#include "text/text.h"
+
+namespace quillary::modQuillary {
+
+/// Translates the segment and appends what comes out to HtmlOut. The segment
+/// is changed in place. Never throws Failure: a statement that fails leaves
+/// the texts as they were, and the next one runs.
+void TranslateSegment(Apartment& apartment, Text& segment);
+
+/// The text with the width words of its cells replaced by marks. Stops at the
+/// first width that is no number.
+Text MarkCellWidths(TextView text);
+
+}  // namespace quillary::modQuillary

@@ -1,0 +1,95 @@
+#include "table_repair/table_tags.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "text/case_folding.h"
+
+namespace quillary::RepairHTMLTable {
+namespace {
+
+constexpr TextView kRowTags[] = {u"TR", u"TD", u"/TR", u"/TD"};
+constexpr TextView kTableTags[] = {u"/TABLE", u"TABLE"};
+
+TextView TableName(TextView text, std::size_t offset) {
+  for (const TextView name : kTableTags) {
+    if (StandsAt(text, offset, name)) return name;
+  }
+  return {};
+}
+
+TextView CellName(TextView text, std::size_t offset) {
+  for (const TextView name : kRowTags) {
+    if (StandsAt(text, offset, name)) return name;
+  }
+  return TableName(text, offset);
+}
+
+// A "<" that stands right behind one that opens no known tag, or one further
+// on, is passed over.
+template <TextView NameAt(TextView, std::size_t)>
+TableTag NextTag(TextView text, std::int32_t start) {
+  if (start < 1) throw Failure(Failure::Kind::Argument);
+  std::size_t open = text.find(u'<', static_cast<std::size_t>(start) - 1);
+  while (open != TextView::npos) {
+    const TextView name = NameAt(text, open + 1);
+    if (!name.empty()) {
+      const std::size_t close = text.find(u'>', open + 1);
+      if (close == TextView::npos) return {};
+      return {name, static_cast<std::int32_t>(open + 1), static_cast<std::int32_t>(close + 1)};
+    }
+    open = text.find(u'<', open + 3);
+  }
+  return {};
+}
+
+// Asks all markers at each place from the end on, so that the cost is what
+// stands behind the last of them.
+std::size_t LastMarker(TextView text, TextView markers) {
+  std::vector<TextView> finds;
+  for (std::size_t start = 0; start <= markers.size();) {
+    const std::size_t end = std::min(markers.find(u';', start), markers.size());
+    if (end > start) finds.push_back(markers.substr(start, end - start));
+    start = end + 1;
+  }
+  for (std::size_t offset = text.size(); offset-- > 0;) {
+    for (const TextView find : finds) {
+      if (FoldUnit(text[offset]) == FoldUnit(find.front()) &&
+          Equal(text.substr(offset, find.size()), find, Compare::IgnoreCase)) {
+        return offset;
+      }
+    }
+  }
+  return TextView::npos;
+}
+
+}  // namespace
+
+bool StandsAt(TextView text, std::size_t offset, TextView name) {
+  if (offset > text.size() || text.size() - offset < name.size()) return false;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const char16_t unit = text[offset + i];
+    if ((unit >= u'a' && unit <= u'z' ? unit - u'a' + u'A' : unit) != name[i]) return false;
+  }
+  return true;
+}
+
+TableTag NextTableTag(TextView text, std::int32_t start) { return NextTag<TableName>(text, start); }
+
+TableTag NextCellTag(TextView text, std::int32_t start) { return NextTag<CellName>(text, start); }
+
+std::size_t PlaceAfterLastTag(TextView text, TextView markers) {
+  const std::size_t marker = LastMarker(text, markers);
+  if (marker == TextView::npos) return TextView::npos;
+  const std::size_t close = text.find(u'>', marker + 3);
+  return close == TextView::npos ? 0 : close + 1;
+}
+
+Text InsertAfterLastTag(TextView text, TextView markers, TextView insert) {
+  Text result(text);
+  const std::size_t place = PlaceAfterLastTag(text, markers);
+  if (place != TextView::npos) result.insert(place, insert);
+  return result;
+}
+
+}  // namespace quillary::RepairHTMLTable

@@ -1,0 +1,55 @@
+// Chains with every family written out: the flat tables that are compiled in.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "rule_file.h"
+
+namespace quillary::rulec {
+
+struct FlatRule {
+  Text find;
+  Text with;
+  Compare mode = Compare::Binary;
+  std::int32_t limit = -1;
+  std::size_t line = 0;
+};
+
+struct FlatCondition {
+  Asked::Kind kind = Asked::Kind::Holds;
+  Text find;
+  Compare mode = Compare::Binary;
+  std::uint32_t units = 0;
+};
+
+/// As rules::Step; indices count over the chain.
+struct FlatStep {
+  enum class Kind { Rules, Guard, Scan };
+  Kind kind = Kind::Rules;
+  std::size_t first = 0;
+  std::size_t count = 0;
+  std::size_t skip = 0;
+  std::string scan;
+};
+
+struct FlatStage {
+  std::string name;
+  std::string purpose;
+  std::size_t first = 0;
+  std::size_t count = 0;
+};
+
+struct FlatChain {
+  std::string name;
+  std::string scan_namespace;
+  std::vector<FlatStage> stages;
+  std::vector<FlatStep> steps;
+  std::vector<FlatRule> rules;
+  std::vector<FlatCondition> conditions;
+};
+
+/// Throws Malformed.
+FlatChain Expand(const ChainSource& source);
+
+}  // namespace quillary::rulec

@@ -1,0 +1,108 @@
+#include "literal.h"
+
+#include <algorithm>
+
+namespace quillary::rulec {
+namespace {
+
+bool IsNameUnit(char16_t unit) {
+  return (unit >= u'a' && unit <= u'z') || (unit >= u'0' && unit <= u'9') || unit == u'_';
+}
+
+// The name between the delimiter at `at` and the first `close` behind it, or
+// nothing if no name stands there.
+std::string NameAt(TextView source, std::size_t at, char16_t close) {
+  std::size_t end = at + 1;
+  while (end < source.size() && IsNameUnit(source[end])) ++end;
+  if (end == source.size() || source[end] != close) return "";
+  return ToUtf8(source.substr(at + 1, end - at - 1));
+}
+
+void CheckBlanks(TextView source, std::size_t line) {
+  if (source.starts_with(u' ') || source.ends_with(u' ')) {
+    throw Malformed(line, "bare blank at the edge of a literal");
+  }
+  if (source.find(u"  ") != TextView::npos) throw Malformed(line, "bare run of blanks");
+}
+
+}  // namespace
+
+Literal ReadLiteral(const std::string& source, std::size_t line, const Scope& scope) {
+  const Text text = FromUtf8(source);
+  CheckBlanks(text, line);
+  Literal literal(1);
+  std::size_t at = 0;
+  while (at < text.size()) {
+    Text& plain = literal.back().text;
+    const char16_t unit = text[at++];
+    if (unit == u'␣') {
+      plain += u' ';
+    } else if (unit == u'⏎') {
+      plain += u"\r\n";
+    } else if (unit == u'␍') {
+      plain += u'\r';
+    } else if (unit == u'␊') {
+      plain += u'\n';
+    } else if (unit < 0x20) {
+      throw Malformed(line, "control character in a literal");
+    } else if (const std::string sentinel = unit == u'‹' ? NameAt(text, at - 1, u'›') : "";
+               !sentinel.empty()) {
+      const auto found = std::find_if(scope.sentinels.begin(), scope.sentinels.end(),
+                                      [&](const Sentinel& known) { return known.name == sentinel; });
+      if (found == scope.sentinels.end()) throw Malformed(line, "unknown sentinel: " + sentinel);
+      plain += found->text;
+      at += sentinel.size() + 1;
+    } else if (const std::string name = unit == u'<' ? NameAt(text, at - 1, u'>') : "";
+               scope.placeholders.contains(name)) {
+      literal.push_back({true, name, u""});
+      literal.emplace_back();
+      at += name.size() + 1;
+    } else if (scope.elsewhere.contains(name)) {
+      throw Malformed(line, "unknown placeholder: " + name);
+    } else {
+      plain += unit;
+    }
+  }
+  return literal;
+}
+
+Text Fill(const Literal& literal, const std::map<std::string, Text>& values) {
+  Text text;
+  for (const Piece& piece : literal) text += piece.is_placeholder ? values.at(piece.placeholder) : piece.text;
+  return text;
+}
+
+Text FromUtf8(std::string_view bytes) {
+  Text text;
+  std::size_t at = 0;
+  while (at < bytes.size()) {
+    const auto lead = static_cast<unsigned char>(bytes[at++]);
+    const int more = lead < 0xC0 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
+    std::uint32_t code = more == 0 ? lead : lead & (0x3FU >> more);
+    for (int i = 0; i < more && at < bytes.size(); ++i) {
+      code = code << 6 | (static_cast<unsigned char>(bytes[at++]) & 0x3FU);
+    }
+    if (code >= 0x10000) {
+      text += static_cast<char16_t>(0xD7C0 + (code >> 10));
+      code = 0xDC00 + (code & 0x3FF);
+    }
+    text += static_cast<char16_t>(code);
+  }
+  return text;
+}
+
+std::string ToUtf8(TextView text) {
+  std::string bytes;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    std::uint32_t code = text[at];
+    if (code >= 0xD800 && code < 0xDC00 && at + 1 < text.size()) {
+      code = 0x10000 + ((code - 0xD800) << 10) + (text[++at] - 0xDC00U);
+    }
+    const int more = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+    bytes += static_cast<char>(more == 0 ? code : (0xFF00U >> (more + 1) & 0xFFU) | code >> (6 * more));
+    for (int i = more - 1; i >= 0; --i) bytes += static_cast<char>(0x80U | (code >> (6 * i) & 0x3FU));
+  }
+  return bytes;
+}
+
+}  // namespace quillary::rulec
