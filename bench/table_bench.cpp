@@ -1,7 +1,9 @@
-// Tables of a page of a million units.
+// Tables, font tags and links of a page of a million units.
 #include <benchmark/benchmark.h>
 
 #include "html_finishing/cell_formats.h"
+#include "html_finishing/finish_entities_and_lists.rules.h"
+#include "rules/run.h"
 #include "table_repair/repair_tables.h"
 
 namespace {
@@ -38,6 +40,40 @@ void BalanceCellFormatting(benchmark::State& state) {
   }
 }
 BENCHMARK(BalanceCellFormatting)->Unit(benchmark::kMillisecond);
+
+// 40 fonts, 40 colours and 181 links, and tags of them all in the page.
+Text FontPage(quillary::RtfToHtmlState& state) {
+  for (quillary::TextList* list : {&state.FontFaces, &state.ColourTable, &state.FoundLinks}) list->Size(200);
+  state.FontCount = 40;
+  state.ColourCount = 40;
+  for (std::int32_t i = 0; i <= 200; ++i) {
+    state.FontFaces.Set(i, u"Face " + quillary::Decimal(i));
+    state.ColourTable.Set(i, u"#0000" + quillary::Decimal(10 + i));
+    state.FoundLinks.Set(i, u"www.example" + quillary::Decimal(i) + u".org");
+  }
+  Text page;
+  for (std::int32_t i = 0; page.size() < 1000000; ++i) {
+    page += u"<u><b><font FACE=\"Face " + quillary::Decimal(i % 40) + u"\" SIZE=\"";
+    page += quillary::Decimal(1 + i % 7) + u"\" ><font COLOR=\"#0000" + quillary::Decimal(10 + i % 40);
+    page += u"\"><a href=\"http://www.example" + quillary::Decimal(i % 190);
+    page += u".org\">some words of a link</a></b></u> and more words";
+  }
+  return page;
+}
+
+void FinishStage(benchmark::State& bench, int stage) {
+  quillary::Apartment apartment;
+  const Text page = FontPage(apartment.rtf_to_html);
+  for (auto _ : bench) {
+    quillary::rules::Rewriting text(page, &apartment);
+    quillary::rules::RunStage(quillary::chains::FinishEntitiesAndLists, stage, text);
+    benchmark::DoNotOptimize(text.text().data());
+  }
+}
+BENCHMARK_CAPTURE(FinishStage, fonts_outward, quillary::chains::FinishEntitiesAndLists_stages::fonts_outward)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FinishStage, link_colours, quillary::chains::FinishEntitiesAndLists_stages::link_colours)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -25,8 +25,8 @@ void DocumentBuilder::AddUnit(char16_t unit, std::uint32_t format) {
 }
 
 void DocumentBuilder::PutParagraph(const ParagraphEnd& paragraph) {
-  document_.paragraphs.push_back(
-      {document_.text.size(), document_.formats.Id(paragraph.format), paragraph.label, paragraph.stray_bullet});
+  document_.paragraphs.push_back({document_.text.size(), document_.formats.Id(paragraph.format),
+                                  paragraph.label, paragraph.stray_bullet});
   paragraph_begin_ = document_.text.size();
 }
 

@@ -15,10 +15,14 @@ void Reader::FlushAllBytes() {
   for (const char16_t unit : bytes_.TakeAll()) AddCharacter(unit);
 }
 
-/// Text for readers without HTML is left out, but for what stands for an entity of the page.
-bool Reader::IsShown() {
+/// Text for readers without HTML is left out, but for what stands for an entity
+/// or a line end of the page.
+bool Reader::IsShown(TextView text) {
   const Group& group = Top();
-  return InBody() && !group.character.hidden && (!group.html_only || html_entity_);
+  if (!InBody() || group.character.hidden) return false;
+  if (!group.html_only || html_entity_) return true;
+  const bool is_blank = text.find_first_not_of(u' ') == TextView::npos;
+  return is_blank && !document_.text.empty() && document_.text.back() > u' ';
 }
 
 std::uint32_t Reader::FormatId() {
@@ -51,7 +55,7 @@ std::uint32_t Reader::FormatId() {
 
 void Reader::AddText(TextView text) {
   FlushAllBytes();
-  if (!IsShown()) return;
+  if (!IsShown(text)) return;
   BeginCellItem();
   const CharacterState& state = Top().character;
   if (fonts_.IsSymbol(state.Font())) {
@@ -68,7 +72,7 @@ void Reader::AddCharacter(char16_t unit) {
     ReadDestinationText({&unit, 1});
     return;
   }
-  if (unit < u' ' || !IsShown()) return;
+  if (unit < u' ' || !IsShown({&unit, 1})) return;
   BeginCellItem();
   builder_.AddUnit(Top().character.capitals ? ToUpper({&unit, 1}).front() : unit, FormatId());
 }

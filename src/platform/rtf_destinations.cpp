@@ -218,7 +218,8 @@ void Reader::EndDestination(const Group& closed) {
       if (!objects_.empty()) objects_.back().object.object_class = gathered_;
       break;
     case Destination::ObjectData:
-      if (outer != Destination::ObjectData && !objects_.empty()) objects_.back().object.data = object_data_.Take();
+      if (outer != Destination::ObjectData && !objects_.empty())
+        objects_.back().object.data = object_data_.Take();
       break;
     default:
       break;

@@ -88,6 +88,7 @@ class Reader {
   void ReadUnicode(std::int32_t number);
   void ReadBinary(TextView bytes);
   void ReadDestinationText(TextView text);
+  void ReleaseBlanks();
   bool ReadHeaderWord(const Token& token);
   bool ReadDestinationWord(const Token& token);
   Group& Top() { return groups_.back(); }
@@ -114,7 +115,7 @@ class Reader {
   void AddMark(char16_t mark);
   void FlushBytes();
   void FlushAllBytes();
-  bool IsShown();
+  bool IsShown(TextView text);
   std::uint32_t FormatId();
   void EndParagraph();
   ParagraphEnd CurrentParagraph();
@@ -140,6 +141,7 @@ class Reader {
   std::size_t lost_groups_ = 0;  // open groups beyond the deepest that is kept
   bool group_start_ = false;     // nothing but "\*" was read of the group
   bool starred_ = false;
+  TextView held_blanks_;  // at the start of a group: text, unless the group turns out to hold none
   bool done_ = false;
   std::int32_t fallback_left_ = 0;  // signs still to be passed over behind \u
 

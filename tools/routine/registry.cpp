@@ -79,6 +79,7 @@ const Registry& AllRoutines() {
     AddLinkRoutines(all);
     AddTableRoutines(all);
     AddFinishingRoutines(all);
+    AddEntityRoutines(all);
     return all;
   }();
   return registry;

@@ -89,6 +89,7 @@ void AddSegmentRoutines(Registry& registry);
 void AddLinkRoutines(Registry& registry);
 void AddTableRoutines(Registry& registry);
 void AddFinishingRoutines(Registry& registry);
+void AddEntityRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.

@@ -1,5 +1,7 @@
-// Table repair and the carry-over of cell formats.
+// Table repair, the carry-over of cell formats and the first list of a page. The
+// chain of entities and lists is a routine by itself.
 #include "html_finishing/cell_formats.h"
+#include "html_finishing/finish_entities_and_lists.h"
 #include "registry.h"
 #include "table_repair/balance_table_tags.h"
 #include "table_repair/copy_first_cell_format.h"
@@ -71,6 +73,11 @@ void AddCellFormats(Registry& registry) {
 }
 
 }  // namespace
+
+void AddEntityRoutines(Registry& registry) {
+  registry.Add("CollapseFirstList", {Kind::Text},
+               [](Call& call) { call.result = ToJson(html_finishing::CollapseFirstList(call.text(0))); });
+}
 
 void AddTableRoutines(Registry& registry) {
   AddTagScans(registry);

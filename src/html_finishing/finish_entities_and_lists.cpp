@@ -1,0 +1,29 @@
+#include "html_finishing/finish_entities_and_lists.h"
+
+#include "html_finishing/finish_entities_and_lists.rules.h"
+#include "rules/run.h"
+
+namespace quillary::html_finishing {
+
+Text FinishEntitiesAndLists(Apartment& apartment, Text html) {
+  rules::Rewriting text(std::move(html), &apartment);
+  rules::Run(chains::FinishEntitiesAndLists, text);
+  return text.Take();
+}
+
+Text CollapseFirstList(Text html) {
+  constexpr TextView list_start = u"<ul><li>";
+  constexpr TextView list_end = u"</li></ul>";
+  const std::size_t start = html.find(list_start);
+  if (start == Text::npos) return html;
+  const std::size_t end = html.find(list_end);  // a list end further up in the page ends it, too
+  if (end == Text::npos || end < start) return html;
+  Text block = html.substr(start, end + list_end.size() - start);
+  const std::size_t length = block.size();
+  const std::int32_t items = CountOccurrences(block, u"<li>");
+  if (items < 2) return html;
+  if (ReplaceIn(block, u"<br>", u"", Compare::Binary, items - 1)) html.replace(start, length, block);
+  return html;
+}
+
+}  // namespace quillary::html_finishing
