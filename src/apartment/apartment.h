@@ -36,4 +36,10 @@ struct Apartment {
   std::function<void(std::string_view step, TextView page)> trace;
 };
 
+/// Throws LimitReached if a text under conversion has grown to more units than
+/// the apartment allows.
+inline void CheckGrowth(const Apartment& apartment, const Text& text) {
+  if (text.size() > apartment.working_limit) throw LimitReached(LimitReached::Limit::Growth);
+}
+
 }  // namespace quillary

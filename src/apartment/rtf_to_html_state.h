@@ -3,6 +3,7 @@
 // links stay from the document before until a reader rebuilds them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "text/integer16.h"
@@ -15,6 +16,13 @@ namespace quillary {
 struct CellFragment {
   quillary::Text Text;
   bool IsCell = false;
+};
+
+/// Where an attribute was written last, in the part of the page that was
+/// searched for it.
+struct WrittenAttribute {
+  std::size_t at = static_cast<std::size_t>(-1);
+  std::size_t searched = 0;
 };
 
 struct RtfToHtmlState {
@@ -44,6 +52,9 @@ struct RtfToHtmlState {
   Text CurrentFace;
   Text CurrentSize;
   Text CurrentColour;
+  WrittenAttribute WrittenFace;
+  WrittenAttribute WrittenSize;
+  WrittenAttribute WrittenColour;
   Integer16 PictureCounter;
   Integer16 CurrentFontNumber;
   Integer16 ControlSegments;

@@ -5,7 +5,9 @@
 #include "component/conversions.rules.h"
 #include "component/frm_clean.h"
 #include "component/run_driver.h"
+#include "html_finishing/late_finish.h"
 #include "rtf_to_html/flags.h"
+#include "rtf_to_html/form_layouts.h"
 #include "rules/run.h"
 
 namespace quillary::component {
@@ -35,8 +37,12 @@ void CutBodyTag(Text& page) {
   page.erase(0, static_cast<std::size_t>(FindText(start + 2, page, u">")));
 }
 
-// Documents of one house that name a font which pages do not have.
-void MendAdmissionHistory(Text& page) {
+// Pages that come out of a mail program are laid out as the forms they were;
+// documents of one house name a font which pages do not have.
+void LayOutForms(Text& page) {
+  if (modQuillary::IsMailForm(page)) page = modQuillary::MailFormLayout(std::move(page));
+  if (modQuillary::IsCalendarForm(page)) page = modQuillary::CalendarFormLayout(std::move(page));
+  if (modQuillary::IsMemoForm(page)) page = modQuillary::MemoFormLayout(std::move(page));
   if (!Holds(page, u"ADMISSION HISTORY AND PHYSICAL:", Compare::IgnoreCase)) return;
   ReplaceIn(page, u"font FACE=\"MS Sans Serif\"", u"font FACE=\"Arial\"", Compare::IgnoreCase, 1);
 }
@@ -62,8 +68,10 @@ Text TidyOutput(Apartment& apartment, const Properties& properties) {
   if (cleaning == Cleaning::None) return properties.HTML_Text;
   const auto cleaner = apartment.services.html_cleaner ? apartment.services.html_cleaner() : nullptr;
   if (!cleaner) throw Failure(Failure::Kind::Raised, 0, "HTML cleaner", "There is no HTML cleaner.");
-  return cleaning == Cleaning::Xhtml ? cleaner->TidyDLL_ToXHTML(properties.HTML_Text)
-                                     : cleaner->TidyDLL_CleanHTML(properties.HTML_Text);
+  Text page = cleaning == Cleaning::Xhtml ? cleaner->TidyDLL_ToXHTML(properties.HTML_Text)
+                                          : cleaner->TidyDLL_CleanHTML(properties.HTML_Text);
+  html_finishing::LateFinish(page);
+  return page;
 }
 
 Text ConvertRTF(Apartment& apartment, Properties& properties) {
@@ -72,7 +80,7 @@ Text ConvertRTF(Apartment& apartment, Properties& properties) {
   }
   RoundTripUnlessOff(apartment, properties, properties.RTF_Text);
   properties.HTML_Text = RunDriver(apartment, properties, properties.RTF_Text, u"no");
-  MendAdmissionHistory(properties.HTML_Text);
+  LayOutForms(properties.HTML_Text);
   return TidiedResult(apartment, properties);
 }
 

@@ -3,15 +3,31 @@
 #include <algorithm>
 #include <utility>
 
+#include "html_finishing/finish_entities_and_lists.h"
+#include "html_finishing/font_tags.h"
+#include "html_finishing/tidy_layout.h"
+#include "links/bracket_links.h"
+#include "links/email_addresses.h"
+#include "links/label_links.h"
+#include "links/link_lists.h"
+#include "links/scan_links.h"
+#include "rtf_to_html/closing_repairs.h"
 #include "rtf_to_html/colour_table.h"
 #include "rtf_to_html/convert_to_html.rules.h"
 #include "rtf_to_html/flags.h"
 #include "rtf_to_html/font_table.h"
+#include "rtf_to_html/list_repairs.h"
 #include "rtf_to_html/rewrite_rtf.h"
+#include "rtf_to_html/table_repairs.h"
 #include "rules/run.h"
+#include "rules/sentinels.h"
 
 namespace quillary::modQuillary {
 namespace {
+
+/// A table block that cannot be balanced sends the sequence back to the cell
+/// marks; one that fails every time must not keep the conversion from ending.
+constexpr int kMostRounds = 25;
 
 /// The tables of a document are looked for in its first part only, which keeps
 /// the readers away from large picture data behind them.
@@ -34,7 +50,8 @@ class GrowthLimit {
   std::size_t outer_;
 };
 
-// Runs the steps of the sequence, each under its own guard.
+// Runs the steps of the sequence, each under its own guard: a step that fails
+// is skipped, and the next one goes on with the page as it stands.
 class Sequence {
  public:
   explicit Sequence(Apartment& apartment) : apartment_(apartment) {}
@@ -43,13 +60,39 @@ class Sequence {
   template <class Action>
   void Step(const char* name, Action&& action) {
     Attempt(action);
-    const Text& page = apartment_.rtf_to_html.HtmlOut;
+    Show(name, apartment_.rtf_to_html.HtmlOut);
+  }
+
+ private:
+  friend class PageSequence;
+  void Show(const char* name, const Text& page) {
     if (page.size() > apartment_.working_limit) throw LimitReached(LimitReached::Limit::Growth);
     if (apartment_.trace) apartment_.trace(name, page);
   }
 
- private:
   Apartment& apartment_;
+};
+
+// The same for the repairs of the assembled page, which leaves HtmlOut for so
+// long and is back in it at the end.
+class PageSequence {
+ public:
+  explicit PageSequence(Sequence& sequence)
+      : sequence_(sequence),
+        page_(std::move(sequence.apartment_.rtf_to_html.HtmlOut), &sequence.apartment_) {}
+  PageSequence(const PageSequence&) = delete;
+  PageSequence& operator=(const PageSequence&) = delete;
+  ~PageSequence() { sequence_.apartment_.rtf_to_html.HtmlOut = page_.Take(); }
+
+  template <class Repair>
+  void Step(const char* name, Repair&& repair) {
+    Attempt([&] { repair(page_); });
+    sequence_.Show(name, page_.text());
+  }
+
+ private:
+  Sequence& sequence_;
+  rules::Rewriting page_;
 };
 
 void StartState(Apartment& apartment, const ConversionTexts& texts) {
@@ -122,6 +165,75 @@ void CloseDocument(RtfToHtmlState& state) {
   state.HtmlOut += u"\r\n</body>\r\n</html>\r\n";
 }
 
+// Links off still finds what a word processor left in brackets.
+void RecogniseLinks(Sequence& sequence, Apartment& apartment, TextView mode) {
+  RtfToHtmlState& state = apartment.rtf_to_html;
+  if (mode.empty() || Folded(mode, u"yes")) {
+    sequence.Step("LoadLinkPrefixes", [&] { links::LoadLinkPrefixes(state); });
+    sequence.Step("LoadLinkDelimiters", [&] { links::LoadLinkDelimiters(state); });
+    sequence.Step("ScanLinks", [&] { links::ScanLinks(state, Text(state.HtmlOut)); });
+    sequence.Step("ScanEmailAddresses", [&] { links::ScanEmailAddresses(state, Text(state.HtmlOut)); });
+    sequence.Step("RestoreAtSigns", [&] { ReplaceIn(state.HtmlOut, sentinels::at_sign, u"@"); });
+    return;
+  }
+  sequence.Step("LoadBracketPrefixes", [&] { links::LoadBracketPrefixes(state); });
+  sequence.Step("LoadBracketDelimiters", [&] { links::LoadBracketDelimiters(state); });
+  for (int scan = 0; scan < 2; ++scan) {
+    sequence.Step("ScanBracketLinks", [&] { links::ScanBracketLinks(state, Text(state.HtmlOut)); });
+  }
+}
+
+// Everything that is repaired on the finished page.
+void RepairPage(Sequence& assembly, Apartment& apartment, const Text& colour) {
+  const RtfToHtmlState& state = apartment.rtf_to_html;
+  using Page = rules::Rewriting;
+  PageSequence sequence(assembly);
+  sequence.Step("TidyLayout", [](Page& page) { html_finishing::TidyLayout(page); });
+  sequence.Step("OpenFirstCellWidth", OpenFirstCellWidth);
+  sequence.Step("RepairTableHeads", RepairTableHeads);
+  sequence.Step("SupplyTableHead", [&](Page& page) { SupplyTableHead(page, colour); });
+  sequence.Step("RepairRowShapes", RepairRowShapes);
+  sequence.Step("DropBorderSpacing", DropBorderSpacing);
+  sequence.Step("MarkBullets", MarkBullets);
+  sequence.Step("RepairRowStarts", RepairRowStarts);
+
+  BlockWalk walk = BlockWalk::GoBack;
+  for (int round = 0; round < kMostRounds && walk == BlockWalk::GoBack; ++round) {
+    sequence.Step("DropCellMarks", DropCellMarks);
+    sequence.Step("IndentFirstNumbers", IndentFirstNumbers);
+    sequence.Step("IndentSecondNumbers", IndentSecondNumbers);
+    sequence.Step("RepairLabelAnchors",
+                  [](Page& page) { page.Assign(links::RepairLabelAnchors(page.text())); });
+    sequence.Step("RepairLabelLinks", [](Page& page) { page.Assign(links::RepairLabelLinks(page.text())); });
+    sequence.Step("SupplyDefaultFont", [&](Page& page) { SupplyDefaultFont(page, colour); });
+    sequence.Step("MendSymbolBullets", MendSymbolBullets);
+    sequence.Step("ShortenBulletIndents", ShortenBulletIndents);
+    sequence.Step("MendSectionBullets", MendSectionBullets);
+    sequence.Step("MendListIndents", MendListIndents);
+    sequence.Step("MendBoldNumbers", MendBoldNumbers);
+    walk = BlockWalk::Done;
+    sequence.Step("BalanceTableBlocks", [&](Page& page) { walk = BalanceTableBlocks(page); });
+  }
+
+  sequence.Step("DropStrayClosers", DropStrayClosers);
+  sequence.Step("DropEmptyLastCells", DropEmptyLastCells);
+  sequence.Step("MendLowQuotes", MendLowQuotes);
+  sequence.Step("DropCellWidths", DropCellWidths);
+  sequence.Step("DropFirstCellWidth", DropFirstCellWidth);
+  sequence.Step("FinishEntitiesAndLists", [](Page& page) { html_finishing::FinishEntitiesAndLists(page); });
+  sequence.Step("CollapseFirstList",
+                [](Page& page) { page.Assign(html_finishing::CollapseFirstList(page.text())); });
+  sequence.Step("MergeAdjoiningFonts", MergeAdjoiningFonts);
+  sequence.Step("DropEmptyCellForms", DropEmptyCellForms);
+  sequence.Step("TidyDocumentEnd", TidyDocumentEnd);
+
+  const bool spans = TrimmedFolded(state.UseSpanTags, u"yes");
+  if (spans) sequence.Step("ConvertFontsToSpans", html_finishing::ConvertFontsToSpans);
+  if (TrimmedFolded(state.UseFontTags, u"no") && !spans) {
+    sequence.Step("RemoveFontTags", html_finishing::RemoveFontTags);
+  }
+}
+
 void ResolvePictureMarks(Apartment& apartment) {
   RtfToHtmlState& state = apartment.rtf_to_html;
   const bool equation = state.EquationSeen == u"yes";
@@ -169,7 +281,9 @@ Text ConvertToHtml(Apartment& apartment, ConversionTexts texts) {
   });
   sequence.Step("AssemblyClean",
                 [&] { state.HtmlOut = rules::RunOver(chains::AssemblyClean, std::move(state.HtmlOut)); });
+  RecogniseLinks(sequence, apartment, texts.links);
   sequence.Step("ResolvePictureMarks", [&] { ResolvePictureMarks(apartment); });
+  RepairPage(sequence, apartment, texts.colour);
 
   texts.source.clear();
   return state.HtmlOut;

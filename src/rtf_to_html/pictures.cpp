@@ -153,7 +153,7 @@ void MarkPictures(Apartment& apartment, Text& text) {
     marked.append(source, from, start - from).append(u" ").append(sentinels::picture_start).append(path);
     marked.append(3 - number.size(), u'0').append(number).append(ending);
     marked.append(sentinels::picture_end).append(u" ");
-    if (marked.size() > apartment.working_limit) throw LimitReached(LimitReached::Limit::Growth);
+    CheckGrowth(apartment, marked);
     from = end + 1;
   }
   marked.append(source, from);

@@ -56,9 +56,13 @@ void RewriteRtf(Apartment& apartment, Text& text) {
     RemoveRichedGenerator(text);
     RemoveMsfteditGenerators(text);
     BringToOneDialect(apartment, text);
+    CheckGrowth(apartment, text);
     state.SegmentIndex = 0;
     state.ParagraphOpen = u"no";
-    SplitSegments(apartment, text, [&](Text& segment) { TranslateSegment(apartment, segment); });
+    SplitSegments(apartment, text, [&](Text& segment) {
+      TranslateSegment(apartment, segment);
+      CheckGrowth(apartment, state.HtmlOut);
+    });
   });
 }
 

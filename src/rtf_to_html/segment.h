@@ -14,11 +14,11 @@ struct Segment {
   explicit Segment(Text& text) : segment(text) {}
 
   Text& segment;
-  Text head;              // the control words, up to the first blank
-  Text body;              // the rest: document text and the words in it
-  Text opening;           // HTML ahead of the font tag
-  Text closing;           // HTML behind the font tag
-  Text attributes;        // of the font tag: FACE=, SIZE= and COLOR=, each with a blank behind
+  Text head;                 // the control words, up to the first blank
+  Text body;                 // the rest: document text and the words in it
+  Text opening;              // HTML ahead of the font tag
+  Text closing;              // HTML behind the font tag
+  Text attributes;           // of the font tag: FACE=, SIZE= and COLOR=, each with a blank behind
   std::int16_t splitAt = 0;  // where the head ends, 0 if there is no blank
   bool hadFontWord = false;  // a font, size or colour word of the body was replaced
 };
@@ -38,28 +38,28 @@ Road EnterSegment(Apartment& apartment, Segment& segment);
 /// destinations go, of simple groups the text stays.
 void RemoveBraceGroups(const RtfToHtmlState& state, Text& body);
 
-/// Replaces the control words that stand in running text.
-void ReplaceBodyWords(Apartment& apartment, Text& body, TextView head);
+/// Replaces the control words that stand in running text. From here to the
+/// output the body is a text under rewriting, so that one index serves all.
+void ReplaceBodyWords(rules::Rewriting& body, TextView head);
 
 /// Reads the control words of the head into opening, closing and attributes.
-void ReadHeadWords(RtfToHtmlState& state, Segment& segment);
+void ReadHeadWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body);
 
 /// Ends a centred block that is open if the segment begins a new paragraph.
 void CloseCentre(RtfToHtmlState& state, TextView segment);
 
-/// Replaces the words that the head words were needed for, and those that
-/// only tables know.
-void ReplaceRemainingWords(Apartment& apartment, Segment& segment);
+/// Replaces all words that are still in the body and mean something.
+void ReplaceRemainingWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body);
 
 /// The words of size, font, colour and highlight in the body.
-void ReplaceFontWords(RtfToHtmlState& state, Segment& segment);
+void ReplaceFontWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body);
 
 /// Rows and cells in the body.
 void ReplaceTableWords(rules::Rewriting& body);
 
 /// Drops the control words that nobody wanted, writes the run to HtmlOut and
 /// takes the running values back from it.
-void WriteSegment(Apartment& apartment, Segment& segment);
+void WriteSegment(Apartment& apartment, Segment& segment, Text body);
 
 /// Whether the page is a fragment without font faces and sizes.
 inline bool WithoutFonts(const RtfToHtmlState& state) {

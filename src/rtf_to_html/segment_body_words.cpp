@@ -1,7 +1,6 @@
 // The control words that can stand in running text.
-#include "rtf_to_html/segment_body_words.rules.h"
-
 #include "rtf_to_html/segment.h"
+#include "rtf_to_html/segment_body_words.rules.h"
 #include "rules/run.h"
 #include "text/search.h"
 
@@ -71,14 +70,13 @@ void RemoveLanguageWords(rules::Rewriting& text) {
 /// The automatic colour counts as a colour that was asked for.
 void MakeColourExplicit(rules::Rewriting& text) { text.apartment().rtf_to_html.ColourExplicit = u"yes"; }
 
-void ReplaceBodyWords(Apartment& apartment, Text& body, TextView head) {
-  rules::Rewriting text(std::move(body), &apartment);
-  rules::Run(chains::SegmentWords, text);
+void ReplaceBodyWords(rules::Rewriting& body, TextView head) {
+  rules::Run(chains::SegmentWords, body);
   const bool tab_stops = Holds(head, u"\\tx", ignore_case);
   rules::RunStage(chains::SegmentTabs,
-                  tab_stops ? chains::SegmentTabs_stages::tab_stops : chains::SegmentTabs_stages::plain_tabs, text);
-  rules::Run(chains::SegmentWordsBack, text);
-  body = text.Take();
+                  tab_stops ? chains::SegmentTabs_stages::tab_stops : chains::SegmentTabs_stages::plain_tabs,
+                  body);
+  rules::Run(chains::SegmentWordsBack, body);
 }
 
 }  // namespace quillary::modQuillary

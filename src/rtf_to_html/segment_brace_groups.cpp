@@ -16,7 +16,9 @@ constexpr int count_limit = 181;
 
 class GroupRemoval {
  public:
-  GroupRemoval(TextView body, bool foreign) : body_(body), foreign_(foreign) { done_.reserve(body.size() + 64); }
+  GroupRemoval(TextView body, bool foreign) : body_(body), foreign_(foreign) {
+    done_.reserve(body.size() + 64);
+  }
 
   Text Run() {
     while (FindGroup() && RemoveGroup()) {
@@ -104,9 +106,9 @@ class GroupRemoval {
   TextView body_;
   bool foreign_;
   Text done_;
-  std::size_t at_ = 0;         // where the rest of the body begins
-  std::size_t group_ = 0;      // of the opening brace, in done_
-  bool reopened_ = false;      // the brace at group_ begins a group by now
+  std::size_t at_ = 0;                // where the rest of the body begins
+  std::size_t group_ = 0;             // of the opening brace, in done_
+  bool reopened_ = false;             // the brace at group_ begins a group by now
   std::vector<std::size_t> dropped_;  // braces of done_ that are to go
 };
 

@@ -1,4 +1,5 @@
 // The entry of a segment: repairs, and the cut into head and body.
+#include <algorithm>
 #include <limits>
 
 #include "rtf_to_html/hex_escapes.h"
@@ -28,7 +29,8 @@ void MarkRightAlignedPicture(Text& segment) {
   if (aligned == 0) return;
   const std::int32_t blank = FindText(aligned, segment, u" ");
   if (blank == 0 || !Holds(MidView(segment, blank, reach), sentinels::picture_start, ignore_case)) return;
-  ReplaceIn(segment, Text(sentinels::picture_end) + u" ", sentinels::picture_end_right_aligned, ignore_case, 1);
+  ReplaceIn(segment, Text(sentinels::picture_end) + u" ", sentinels::picture_end_right_aligned, ignore_case,
+            1);
 }
 
 // Lists of characters that must not begin or end a line: one group of each
@@ -73,8 +75,8 @@ void SeparateFirstEscape(const RtfToHtmlState& state, Segment& segment) {
 enum class Cut : std::uint8_t { Dropped, HeadIsAll, BehindRepairs, AtOnce };
 
 // The start of a document body without text: all words are head words.
-Cut HeadOfDocumentStart(Segment& segment) {
-  rules::Rewriting text(std::move(segment.segment));
+Cut HeadOfDocumentStart(Apartment& apartment, Segment& segment) {
+  rules::Rewriting text(std::move(segment.segment), &apartment);
   rules::Run(chains::SegmentDocumentStart, text);
   segment.segment = text.Take();
   TakeSplit(segment, segment.segment);
@@ -85,7 +87,7 @@ Cut HeadOfDocumentStart(Segment& segment) {
 
 Cut SplitWithoutBlank(Apartment& apartment, Segment& segment) {
   Text& text = segment.segment;
-  if (FindText(1, text, u"plain\\pard\\", ignore_case) != 1) return HeadOfDocumentStart(segment);
+  if (FindText(1, text, u"plain\\pard\\", ignore_case) != 1) return HeadOfDocumentStart(apartment, segment);
   if (text.find(u' ') != Text::npos) {  // out of the reach of splitAt
     ReplaceIn(text, sentinels::bullet, u"<li>", ignore_case);
     return Cut::BehindRepairs;
@@ -100,7 +102,7 @@ Cut SplitWithoutBlank(Apartment& apartment, Segment& segment) {
   }
   segment.head = text;
   if (text.find(u"<br>") == Text::npos) return Cut::HeadIsAll;
-  rules::Rewriting head(std::move(segment.head));
+  rules::Rewriting head(std::move(segment.head), &apartment);
   rules::Run(chains::SegmentHeadBreaks, head);
   segment.head = head.Take();
   TakeSplit(segment, segment.head);

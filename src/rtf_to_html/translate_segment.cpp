@@ -7,16 +7,18 @@
 namespace quillary::modQuillary {
 
 void TranslateSegment(Apartment& apartment, Text& text) {
+  RtfToHtmlState& state = apartment.rtf_to_html;
+  if (state.SegmentIndex <= 1)
+    state.WrittenColour = state.WrittenSize = state.WrittenFace = {};  // a new page
   Segment segment(text);
   const Road road = EnterSegment(apartment, segment);
   if (road == Road::Dropped) return;
-  if (road == Road::Body) {
-    SegmentHexEscapes(apartment, segment.body, segment.head);
-    ReplaceBodyWords(apartment, segment.body, segment.head);
-  }
-  ReadHeadWords(apartment.rtf_to_html, segment);
-  ReplaceRemainingWords(apartment, segment);
-  WriteSegment(apartment, segment);
+  if (road == Road::Body) SegmentHexEscapes(apartment, segment.body, segment.head);
+  rules::Rewriting body(std::move(segment.body), &apartment);
+  if (road == Road::Body) ReplaceBodyWords(body, segment.head);
+  ReadHeadWords(state, segment, body);
+  ReplaceRemainingWords(state, segment, body);
+  WriteSegment(apartment, segment, body.Take());
 }
 
 }  // namespace quillary::modQuillary

@@ -12,8 +12,8 @@ namespace quillary::rules {
 void Run(const Chain& chain, Rewriting& text);
 
 /// The whole chain over a text of its own.
-inline Text RunOver(const Chain& chain, Text text, Apartment* apartment = nullptr) {
-  Rewriting rewriting(std::move(text), apartment);
+inline Text RunOver(const Chain& chain, Text text) {
+  Rewriting rewriting(std::move(text));
   Run(chain, rewriting);
   return rewriting.Take();
 }

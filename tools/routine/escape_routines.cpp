@@ -1,6 +1,7 @@
 // The hexadecimal escapes, the decoder of code pages and its tables.
 #include "platform/code_pages.h"
 #include "registry.h"
+#include "rtf_to_html/hex_escapes.h"
 #include "text/failure.h"
 
 namespace quillary::routine {
@@ -31,8 +32,23 @@ void AddDecoder(Registry& registry) {
   });
 }
 
+void AddEscapes(Registry& registry) {
+  registry.Add("DecodeHexEscapes", {Kind::Text, Kind::Text}, [](Call& call) {
+    call.result = ToJson(modQuillary::DecodeHexEscapes(call.apartment(), call.text(0), call.text(1)));
+  });
+  registry.Add("MapWesternBytes", {Kind::Text},
+               [](Call& call) { call.result = ToJson(modQuillary::MapWesternBytes(call.text(0))); });
+  registry.Add("SegmentHexEscapes", {Kind::Text, Kind::Text}, [](Call& call) {
+    modQuillary::SegmentHexEscapes(call.apartment(), call.text(0), call.text(1));
+    call.result = ToJson(call.text(0));
+  });
+}
+
 }  // namespace
 
-void AddEscapeRoutines(Registry& registry) { AddDecoder(registry); }
+void AddEscapeRoutines(Registry& registry) {
+  AddEscapes(registry);
+  AddDecoder(registry);
+}
 
 }  // namespace quillary::routine

@@ -75,8 +75,11 @@ const Registry& AllRoutines() {
     AddTextRoutines(all);
     AddDriverRoutines(all);
     AddEscapeRoutines(all);
+    AddSegmentRoutines(all);
+    AddLinkRoutines(all);
     AddTableRoutines(all);
     AddEntityRoutines(all);
+    AddFinishingRoutines(all);
     return all;
   }();
   return registry;

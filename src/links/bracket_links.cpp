@@ -1,0 +1,53 @@
+#include "links/bracket_links.h"
+
+#include "links/link_lists.h"
+#include "links/link_stretch.h"
+#include "links/page_text.h"
+
+namespace quillary::links {
+namespace {
+
+constexpr std::int32_t longest_link = 100;
+constexpr std::size_t longest_stretch_without_link = 3;
+
+Text AnchorOf(TextView link, TextView prefix) {
+  TextView scheme;
+  if (prefix.find(u"file:") != TextView::npos) {
+    scheme = u"file://";
+  } else if (prefix.find(u"mailto:") != TextView::npos) {
+    scheme = u"mailto:";
+  }
+  return Text(u"<a href=\"").append(scheme).append(link).append(u"\">").append(link).append(u"</a>");
+}
+
+}  // namespace
+
+void ScanBracketLinks(RtfToHtmlState& state, TextView copy) {
+  state.FoundLinks.Size(found_capacity);
+  PageText page(copy);
+  LinkStretches stretches(state, page);
+  std::int32_t count = 1;
+  while (stretches.Next(false, longest_link)) {
+    Text link = stretches.UpToEnd();
+    if (link.size() > longest_stretch_without_link) {
+      const Text through = stretches.ThroughEnd();
+      if (through.ends_with(u"&gt;")) link = through.substr(0, through.size() - 4);
+      state.FoundLinks.Set(count, link);
+      const Text anchor = AnchorOf(link, stretches.prefix());
+      if (!link.empty()) {
+        // The bracket behind the link goes with it; where there is none, it is
+        // the four units that stand there.
+        const auto prefix_units = static_cast<std::int32_t>(stretches.prefix().size());
+        page.Replace(stretches.start() - prefix_units,
+                     prefix_units + static_cast<std::int32_t>(link.size()) + 4, anchor);
+      }
+      stretches.MoveCursor(static_cast<std::int64_t>(anchor.size()) - static_cast<std::int64_t>(link.size()));
+      if (++count > found_limit) break;
+    }
+    if (stretches.start() > page.Size() - 2) break;
+  }
+  state.FoundLinks.Set(count, u"");
+  state.HtmlOut = page.Take();
+}
+
+}  // namespace quillary::links

@@ -1,0 +1,41 @@
+// The words "&lt;...&gt;" of a page that is edited from left to right. A label
+// is turned into an anchor where the text "label &lt;target&gt; " stands first
+// in the whole page; looking such words up by what they hold spares a search of
+// the page for each label.
+#pragma once
+
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+#include "links/page_text.h"
+
+namespace quillary::links {
+
+/// Knows every word between two blanks that begins with "&lt;" and ends with
+/// "&gt;", case ignored. Changes to the page may destroy such words, but must
+/// not make new ones.
+class BracketedWords {
+ public:
+  explicit BracketedWords(PageText& page);
+
+  /// To be called before each change of the page: nothing in front of this
+  /// position will change any more.
+  void Settle(const PageText& page, std::int32_t before);
+
+  /// Position of the first `text` in the page, case ignored, or 0. The text is
+  /// a label, a blank, a bracketed word and a blank; the word begins at the
+  /// 0-based `word_at` and is the only one in it.
+  std::int32_t First(const PageText& page, TextView text, std::size_t word_at) const;
+
+ private:
+  std::int32_t PositionOf(const PageText& page, std::size_t index) const;
+
+  // In the order of the page. Settled words are counted from the page's start,
+  // the others from its end.
+  std::vector<std::int32_t> words_;
+  std::size_t settled_ = 0;
+  std::unordered_map<std::uint64_t, std::vector<std::size_t>> by_content_;
+};
+
+}  // namespace quillary::links

@@ -1,0 +1,232 @@
+#include "links/email_addresses.h"
+
+#include <algorithm>
+#include <array>
+
+#include "links/leftmost_literal.h"
+#include "links/link_lists.h"
+#include "links/page_text.h"
+#include "text/search.h"
+
+namespace quillary::links {
+namespace {
+
+// What no address holds in front of its last at sign, and behind its first:
+// the lists differ in the exclamation mark.
+constexpr TextView forbidden_in_front = u", :<'\">`/\\+=|()&^%~$";
+constexpr TextView forbidden_behind = u", :\"'<>`\\/+=|()&^%!$~";
+
+// What breaks an address, in the order in which it is looked for.
+constexpr TextView breaks = u"\n\r?#}{()[]*!£$\t; ";
+
+constexpr std::size_t most_words = 30000;
+
+constexpr TextView mark_in_front = u"&lt;mailto:";
+constexpr TextView mark_behind = u"&gt;";
+
+/// A stretch of a text by its 0-based offsets.
+struct Piece {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+Piece StripFringe(TextView word) {
+  Piece piece{0, word.size()};
+  const std::size_t last_at = word.rfind(u'@');
+  if (last_at == TextView::npos) return piece;
+  const std::size_t front = word.substr(0, last_at).find_last_of(forbidden_in_front);
+  if (front != TextView::npos) piece.begin = front + 1;
+  const std::size_t first_at = word.find(u'@', piece.begin);
+  piece.end = std::min(word.find_first_of(forbidden_behind, first_at), word.size());
+  return piece;
+}
+
+// The first place of a unit in what is left of a word that is cut at both ends.
+class FirstPlace {
+ public:
+  explicit FirstPlace(char16_t unit = u'\0') : unit_(unit) {}
+
+  /// The offset, or npos if the piece does not hold the unit. The begin must
+  /// not be before that of an earlier call.
+  std::size_t In(TextView word, Piece piece) {
+    if (!known_ || (place_ != TextView::npos && place_ < piece.begin)) {
+      place_ = word.find(unit_, piece.begin);
+      known_ = true;
+    }
+    return place_ < piece.end ? place_ : TextView::npos;
+  }
+
+ private:
+  char16_t unit_;
+  bool known_ = false;
+  std::size_t place_ = TextView::npos;
+};
+
+Piece TrimEdges(TextView word, Piece piece) {
+  FirstPlace at_sign(u'@');
+  std::array<FirstPlace, breaks.size()> places;
+  for (std::size_t i = 0; i < breaks.size(); ++i) places[i] = FirstPlace(breaks[i]);
+  const auto edge = [&] {
+    for (const char16_t unit : {u'@', u'-', u'.'}) {
+      if (piece.begin == piece.end) return false;
+      if (word[piece.end - 1] == unit) {
+        --piece.end;
+        return true;
+      }
+      if (word[piece.begin] == unit) {
+        ++piece.begin;
+        return true;
+      }
+    }
+    return false;
+  };
+  const auto broken = [&] {
+    for (FirstPlace& places_of_break : places) {
+      const std::size_t place = places_of_break.In(word, piece);
+      if (place == TextView::npos) continue;
+      const std::size_t at = at_sign.In(word, piece);
+      if (at == TextView::npos || place >= at) {
+        --piece.end;
+      } else {
+        ++piece.begin;
+      }
+      return true;
+    }
+    return false;
+  };
+  while (edge() || broken()) continue;
+  return piece;
+}
+
+bool IsAddress(TextView candidate) {
+  if (candidate.find(u'@') == TextView::npos || candidate.find(u'.') == TextView::npos) return false;
+  for (const TextView wrong : {u"@.", u".@", u"-.", u".-", u"@-", u"-@"}) {
+    if (candidate.find(wrong) != TextView::npos) return false;
+  }
+  return true;
+}
+
+// Where the address stands in the stretch; an empty piece if there is none.
+Piece FindAddress(TextView stretch) {
+  if (stretch.size() < 4) return {};
+  // More words than this are not looked at. A stretch that ends in a blank has
+  // an empty last word.
+  std::size_t words = std::min(most_words, stretch.size() + 20);
+  for (std::size_t begin = 0; words > 0; --words) {
+    const std::size_t blank = stretch.find(u' ', begin);
+    const std::size_t end = blank == TextView::npos ? stretch.size() : blank + 1;
+    const TextView word = stretch.substr(begin, end - begin);
+    if (word.find(u'@') != TextView::npos) {
+      const Piece piece = TrimEdges(word, StripFringe(word));
+      if (IsAddress(word.substr(piece.begin, piece.end - piece.begin))) {
+        return {begin + piece.begin, begin + piece.end};
+      }
+    }
+    if (blank == TextView::npos) break;
+    begin = end;
+  }
+  return {};
+}
+
+class EmailScan {
+ public:
+  EmailScan(RtfToHtmlState& state, PageText& page)
+      : state_(state), page_(page), delimiters_(state.LinkDelimiters, state.LinkDelimiters.upper()) {}
+
+  // From the first at sign on. Returns the number of the entry behind the last.
+  std::int32_t Run(std::int32_t at) {
+    while (at > 0) {
+      FindWord(at);
+      if (word_.size() > 3 && LinkAddress() && ++count_ > found_limit) break;
+      at = NextAtSign(right_);
+      if (at > page_.Size() - 4) break;
+    }
+    return count_;
+  }
+
+  std::int32_t NextAtSign(std::int32_t from) {
+    const std::size_t offset = Finder(u"@", Compare::Binary).Next(page_.From(from), 0);
+    return offset == Finder::npos ? 0 : from + static_cast<std::int32_t>(offset);
+  }
+
+ private:
+  void FindWord(std::int32_t at);
+  bool LinkAddress();
+
+  RtfToHtmlState& state_;
+  PageText& page_;
+  LeftmostLiteral delimiters_;
+  std::int32_t count_ = 1;
+  std::int32_t left_ = 0;
+  std::int32_t right_ = 0;
+  Text word_;
+  Text previous_;
+};
+
+void EmailScan::FindWord(std::int32_t at) {
+  const TextView rest = page_.From(at);
+  const auto delimiter = delimiters_.Next(rest, 1, rest.size() - 1);
+  right_ = delimiter ? at + static_cast<std::int32_t>(delimiter->offset) : page_.Size();
+  left_ = at - 1;
+  while (left_ > 0 && !delimiters_.HasUnit(page_.At(left_))) --left_;
+  if (left_ > 0) --left_;
+  if (page_.StandsAt(right_ - 1, u".", Compare::Binary)) --right_;
+  // The word begins behind the delimiter, or with the page's second unit.
+  Attempt([&] { word_ = page_.Mid(left_ + 2, right_ - left_ - 2); });
+}
+
+bool EmailScan::LinkAddress() {
+  const Piece place = FindAddress(word_);
+  if (place.begin == place.end) return false;
+  const Text address = word_.substr(place.begin, place.end - place.begin);
+  const auto units = static_cast<std::int32_t>(address.size());
+  state_.FoundEmails.Set(count_, address);
+  const Text anchor =
+      Text(u"<a href=\"mailto:").append(address).append(u"\">").append(address).append(u"</a>");
+  const std::int32_t own = left_ + 2 + static_cast<std::int32_t>(place.begin);
+  const auto front_units = static_cast<std::int32_t>(mark_in_front.size());
+  if (address == previous_ && page_.StandsAt(own - front_units, mark_in_front, Compare::Binary) &&
+      page_.StandsAt(own + units, mark_behind, Compare::Binary)) {
+    // The same address again in brackets goes, with the blank in front of it.
+    const std::int32_t begin = own - front_units - 1;
+    const auto behind_units = static_cast<std::int32_t>(mark_behind.size());
+    if (begin > 0) page_.Replace(begin, 1 + front_units + units + behind_units, {});
+    previous_.clear();
+  } else {
+    // The anchor takes the place of the word's beginning, also where the
+    // address does not stand there.
+    page_.Replace(left_ + 2, units, anchor);
+    previous_ = address;
+  }
+  right_ += static_cast<std::int32_t>(anchor.size()) - units;
+  return true;
+}
+
+}  // namespace
+
+void ScanEmailAddresses(RtfToHtmlState& state, TextView copy) {
+  state.FoundEmails.Size(found_capacity);
+  const std::int32_t at = FindText(1, copy, u"@");
+  std::int32_t next_entry = 1;
+  Text html(copy);
+  if (at > 0) {
+    PageText page(copy);
+    next_entry = EmailScan(state, page).Run(at);
+    html = page.Take();
+  }
+  state.FoundEmails.Set(next_entry, u"");
+  state.HtmlOut = std::move(html);
+}
+
+Text ExtractEmailAddress(TextView stretch) {
+  const Piece place = FindAddress(stretch);
+  return Text(stretch.substr(place.begin, place.end - place.begin));
+}
+
+Text StripEmailFringe(Text& word) {
+  const Piece piece = StripFringe(word);
+  word = word.substr(piece.begin, piece.end - piece.begin);
+  return word;
+}
+
+}  // namespace quillary::links

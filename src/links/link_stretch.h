@@ -1,0 +1,44 @@
+// How both scans of links walk a page: from prefix to prefix, each time over
+// the stretch of text up to the next delimiter.
+#pragma once
+
+#include "apartment/rtf_to_html_state.h"
+#include "links/leftmost_literal.h"
+#include "links/page_text.h"
+
+namespace quillary::links {
+
+class LinkStretches {
+ public:
+  /// Throws Failure: subscript if the lists of the state were never sized,
+  /// argument for an empty page. The lists and the page must outlive it.
+  LinkStretches(const RtfToHtmlState& state, PageText& page);
+
+  /// Goes on to the leftmost prefix at or behind the cursor. The stretch begins
+  /// with the prefix or behind it and ends with the next delimiter, at the
+  /// latest `longest` units further on; the cursor then stands at this end. A
+  /// full stop in front of the end is not part of the stretch. False when there
+  /// is no prefix any more.
+  bool Next(bool with_prefix, std::int32_t longest);
+
+  TextView prefix() const { return prefix_; }
+  std::int32_t start() const { return start_; }
+  std::int32_t end() const { return end_; }
+  /// The text from the start up to the end, and with the unit at the end.
+  Text UpToEnd() const;
+  Text ThroughEnd() const;
+
+  void MoveCursor(std::int64_t units) { cursor_ += static_cast<std::int32_t>(units); }
+
+ private:
+  PageText& page_;
+  LeftmostLiteral prefixes_;
+  LeftmostLiteral delimiters_;
+  LeftmostLiteral delimiters_of_paths_;
+  TextView prefix_;
+  std::int32_t cursor_ = 1;
+  std::int32_t start_ = 0;
+  std::int32_t end_ = 0;
+};
+
+}  // namespace quillary::links

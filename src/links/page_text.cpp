@@ -1,0 +1,100 @@
+#include "links/page_text.h"
+
+#include <algorithm>
+
+#include "text/case_folding.h"
+#include "text/failure.h"
+#include "text/limits.h"
+
+namespace quillary::links {
+namespace {
+
+// Room for the first dozens of anchors.
+constexpr std::size_t least_gap = 4096;
+
+}  // namespace
+
+PageText::PageText(TextView text) : gap_end_(least_gap + text.size() / 4) {
+  buffer_.reserve(gap_end_ + text.size());
+  buffer_.assign(gap_end_, u'\0');
+  buffer_.append(text);
+  Size();
+}
+
+std::int32_t PageText::Size() const { return Length(TextView(buffer_).substr(gap_end_ - gap_begin_)); }
+
+char16_t PageText::At(std::int32_t position) const {
+  const auto offset = static_cast<std::size_t>(position) - 1;
+  return buffer_[offset < gap_begin_ ? offset : offset + (gap_end_ - gap_begin_)];
+}
+
+Text PageText::Mid(std::int32_t start, std::int32_t count) const {
+  if (start < 1 || count < 0) throw Failure(Failure::Kind::Argument);
+  const TextView page(buffer_);
+  auto offset = static_cast<std::size_t>(start) - 1;
+  auto units = static_cast<std::size_t>(count);
+  Text result;
+  if (offset < gap_begin_) {
+    result = page.substr(offset, std::min(units, gap_begin_ - offset));
+    offset += result.size();
+    units -= result.size();
+  }
+  offset += gap_end_ - gap_begin_;
+  if (units > 0 && offset < page.size()) result += page.substr(offset, units);
+  return result;
+}
+
+bool PageText::StandsAt(std::int32_t start, TextView text, Compare mode) const {
+  if (start < 1 || std::int64_t{start} - 1 + Length(text) > Size()) return false;
+  for (const char16_t wanted : text) {
+    const char16_t unit = At(start++);
+    if (unit != wanted && (mode == Compare::Binary || FoldUnit(unit) != FoldUnit(wanted))) return false;
+  }
+  return true;
+}
+
+TextView PageText::From(std::int32_t start) {
+  const auto offset = static_cast<std::size_t>(start) - 1;
+  if (offset < gap_begin_) MoveGap(offset);
+  const std::size_t behind_gap = gap_end_ + (offset - gap_begin_);
+  return behind_gap < buffer_.size() ? TextView(buffer_).substr(behind_gap) : TextView();
+}
+
+void PageText::Replace(std::int32_t start, std::int32_t count, TextView with) {
+  MoveGap(static_cast<std::size_t>(start) - 1);
+  gap_end_ += std::min(static_cast<std::size_t>(count), buffer_.size() - gap_end_);
+  if (gap_end_ - gap_begin_ < with.size()) Widen(with.size());
+  std::copy(with.begin(), with.end(), buffer_.begin() + static_cast<std::ptrdiff_t>(gap_begin_));
+  gap_begin_ += with.size();
+}
+
+Text PageText::Take() {
+  buffer_.erase(gap_begin_, gap_end_ - gap_begin_);
+  gap_begin_ = gap_end_ = 0;
+  return std::move(buffer_);
+}
+
+void PageText::MoveGap(std::size_t offset) {
+  const auto at = [this](std::size_t place) { return buffer_.begin() + static_cast<std::ptrdiff_t>(place); };
+  if (offset < gap_begin_) {
+    const std::size_t units = gap_begin_ - offset;
+    std::copy_backward(at(offset), at(gap_begin_), at(gap_end_));
+    gap_begin_ -= units;
+    gap_end_ -= units;
+  } else {
+    const std::size_t units = std::min(offset - gap_begin_, buffer_.size() - gap_end_);
+    std::copy(at(gap_end_), at(gap_end_ + units), at(gap_begin_));
+    gap_begin_ += units;
+    gap_end_ += units;
+  }
+}
+
+void PageText::Widen(std::size_t units) {
+  const std::size_t size = buffer_.size() - (gap_end_ - gap_begin_);
+  if (size + units > limits::working_units) throw LimitReached(LimitReached::Limit::Growth);
+  const std::size_t more = units + least_gap + size / 4;
+  buffer_.insert(gap_end_, more, u'\0');
+  gap_end_ += more;
+}
+
+}  // namespace quillary::links

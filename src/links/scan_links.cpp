@@ -1,0 +1,181 @@
+#include "links/scan_links.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "links/bracketed_words.h"
+#include "links/link_lists.h"
+#include "links/link_stretch.h"
+#include "links/page_text.h"
+#include "rules/sentinels.h"
+
+namespace quillary::links {
+namespace {
+
+constexpr std::int32_t longest_link = 200;
+constexpr std::size_t longest_stretch_without_link = 3;
+
+bool Contains(TextView text, TextView find) { return text.find(find) != TextView::npos; }
+
+Text Anchor(TextView target, TextView label) {
+  return Text(u"<a href=\"").append(target).append(u"\">").append(label).append(u"</a>");
+}
+
+Text AnchorOf(TextView link, TextView prefix) {
+  if (ToLower(link.substr(0, 3)) == u"www") return Anchor(Text(u"http://").append(link), link);
+  if (Contains(prefix, u":\\") && !Contains(prefix, u"file:\\\\")) {
+    return Anchor(Text(u"file://").append(link), link);
+  }
+  return Anchor(link, link);
+}
+
+// Whether a text with an at sign in it is a link nevertheless: an address with
+// a user name and a colon behind the scheme. Every other one is a mail address
+// or nothing.
+bool IsLink(TextView candidate) {
+  const std::size_t at = candidate.find(u'@');
+  if (at == TextView::npos || candidate.find(u'.', at) == TextView::npos) return true;
+  const std::size_t colon = candidate.rfind(u':');
+  return colon != TextView::npos && colon < at && colon >= 7 &&
+         candidate.find(u'@', at + 1) == TextView::npos;
+}
+
+bool IsPicture(TextView link) {
+  return link.ends_with(u".gif") || link.ends_with(u".jpg") || link.ends_with(u".jpeg") ||
+         link.ends_with(u".png");
+}
+
+class LinkScan {
+ public:
+  LinkScan(RtfToHtmlState& state, TextView copy) : state_(state), page_(copy), stretches_(state, page_) {
+    const std::int32_t last = state.LinkDelimiters.upper() - delimiters_of_addresses_only;
+    bool blank_ends_links = false;
+    for (std::int32_t i = 1; i <= last; ++i) blank_ends_links |= state.LinkDelimiters[i] == u" ";
+    bool blank_in_prefix = false;
+    for (std::int32_t i = 1; i <= state.LinkPrefixes.upper(); ++i) {
+      blank_in_prefix |= Contains(state.LinkPrefixes[i], u" ");
+    }
+    links_have_no_blanks_ = blank_ends_links && !blank_in_prefix;
+  }
+
+  void Run() {
+    while (stretches_.Next(true, longest_link)) {
+      if (stretches_.UpToEnd().size() > longest_stretch_without_link) {
+        Treat();
+        if (++count_ > found_limit) break;
+      }
+      if (stretches_.start() > page_.Size() - 4) break;
+    }
+    state_.FoundLinks.Set(count_, u"");
+    state_.HtmlOut = page_.Take();
+  }
+
+ private:
+  void Treat();
+  bool PutLabelled(Text& anchor);
+  bool TargetFollows();
+  std::int32_t NextBlank(std::int32_t from);
+  std::int32_t FirstPlace(TextView text, std::size_t word_at);
+  void Put(std::int32_t start, std::size_t count, TextView with);
+
+  RtfToHtmlState& state_;
+  PageText page_;
+  LinkStretches stretches_;
+  std::int32_t count_ = 1;
+  Text label_;
+  // Where no link holds a blank, no anchor makes a bracketed word.
+  bool links_have_no_blanks_ = false;
+  std::optional<BracketedWords> words_;
+  // The last blank looked up, as a distance from the end of the page.
+  std::optional<std::int32_t> blank_;
+};
+
+void LinkScan::Treat() {
+  const std::int32_t start = stretches_.start();
+  Text link = stretches_.ThroughEnd();
+  const bool closed = link.ends_with(u"&gt;");
+  if (closed) {
+    link.resize(link.size() - 4);
+  } else {
+    link = stretches_.UpToEnd();
+    // No link, but it is counted like one.
+    if (!IsLink(link)) link.clear();
+  }
+  state_.FoundLinks.Set(count_, link);
+  Text anchor = AnchorOf(link, stretches_.prefix());
+  if (!link.empty()) {
+    ReplaceIn(anchor, u"@", sentinels::at_sign);
+    if (closed && page_.StandsAt(start - 4, u"&lt;", Compare::Binary)) {
+      if (IsPicture(link)) {
+        Put(start - 4, link.size() + 8, Text(u"<img border=\"0\" src=\"").append(link).append(u"\">"));
+      } else {
+        Put(start, link.size(), anchor);
+      }
+    } else if (!PutLabelled(anchor)) {
+      Put(start, link.size(), anchor);
+    }
+  }
+  stretches_.MoveCursor(static_cast<std::int64_t>(anchor.size()) - static_cast<std::int64_t>(link.size()));
+}
+
+// A text that is followed by its target in brackets becomes the label of one
+// anchor, where such text stands first in the page. False if no target follows.
+bool LinkScan::PutLabelled(Text& anchor) {
+  if (!TargetFollows()) return false;
+  const std::int32_t start = stretches_.start();
+  const std::int32_t target_at = stretches_.end() + 5;
+  const TextView behind = page_.From(target_at);
+  const Text target(behind.substr(0, behind.find(u"&gt;")));
+  // Up to two units in front of the bracket, which is where the blank begins.
+  Attempt([&] { label_ = page_.Mid(start, FindText(1, page_.From(start), u"&lt;") - 2); });
+  anchor = Anchor(target, label_);
+  const Text found = Text(label_).append(u" &lt;").append(target).append(u"&gt; ");
+  const std::int32_t place = FirstPlace(found, label_.size() + 1);
+  if (place > 0) {
+    Put(place, found.size(), anchor);
+    if (place != start) {
+      // A change elsewhere: what was counted from here is not where it was.
+      words_.reset();
+      blank_.reset();
+    }
+  }
+  return true;
+}
+
+// Whether a bracket opens behind the unit at the end of the stretch, and
+// another closes right in front of the next blank.
+bool LinkScan::TargetFollows() {
+  const std::int32_t opening = stretches_.end() + 1;
+  if (!page_.StandsAt(opening, u"&lt;", Compare::Binary)) return false;
+  const std::int32_t blank = NextBlank(opening + 1);
+  return blank > 0 && page_.StandsAt(blank - 4, u"&gt;", Compare::Binary);
+}
+
+std::int32_t LinkScan::NextBlank(std::int32_t from) {
+  const std::int32_t size = page_.Size();
+  if (!blank_ || size - *blank_ < from) {
+    const std::size_t offset = page_.From(from).find(u' ');
+    blank_ = offset == TextView::npos ? -1 : size - from - static_cast<std::int32_t>(offset);
+  }
+  return *blank_ < 0 ? 0 : size - *blank_;
+}
+
+std::int32_t LinkScan::FirstPlace(TextView text, std::size_t word_at) {
+  if (!links_have_no_blanks_) return FindText(1, page_.From(1), text, Compare::IgnoreCase);
+  if (!words_) words_.emplace(page_);
+  return words_->First(page_, text, word_at);
+}
+
+void LinkScan::Put(std::int32_t start, std::size_t count, TextView with) {
+  if (words_) words_->Settle(page_, start);
+  page_.Replace(start, static_cast<std::int32_t>(count), with);
+}
+
+}  // namespace
+
+void ScanLinks(RtfToHtmlState& state, TextView copy) {
+  state.FoundLinks.Size(found_capacity);
+  LinkScan(state, copy).Run();
+}
+
+}  // namespace quillary::links

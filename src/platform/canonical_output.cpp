@@ -1,0 +1,146 @@
+#include "platform/canonical_output.h"
+
+#include "platform/byte_text.h"
+#include "platform/document_model.h"
+
+namespace quillary::platform::rtf {
+namespace {
+
+constexpr char16_t kHexDigits[] = u"0123456789abcdef";
+
+bool BeginsEntity(char16_t unit) {
+  return unit == u'#' || (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
+}
+
+/// Whether a unit is written as a control word or an escape, or is a mark that is.
+bool IsWrittenAsWord(char16_t unit) {
+  return unit > u'~' || unit == marks::kTab || unit == marks::kLine || unit == marks::kCell || unit == marks::kRow;
+}
+
+}  // namespace
+
+bool NeedsSpelling(char16_t unit) {
+  return unit > u'~' || unit < u' ' || unit == u'\\' || unit == u'{' || unit == u'}' || unit == u'&' || unit == u'?';
+}
+
+void CanonicalOutput::SettleBlank() {
+  if (!blank_due_) return;
+  text_ += u' ';
+  blank_due_ = false;
+  in_unicode_ = false;
+}
+
+void CanonicalOutput::Raw(TextView raw) {
+  text_ += raw;
+  blank_due_ = false;
+  ends_in_backslash_ = false;
+  if (in_unicode_ && raw.find(u' ') != TextView::npos) in_unicode_ = false;
+}
+
+void CanonicalOutput::Spell(TextView text) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    Character(text[at], at + 1 < text.size() ? text[at + 1] : u'\0', false);
+  }
+}
+
+void CanonicalOutput::Plain(TextView plain) {
+  SettleBlank();
+  text_ += plain;
+  ends_in_backslash_ = false;
+  if (in_unicode_ && plain.find(u' ') != TextView::npos) in_unicode_ = false;
+}
+
+void CanonicalOutput::Unicode(std::int32_t number) {
+  SettleBlank();
+  text_ += u"\\u" + Decimal(number) + u"?";
+  in_unicode_ = true;
+  ends_in_backslash_ = false;
+}
+
+// An escape straight behind an escaped backslash is read as text.
+void CanonicalOutput::Escape(unsigned char byte) {
+  const char16_t escape[] = {u'\\', u'\'', kHexDigits[byte >> 4], kHexDigits[byte & 0xF]};
+  SettleBlank();
+  text_.append(escape, 4);
+}
+
+void CanonicalOutput::Name(TextView word, char16_t character) {
+  if (ends_in_backslash_) {
+    Unicode(character);
+    return;
+  }
+  SettleBlank();
+  Words(word);
+}
+
+void CanonicalOutput::SymbolByte(unsigned char byte, char16_t next, bool words_follow) {
+  if (byte <= u'~') {
+    const bool next_is_word = next >= kSymbolBase + 0x80 && next <= kSymbolBase + 0xFF;
+    const char16_t next_byte = next > kSymbolBase && !next_is_word ? static_cast<char16_t>(next - kSymbolBase) : next;
+    Character(byte, next_byte, words_follow);
+  } else {
+    Escape(byte);
+    ends_in_backslash_ = false;
+  }
+}
+
+void CanonicalOutput::Character(char16_t unit, char16_t next, bool words_follow) {
+  switch (unit) {
+    case u'\\':
+      // In front of a word it would swallow that word's own backslash.
+      if (words_follow || IsWrittenAsWord(next)) {
+        Unicode(unit);
+      } else {
+        SettleBlank();
+        text_ += u"\\\\";
+        ends_in_backslash_ = true;
+      }
+      return;
+    case u'{':
+      SettleBlank();
+      text_ += u"\\{";
+      break;
+    case u'}':
+      SettleBlank();
+      text_ += u"\\}";
+      break;
+    case u'&':
+      // The page does not escape it.
+      if (BeginsEntity(next)) return Unicode(unit);
+      return Plain({&unit, 1});
+    case u'?':
+      // It would be taken for the end of the \u word in front of it.
+      if (in_unicode_ && !blank_due_) return Unicode(unit);
+      return Plain({&unit, 1});
+    case 0xA0:
+      if (ends_in_backslash_) return Unicode(unit);
+      SettleBlank();
+      text_ += u"\\~";
+      break;
+    case 0x2013:
+      return Name(u"\\endash", unit);
+    case 0x2014:
+      return Name(u"\\emdash", unit);
+    case 0x2018:
+      return Name(u"\\lquote", unit);
+    case 0x2019:
+      return Name(u"\\rquote", unit);
+    case 0x201C:
+      return Name(u"\\ldblquote", unit);
+    case 0x201D:
+      return Name(u"\\rdblquote", unit);
+    case 0x2022:
+      return Name(u"\\bullet", unit);
+    default: {
+      if (unit >= u' ' && unit <= u'~') return Plain({&unit, 1});
+      const int byte = unit >= 0xA0 || unit == 0x81 || unit == 0x8D || unit == 0x8F || unit == 0x90 || unit == 0x9D
+                           ? RawByte(unit)
+                           : -1;
+      if (byte < 0 || ends_in_backslash_) return Unicode(unit);
+      Escape(static_cast<unsigned char>(byte));
+    }
+  }
+  ends_in_backslash_ = false;
+}
+
+}  // namespace quillary::platform::rtf

@@ -1,0 +1,379 @@
+#include "platform/canonical_writer.h"
+
+#include <algorithm>
+
+#include "platform/canonical_output.h"
+#include "platform/canonical_tables.h"
+
+namespace quillary::platform::rtf {
+namespace {
+
+constexpr std::size_t kPictureLine = 39;  // bytes
+
+bool IsHigh(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
+bool IsLow(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
+
+void AppendNumber(Text& words, TextView word, std::int32_t number) {
+  words += word;
+  words += Decimal(number);
+}
+
+/// The formatting that is in force, in the numbers of the tables.
+struct WrittenFormat {
+  std::int32_t font = -1;
+  std::int32_t size = -1;
+  std::int32_t colour = 0;
+  std::int32_t highlight = 0;
+  std::int32_t language = 0;
+  std::int32_t spacing = 0;
+  std::int32_t rise = 0;
+  std::uint16_t effects = 0;
+};
+
+class Writer {
+ public:
+  explicit Writer(const Document& document)
+      : document_(document), tables_(document), output_(tables_.Header() + u"\\viewkind4\\uc1") {
+    if (tables_.StartsInFontZero()) format_.font = 0;
+    format_.language = document.language;
+  }
+
+  Text Write();
+
+ private:
+  WrittenFormat Written(std::uint32_t id) const;
+  /// The words that lead from the formatting in force to another.
+  Text ChangeWords(const WrittenFormat& to) const;
+  std::size_t RunEnd(std::size_t run) const;
+
+  void AddWords(const Text& words) {
+    if (!words.empty()) output_.Words(words);
+  }
+  void WriteParagraphStart(std::size_t index);
+  void WriteText(std::size_t begin, std::size_t end);
+  void WriteStretch(std::size_t begin, std::size_t end, bool words_follow, bool symbol);
+  std::size_t WriteUnit(std::size_t at, bool words_follow, bool symbol);
+  void WriteMark(char16_t mark);
+  void WriteInline();
+  void WritePicture(const Picture& picture);
+  void WriteData(const std::string& data);
+  void WriteLabel(const ListFormat& list, const Paragraph& paragraph, bool with_list);
+  void WriteAffix(TextView word, const Text& affix);
+  void WriteRowDefinition(std::uint32_t row);
+  Text ParagraphWords(const ParagraphFormat& format, const Paragraph& paragraph) const;
+  bool IsTypedItem(const Paragraph& paragraph) const;
+  void AppendIndents(Text& words, const ParagraphFormat& format, bool is_item) const;
+
+  const Document& document_;
+  CanonicalTables tables_;
+  CanonicalOutput output_;
+  WrittenFormat format_;
+  std::size_t run_ = 0;
+  std::size_t inline_ = 0;
+  std::size_t begin_ = 0;  // of the paragraph
+  bool item_start_ = false;
+  std::uint32_t last_list_ = 0;
+  std::uint32_t last_row_ = 0;
+  std::size_t repeated_ = 0;  // units of row definitions
+};
+
+WrittenFormat Writer::Written(std::uint32_t id) const {
+  const CharacterFormat& format = document_.characters[id];
+  return {.font = tables_.FontNumber(format.font),
+          .size = format.size,
+          .colour = tables_.ColourNumber(format.colour),
+          .highlight = tables_.ColourNumber(format.highlight),
+          .language = format.language != 0 ? format.language : document_.language,
+          .spacing = format.spacing,
+          .rise = format.rise,
+          .effects = format.effects};
+}
+
+Text Writer::ChangeWords(const WrittenFormat& to) const {
+  const WrittenFormat& from = format_;
+  Text words;
+  const auto changes = [&](std::uint16_t effect) { return ((from.effects ^ to.effects) & effect) != 0; };
+  const auto switches = [&](std::uint16_t effect, TextView on, TextView off) {
+    if (changes(effect)) words += (to.effects & effect) != 0 ? on : off;
+  };
+  if (from.colour != to.colour) AppendNumber(words, u"\\cf", to.colour);
+  if (from.highlight != to.highlight) AppendNumber(words, u"\\highlight", to.highlight);
+  if (from.spacing != to.spacing) AppendNumber(words, u"\\expndtw", to.spacing);
+  if (from.language != to.language) AppendNumber(words, u"\\lang", to.language);
+  switches(kUnderline, u"\\ul", u"\\ulnone");
+  switches(kBold, u"\\b", u"\\b0");
+  switches(kItalic, u"\\i", u"\\i0");
+  switches(kStrike, u"\\strike", u"\\strike0");
+  if (changes(kSuperscript | kSubscript)) {
+    const bool is_super = (to.effects & kSuperscript) != 0;
+    words += is_super ? u"\\super" : (to.effects & kSubscript) != 0 ? u"\\sub" : u"\\nosupersub";
+  }
+  if (from.rise != to.rise) AppendNumber(words, to.rise < 0 ? u"\\dn" : u"\\up", std::abs(to.rise));
+  if (from.font != to.font) AppendNumber(words, u"\\f", to.font);
+  if (from.size != to.size) AppendNumber(words, u"\\fs", to.size);
+  return words;
+}
+
+std::size_t Writer::RunEnd(std::size_t run) const {
+  return run + 1 < document_.runs.size() ? document_.runs[run + 1].begin : document_.text.size();
+}
+
+Text Writer::Write() {
+  bool after_row = false;
+  for (std::size_t index = 0; index < document_.paragraphs.size(); ++index) {
+    const Paragraph& paragraph = document_.paragraphs[index];
+    const ParagraphFormat& format = document_.formats[paragraph.format];
+    if (index > 0) output_.Raw(after_row ? u"\r\n" : u"\r\n\\par ");
+    WriteParagraphStart(index);
+    item_start_ = format.list != 0;
+    WriteText(begin_, paragraph.end);
+    if (format.row == 0) output_.SettleBlank();
+    after_row = format.row != 0;
+    begin_ = paragraph.end;
+  }
+  output_.Raw(u"\r\n\\par }");
+  return output_.Take();
+}
+
+/// A paragraph in the format of the one before says nothing of it. Its
+/// character words stand in front of a bullet or a row; behind "\pard" they
+/// stand last.
+void Writer::WriteParagraphStart(std::size_t index) {
+  const Paragraph& paragraph = document_.paragraphs[index];
+  const ParagraphFormat& format = document_.formats[paragraph.format];
+  const ListFormat& list = document_.lists[format.list];
+  if (paragraph.stray_bullet && last_list_ != 0) WriteLabel(document_.lists[last_list_], paragraph, false);
+  const WrittenFormat first = Written(document_.runs[run_].format);
+  const Text character_words = ChangeWords(first);
+  const bool changes = index == 0 || paragraph.format != document_.paragraphs[index - 1].format;
+  if (changes) {
+    if (format.row != 0) WriteRowDefinition(format.row);
+    output_.Words(u"\\pard");
+    if (format.list != 0) WriteLabel(list, paragraph, true);
+    AddWords(ParagraphWords(format, paragraph));
+    AddWords(character_words);
+  } else {
+    AddWords(character_words);
+    if (format.row != 0 && !character_words.empty()) WriteRowDefinition(format.row);
+    if (format.row != 0) output_.Words(u"\\intbl");
+    if (format.list != 0) WriteLabel(list, paragraph, false);
+  }
+  format_ = first;
+  last_list_ = format.list;
+}
+
+void Writer::WriteRowDefinition(std::uint32_t row) {
+  // A definition may be long and its rows short, so there is a limit to repeating it.
+  constexpr std::size_t kFree = 65536;
+  const Text& words = document_.rows[row];
+  if (row == last_row_) {
+    repeated_ += words.size();
+    if (repeated_ > kFree + 4 * document_.text.size()) return;
+  }
+  output_.Words(words);
+  last_row_ = row;
+}
+
+void Writer::WriteLabel(const ListFormat& list, const Paragraph& paragraph, bool with_list) {
+  if (list.bullet) {
+    const Text font = Decimal(tables_.BulletFont(list));
+    output_.Raw(u"{\\pntext\\f" + font + u"\\'B7\\tab}");
+    if (with_list) {
+      output_.Raw(u"{\\*\\pn\\pnlvlblt\\pnf" + font + u"\\pnindent" + Decimal(list.indent) + u"{\\pntxtb\\'B7}}");
+    }
+    return;
+  }
+  constexpr TextView kStyles[] = {u"\\pndec", u"\\pnucltr", u"\\pnlcltr", u"\\pnucrm", u"\\pnlcrm"};
+  const Label& label = document_.labels[paragraph.label];
+  output_.Words(u"{\\pntext\\f0");
+  output_.Spell(label.text);
+  output_.Raw(u"\\tab}");
+  if (!with_list) return;
+  output_.Raw(u"{\\*\\pn\\pnlvlbody\\pnf0\\pnindent" + Decimal(list.indent) + u"\\pnstart" +
+              Decimal(list.start.value_or(label.ordinal)) + Text(kStyles[static_cast<std::size_t>(list.style)]));
+  WriteAffix(u"{\\pntxtb", list.before);
+  WriteAffix(u"{\\pntxta", list.after);
+  output_.Raw(u"}\r\n");
+}
+
+void Writer::WriteAffix(TextView word, const Text& affix) {
+  if (affix.empty()) return;
+  output_.Raw(word);
+  const char16_t first = affix.front();
+  const bool is_punctuation = first > u' ' && first < u'A' && first != u'-' && (first < u'0' || first > u'9');
+  if (!is_punctuation) output_.Words(u"");
+  output_.Spell(affix);
+  output_.Raw(u"}");
+}
+
+/// Whether the paragraph begins with a bullet, a dash or the like and a tab
+/// that its author typed.
+bool Writer::IsTypedItem(const Paragraph& paragraph) const {
+  std::size_t at = begin_;
+  while (at < paragraph.end && document_.text[at] == u' ') ++at;
+  if (at + 1 >= paragraph.end || document_.text[at + 1] != marks::kTab) return false;
+  const char16_t sign = document_.text[at];
+  const bool is_letter_or_digit = (sign >= u'0' && sign <= u'9') || (sign >= u'A' && sign <= u'Z') ||
+                                  (sign >= u'a' && sign <= u'z' && sign != u'o');
+  return sign > u' ' && !is_letter_or_digit;
+}
+
+// The page indents a paragraph by its left indent only where "\li" stands
+// first; the rules for lists know the other order.
+void Writer::AppendIndents(Text& words, const ParagraphFormat& format, bool is_item) const {
+  const auto add = [&](TextView word, std::int32_t measure) {
+    if (measure != 0) AppendNumber(words, word, measure);
+  };
+  if (is_item) add(u"\\fi", format.first_indent);
+  add(u"\\li", format.left_indent);
+  if (!is_item) add(u"\\fi", format.first_indent);
+  add(u"\\ri", format.right_indent);
+}
+
+Text Writer::ParagraphWords(const ParagraphFormat& format, const Paragraph& paragraph) const {
+  Text words;
+  if (format.row != 0) words += u"\\intbl";
+  if (format.right_to_left) {
+    words += u"\\rtlpar";
+  } else if (document_.right_to_left) {
+    words += u"\\ltrpar";
+  }
+  if (format.keep) words += u"\\keep";
+  if (format.keep_next) words += u"\\keepn";
+  if (format.no_widow_control) words += u"\\nowidctlpar";
+  AppendIndents(words, format, format.list != 0 || IsTypedItem(paragraph));
+  if (format.space_before != 0) AppendNumber(words, u"\\sb", format.space_before);
+  if (format.space_after != 0) AppendNumber(words, u"\\sa", format.space_after);
+  if (format.line_spacing != 0) {
+    AppendNumber(words, u"\\sl", format.line_spacing);
+    AppendNumber(words, u"\\slmult", format.line_multiple);
+  }
+  if (format.alignment == Alignment::Centre) words += u"\\qc";
+  if (format.alignment == Alignment::Right) words += u"\\qr";
+  if (format.alignment == Alignment::Justified) words += u"\\qj";
+  for (const TabStop& stop : document_.tabs[format.tabs]) {
+    if (stop.kind == Alignment::Centre) words += u"\\tqc";
+    if (stop.kind == Alignment::Right) words += u"\\tqr";
+    if (stop.kind == Alignment::Justified) words += u"\\tqdec";
+    AppendNumber(words, u"\\tx", stop.position);
+  }
+  return words;
+}
+
+void Writer::WriteText(std::size_t begin, std::size_t end) {
+  std::size_t at = begin;
+  while (at < end) {
+    const std::size_t run_end = RunEnd(run_);
+    const std::size_t stop = std::min(end, run_end);
+    const bool symbol = document_.fonts[document_.characters[document_.runs[run_].format].font].IsSymbol();
+    const bool more = stop < end;
+    const WrittenFormat next = more ? Written(document_.runs[run_ + 1].format) : format_;
+    const Text words = more ? ChangeWords(next) : Text();
+    WriteStretch(at, stop, !words.empty(), symbol);
+    AddWords(words);
+    format_ = next;
+    if (stop == run_end && run_ + 1 < document_.runs.size()) ++run_;
+    at = stop;
+  }
+}
+
+void Writer::WriteStretch(std::size_t begin, std::size_t end, bool words_follow, bool symbol) {
+  const Text& text = document_.text;
+  std::size_t at = begin;
+  while (at < end) {
+    // The rules for bullets take blanks behind them for an item without text.
+    while (item_start_ && at < end && text[at] == u' ') {
+      output_.Character(output_.EndsInBlank() ? char16_t{0xA0} : u' ', u'\0', false);
+      ++at;
+    }
+    if (at == end) return;
+    item_start_ = false;
+    std::size_t plain = at;
+    while (plain < end && !NeedsSpelling(text[plain])) ++plain;
+    if (plain > at) output_.Plain(TextView(text).substr(at, plain - at));
+    at = plain < end ? WriteUnit(plain, words_follow && plain + 1 == end, symbol) : end;
+  }
+}
+
+/// Writes what stands at `at` and tells what stands behind it.
+std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
+  const Text& text = document_.text;
+  const char16_t unit = text[at];
+  const char16_t next = at + 1 < text.size() ? text[at + 1] : u'\0';
+  if (unit < u' ') {
+    WriteMark(unit);
+  } else if (symbol && unit > kSymbolBase && unit <= kSymbolBase + 0xFF) {
+    output_.SymbolByte(static_cast<unsigned char>(unit - kSymbolBase), next, words_follow);
+  } else if (IsHigh(unit) && IsLow(next)) {
+    output_.Unicode(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
+    return at + 2;
+  } else if (IsHigh(unit) || IsLow(unit)) {
+    output_.Unicode(0xFFFD);
+  } else {
+    output_.Character(unit, next, words_follow);
+  }
+  return at + 1;
+}
+
+void Writer::WriteMark(char16_t mark) {
+  switch (mark) {
+    case marks::kTab:
+      return output_.Words(u"\\tab");
+    case marks::kLine:
+      return output_.Words(u"\\line");
+    case marks::kCell:
+      return output_.Words(u"\\cell");
+    case marks::kRow:
+      return output_.Words(u"\\row");
+    case marks::kObject:
+      return WriteInline();
+    default:
+      return;  // the end of a paragraph is written with the next one
+  }
+}
+
+void Writer::WriteInline() {
+  const Inline& content = document_.inlines[inline_++];
+  if (content.object == nullptr) return WritePicture(content.picture);
+  const EmbeddedObject& object = *content.object;
+  output_.Raw(u"{\\object\\objemb");
+  output_.Words(u"{\\*\\objclass");
+  output_.Spell(object.object_class);
+  output_.Raw(u"}");
+  if (object.width != 0) output_.Words(u"\\objw" + Decimal(object.width));
+  if (object.height != 0) output_.Words(u"\\objh" + Decimal(object.height));
+  output_.Raw(u"{\\*\\objdata ");
+  WriteData(object.data);
+  output_.Raw(u"}{\\result ");
+  WritePicture(content.picture);
+  output_.Raw(u"}}");
+}
+
+// No group within the picture's: the page takes it to end at the first closing brace.
+void Writer::WritePicture(const Picture& picture) {
+  output_.Raw(u"{\\pict" + picture.words + u" ");
+  WriteData(picture.data);
+  output_.Raw(u"}");
+}
+
+void Writer::WriteData(const std::string& data) {
+  constexpr char16_t kDigits[] = u"0123456789abcdef";
+  Text line;
+  for (std::size_t at = 0; at < data.size(); at += kPictureLine) {
+    const std::size_t end = std::min(data.size(), at + kPictureLine);
+    line = u"\r\n";
+    for (std::size_t index = at; index < end; ++index) {
+      const auto byte = static_cast<unsigned char>(data[index]);
+      line += kDigits[byte >> 4];
+      line += kDigits[byte & 0xF];
+    }
+    output_.Raw(line);
+  }
+  output_.Raw(u"\r\n");
+}
+
+}  // namespace
+
+Text WriteCanonical(const Document& document) { return Writer(document).Write(); }
+
+}  // namespace quillary::platform::rtf

@@ -1,0 +1,188 @@
+// The HTML cleaner on HTML Tidy's library.
+#include "platform/html_cleaner.h"
+
+#include <tidy.h>
+#include <tidybuffio.h>
+
+#include <string>
+#include <utility>
+
+#include "platform/code_pages.h"
+#include "platform/page_bounds.h"
+#include "platform/page_text.h"
+
+namespace quillary::platform {
+namespace {
+
+constexpr const char* html_document_type = "<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 3.2//EN\">";
+
+[[noreturn]] void Refuse(const char* why) { throw Failure(Failure::Kind::Raised, 0, "HTML cleaner", why); }
+
+// A buffer of the library's.
+class Buffer {
+ public:
+  Buffer() { tidyBufInit(&buffer_); }
+  Buffer(const Buffer&) = delete;
+  Buffer& operator=(const Buffer&) = delete;
+  ~Buffer() { tidyBufFree(&buffer_); }
+
+  TidyBuffer* get() { return &buffer_; }
+  std::string_view bytes() const { return {reinterpret_cast<const char*>(buffer_.bp), buffer_.size}; }
+
+ private:
+  TidyBuffer buffer_{};
+};
+
+enum class Form { Html, Xhtml };
+
+// One page on its way through the library.
+class Document {
+ public:
+  explicit Document(Form form) : document_(tidyCreate()) {
+    if (document_ == nullptr) Refuse("The HTML library has no memory.");
+    tidySetErrorBuffer(document_, messages_.get());
+    SetYes(form == Form::Xhtml ? TidyXhtmlOut : TidyHtmlOut);
+    SetYes(TidyForceOutput);
+    SetYes(TidyQuiet);
+    tidyOptSetBool(document_, TidyMark, no);
+    // A page that counts as one of the older types gets its stray list content
+    // into items, and the entity names that every browser knows.
+    tidyOptSetInt(document_, TidyDoctypeMode, TidyDoctypeLoose);
+    // Names stay as they were written, but for XML, which has none of them;
+    // whatever else is not ASCII becomes a number.
+    SetYes(TidyNumEntities);
+    // Comments it would write with signs that XML does not allow.
+    SetYes(form == Form::Html ? TidyPreserveEntities : TidyHideComments);
+    tidyOptSetInt(document_, TidyWrapLen, 68);
+    tidyOptSetInt(document_, TidyNewline, TidyLF);
+    tidySetCharEncoding(document_, "ascii");
+    tidySetInCharEncoding(document_, "win1252");
+  }
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+  ~Document() { tidyRelease(document_); }
+
+  void Parse(std::string page) {
+    Buffer input;
+    tidyBufAppend(input.get(), page.data(), static_cast<uint>(page.size()));
+    if (tidyParseBuffer(document_, input.get()) < 0) Refuse("The HTML library cannot read this page.");
+  }
+
+  /// Drops the attributes whose names are none in XML without name spaces.
+  void DropForeignAttributes() {
+    for (TidyNode node = tidyGetRoot(document_); node != nullptr; node = Next(node)) {
+      TidyAttr attribute = tidyAttrFirst(node);
+      while (attribute != nullptr) {
+        const TidyAttr next = tidyAttrNext(attribute);
+        const char* name = tidyAttrName(attribute);
+        if (name == nullptr || !IsPlainName(name)) tidyAttrDiscard(document_, node, attribute);
+        attribute = next;
+      }
+    }
+  }
+
+  void Repair() {
+    if (tidyCleanAndRepair(document_) < 0) Refuse("The HTML library cannot repair this page.");
+  }
+
+  std::string Write() {
+    Buffer output;
+    if (tidySaveBuffer(document_, output.get()) < 0) Refuse("The HTML library cannot write this page.");
+    return std::string(output.bytes());
+  }
+
+ private:
+  // The node behind this one in the order of the page.
+  static TidyNode Next(TidyNode node) {
+    if (const TidyNode child = tidyGetChild(node)) return child;
+    while (node != nullptr && tidyGetNext(node) == nullptr) node = tidyGetParent(node);
+    return node == nullptr ? nullptr : tidyGetNext(node);
+  }
+
+  void SetYes(TidyOptionId option) { tidyOptSetBool(document_, option, yes); }
+
+  TidyDoc document_;
+  Buffer messages_;
+};
+
+// The library breaks long tags between attributes and behind the sign of
+// equality. What finishes the page joins an attribute behind six blanks, or one
+// of three by name, and a value behind a whole line end.
+std::string MarkBreaksInTags(std::string_view page) {
+  std::string marked;
+  marked.reserve(page.size());
+  bool in_tag = false;
+  char quote = 0;
+  for (std::size_t i = 0; i < page.size(); ++i) {
+    const char sign = page[i];
+    if (!in_tag) {
+      in_tag = sign == '<' && i + 1 < page.size() && IsLetter(page[i + 1]);
+      marked += sign;
+      continue;
+    }
+    if (quote != 0) {
+      if (sign == quote) quote = 0;
+    } else if (sign == '"' || sign == '\'') {
+      quote = sign;
+    } else if (sign == '>') {
+      in_tag = false;
+    } else if (sign == '\n') {
+      const std::string_view rest = page.substr(i + 1);
+      const bool known = rest.starts_with("color=") || rest.starts_with("size=") || rest.starts_with("src=");
+      marked += rest.starts_with('"') ? "\r\n" : known && page[i - 1] == '"' ? "\n" : "\n      ";
+      continue;
+    }
+    marked += sign;
+  }
+  return marked;
+}
+
+// The library names the type that it has in mind; a cleaned page has a fixed one.
+void SetDocumentType(std::string& page) {
+  const std::size_t start = page.find("<!DOCTYPE");
+  const std::size_t end = start == std::string::npos ? start : page.find('>', start);
+  if (end == std::string::npos) {
+    page.insert(0, std::string(html_document_type) + "\n");
+  } else {
+    page.replace(start, end + 1 - start, html_document_type);
+  }
+}
+
+class TidyCleaner : public HtmlCleaner {
+ public:
+  Text TidyDLL_CleanHTML(TextView html) override {
+    Document document(Form::Html);
+    document.Parse(Admitted(html));
+    document.Repair();
+    std::string page = document.Write();
+    SetDocumentType(page);
+    return FromWindows1252(MarkBreaksInTags(page));
+  }
+
+  Text TidyDLL_ToXHTML(TextView html) override {
+    Document document(Form::Xhtml);
+    document.Parse(WithoutForeignElements(Admitted(html)));
+    document.DropForeignAttributes();
+    document.Repair();
+    return FromWindows1252(MarkBreaksInTags(document.Write()));
+  }
+
+  Text TidyDLL_ParseHTML(TextView html) override {
+    Document document(Form::Html);
+    document.Parse(Admitted(html));
+    return FromWindows1252(document.Write());
+  }
+
+ private:
+  static std::string Admitted(TextView html) {
+    std::string page = PageBytes(html);
+    if (!IsWithinBounds(page)) Refuse("The page nests too deep, or leaves too many elements open.");
+    return page;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<HtmlCleaner> MakeHtmlCleaner() { return std::make_unique<TidyCleaner>(); }
+
+}  // namespace quillary::platform

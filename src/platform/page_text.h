@@ -1,0 +1,26 @@
+// The text of a page on its way to the HTML library.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "text/text.h"
+
+namespace quillary::platform {
+
+bool IsLetter(char sign);
+
+/// Whether a name is one in XML and has no prefix.
+bool IsPlainName(std::string_view name);
+
+/// The page in Windows-1252; a character that the page lacks becomes "?". What
+/// no page may hold goes: control characters, and references to them or to
+/// what is no character. A "<" that opens neither a tag nor a comment, nor the
+/// document type in front of all else, stands for itself.
+std::string PageBytes(TextView html);
+
+/// The page without its scripts, style sheets, formulas and drawings: their
+/// content is no HTML, and what the library makes of it is not always XML.
+std::string WithoutForeignElements(std::string_view page);
+
+}  // namespace quillary::platform

@@ -1,0 +1,257 @@
+#include <algorithm>
+#include <utility>
+
+#include "platform/rtf_reader.h"
+
+namespace quillary::platform::rtf {
+
+void Reader::FlushBytes() {
+  if (bytes_.IsEmpty()) return;
+  for (const char16_t unit : bytes_.TakeComplete()) AddCharacter(unit);
+}
+
+void Reader::FlushAllBytes() {
+  if (bytes_.IsEmpty()) return;
+  for (const char16_t unit : bytes_.TakeAll()) AddCharacter(unit);
+}
+
+/// Text for readers without HTML is left out, but for what stands for an entity of the page.
+bool Reader::IsShown() {
+  const Group& group = Top();
+  return InBody() && !group.character.hidden && (!group.html_only || html_entity_);
+}
+
+std::uint32_t Reader::FormatId() {
+  if (!format_changed_) return format_;
+  const Group& group = Top();
+  const CharacterState* state = &group.character;
+  // A paragraph that names a style and says nothing of its own has the style's letters.
+  if (!state->direct && group.paragraph.style > 0) {
+    const auto style = styles_.find(group.paragraph.style);
+    if (style != styles_.end()) state = &style->second.character;
+  }
+  CharacterFormat format;
+  format.font = fonts_.Index(state->Font());
+  format.size = state->Size();
+  format.effects = state->Effects();
+  format.colour = colours_.Id(state->colour);
+  if (state->highlight > 0) {
+    format.highlight = colours_.Id(state->highlight);
+  } else if (state->background > 0 && !colours_.IsWhite(state->background)) {
+    format.highlight = colours_.Id(state->background);
+  }
+  const std::uint16_t language = group.character.language;
+  format.language = language == document_.language ? std::uint16_t{0} : language;
+  format.spacing = state->spacing;
+  format.rise = state->rise;
+  format_ = document_.characters.Id(format);
+  format_changed_ = false;
+  return format_;
+}
+
+void Reader::AddText(TextView text) {
+  FlushAllBytes();
+  if (!IsShown()) return;
+  BeginCellItem();
+  const CharacterState& state = Top().character;
+  if (fonts_.IsSymbol(state.Font())) {
+    for (const char16_t unit : text) builder_.AddUnit(static_cast<char16_t>(kSymbolBase + unit), FormatId());
+  } else if (state.capitals) {
+    builder_.AddText(ToUpper(text), FormatId());
+  } else {
+    builder_.AddText(text, FormatId());
+  }
+}
+
+void Reader::AddCharacter(char16_t unit) {
+  if (!InBody()) {
+    ReadDestinationText({&unit, 1});
+    return;
+  }
+  if (unit < u' ' || !IsShown()) return;
+  BeginCellItem();
+  builder_.AddUnit(Top().character.capitals ? ToUpper({&unit, 1}).front() : unit, FormatId());
+}
+
+void Reader::AddMark(char16_t mark) {
+  FlushAllBytes();
+  const Group& group = Top();
+  if (!InBody()) {
+    const char16_t blank = u' ';
+    ReadDestinationText({&blank, 1});
+    return;
+  }
+  if (group.character.hidden) return;
+  if (mark == marks::kTab) BeginCellItem();
+  builder_.AddUnit(mark, FormatId());
+}
+
+/// Words that stand for a character.
+bool Reader::ReadCharacterName(Keyword keyword) {
+  char16_t unit = 0;
+  switch (keyword) {
+    case Keyword::Tab:
+      unit = marks::kTab;
+      break;
+    case Keyword::Emdash:
+      unit = 0x2014;
+      break;
+    case Keyword::Endash:
+      unit = 0x2013;
+      break;
+    case Keyword::Emspace:
+      unit = 0x2003;
+      break;
+    case Keyword::Enspace:
+      unit = 0x2002;
+      break;
+    case Keyword::Qmspace:
+      unit = 0x2005;
+      break;
+    case Keyword::Bullet:
+      unit = 0x2022;
+      break;
+    case Keyword::Lquote:
+      unit = 0x2018;
+      break;
+    case Keyword::Rquote:
+      unit = 0x2019;
+      break;
+    case Keyword::Ldblquote:
+      unit = 0x201C;
+      break;
+    case Keyword::Rdblquote:
+      unit = 0x201D;
+      break;
+    case Keyword::Zwj:
+      unit = 0x200D;
+      break;
+    case Keyword::Zwnj:
+      unit = 0x200C;
+      break;
+    case Keyword::Ltrmark:
+      unit = 0x200E;
+      break;
+    case Keyword::Rtlmark:
+      unit = 0x200F;
+      break;
+    case Keyword::Chftn:
+      if (fallback_left_ == 0 && InBody()) AddText(Decimal(Top().in_footnote ? footnotes_ : ++footnotes_));
+      return true;
+    default:
+      return false;
+  }
+  if (fallback_left_ > 0) {
+    --fallback_left_;
+  } else if (unit == marks::kTab) {
+    AddMark(unit);
+  } else {
+    FlushAllBytes();
+    AddCharacter(unit);
+  }
+  return true;
+}
+
+/// Breaks, tables and the rest of what only the document's own text has.
+bool Reader::ReadBodyWord(const Token& token) {
+  if (Top().destination == Destination::Nowhere) {
+    if (token.keyword == Keyword::Nestrow) builder_.EndNestedRow(FormatId());
+    return true;
+  }
+  return InBody() && (ReadBreak(token.keyword) || builder_.Row().Read(token));
+}
+
+bool Reader::ReadBreak(Keyword keyword) {
+  const bool is_one_line = Top().in_footnote || Top().within_row;
+  switch (keyword) {
+    case Keyword::Par:
+      EndParagraph();
+      return true;
+    case Keyword::Page:
+    case Keyword::Sect:
+    case Keyword::Column:
+      if (!builder_.InRow()) EndParagraph();
+      return true;
+    case Keyword::Line:
+      AddMark(marks::kLine);
+      return true;
+    case Keyword::Nestcell:
+      AddMark(marks::kTab);
+      return true;
+    case Keyword::Nestrow:
+      builder_.EndNestedRow(FormatId());
+      return true;
+    case Keyword::Cell:
+      if (is_one_line) {
+        AddMark(marks::kTab);
+      } else {
+        FlushAllBytes();
+        builder_.EndCell(CurrentParagraph(), FormatId());
+        label_.clear();
+        has_label_ = false;
+      }
+      return true;
+    case Keyword::Row:
+      if (is_one_line) {
+        AddMark(marks::kLine);
+      } else {
+        FlushAllBytes();
+        builder_.EndRow(CurrentParagraph(), FormatId());
+      }
+      return true;
+    case Keyword::Trowd:
+      if (is_one_line) return true;
+      FlushAllBytes();
+      if (!builder_.InRow() && !builder_.ParagraphIsEmpty() && !Top().paragraph.in_table) EndParagraph();
+      builder_.BeginRow();
+      return false;  // its other meaning is the row definition's
+    default:
+      return false;
+  }
+}
+
+ParagraphEnd Reader::CurrentParagraph() {
+  const Group& group = Top();
+  const ParagraphState& state = group.paragraph;
+  ParagraphEnd paragraph{.format = state.format, .in_table = state.in_table || group.within_row};
+  if (!state.direct && state.style > 0) {
+    const auto style = styles_.find(state.style);
+    if (style != styles_.end()) {
+      paragraph.format = style->second.paragraph.format;
+      paragraph.format.list = state.format.list;
+      paragraph.format.right_to_left = state.format.right_to_left;
+    }
+  }
+  return paragraph;
+}
+
+void Reader::EndParagraph() {
+  FlushAllBytes();
+  if (Top().in_footnote) {
+    AddText(u" ");
+    return;
+  }
+  ParagraphEnd paragraph = CurrentParagraph();
+  if (paragraph.in_table) {
+    paragraph.format.list = 0;
+  } else {
+    ResolveList(paragraph);
+  }
+  builder_.EndParagraph(paragraph, FormatId());
+  label_.clear();
+  has_label_ = false;
+  label_before_pard_ = false;
+}
+
+void Reader::Finish() {
+  FlushAllBytes();
+  ParagraphEnd paragraph = CurrentParagraph();
+  if (builder_.ParagraphIsEmpty() || paragraph.in_table) {
+    paragraph.format.list = 0;
+  } else {
+    ResolveList(paragraph);
+  }
+  builder_.Finish(paragraph, FormatId());
+}
+
+}  // namespace quillary::platform::rtf

@@ -1,0 +1,105 @@
+#include "commands.h"
+
+#include <functional>
+#include <iostream>
+#include <new>
+#include <nlohmann/json.hpp>
+
+#include "apartment/apartment.h"
+#include "component/conversions.h"
+#include "documents.h"
+#include "platform/code_pages.h"
+
+namespace quillary::command_line {
+namespace {
+
+using component::Properties;
+
+void Say(const std::string& document, const std::string& words) {
+  std::cerr << "quillary: " << (document == "-" ? "standard input" : document) << ": " << words << '\n';
+}
+
+// Where a count of the rules stopped short of the document's end.
+void Warn(const std::string& document, const StoppedShort& stopped) {
+  if (stopped.segments) {
+    Say(document, "warning: only the first 32,766 segments are in the page; the rest of the text is missing");
+  }
+  if (stopped.pictures)
+    Say(document, "warning: only the first pictures were treated; later ones are missing");
+  if (stopped.links) Say(document, "warning: only the first 1,995 links are live");
+}
+
+// Runs `convert` for each document; what fails is said, and the next one follows.
+int ForEach(const std::vector<std::string>& documents,
+            const std::function<void(const std::string& document)>& convert) {
+  int status = 0;
+  for (const std::string& document : documents) {
+    try {
+      convert(document);
+      continue;
+    } catch (const FileError& error) {
+      std::cerr << "quillary: " << error.what() << '\n';
+    } catch (const Failure& failure) {
+      Say(document, failure.source().empty() ? failure.what() : failure.source() + ": " + failure.what());
+    } catch (const LimitReached& reached) {
+      Say(document, reached.what());
+    } catch (const std::bad_alloc&) {
+      Say(document, "not enough memory");
+    }
+    status = 1;
+  }
+  return status;
+}
+
+Text ConvertAs(Kind kind, Apartment& apartment, Properties& properties) {
+  switch (kind) {
+    case Kind::Fragment:
+      return component::ConvertNoBody(apartment, properties);
+    case Kind::Raw:
+      return component::ConvertRawHtml(apartment, properties);
+    case Kind::Header:
+      return component::ConvertRTFHeader(apartment, properties);
+    case Kind::PlainInput:
+      return component::ConvertPlainHTML(apartment, properties);
+    case Kind::Page:
+      break;
+  }
+  return component::ConvertRTF(apartment, properties);
+}
+
+void WriteTraceLine(std::string_view step, TextView page) {
+  const nlohmann::ordered_json line = {{"step", step}, {"text", platform::ToUtf8(page)}};
+  std::cout << line.dump() << '\n';
+}
+
+}  // namespace
+
+int Run(const ToHtml& command) {
+  const Output output(command.output, command.documents.size());
+  return ForEach(command.documents, [&](const std::string& document) {
+    // A page must not depend on the document before it.
+    Apartment apartment;
+    if (command.trace) apartment.trace = WriteTraceLine;
+    Properties properties = command.properties;
+    Text& source = command.kind == Kind::PlainInput ? properties.Plain_Text : properties.RTF_Text;
+    source = platform::FromWindows1252(ReadDocument(document));
+    const Text page = ConvertAs(command.kind, apartment, properties);
+    Warn(document, apartment.stopped_short);
+    if (command.trace && output.IsStandardOutput()) return;
+    output.Write(document, ".html", EncodePage(page, command.encoding));
+  });
+}
+
+int Run(const ToText& command) {
+  const Output output(command.output, command.documents.size());
+  return ForEach(command.documents, [&](const std::string& document) {
+    Apartment apartment;
+    Properties properties;
+    component::Class_InitProperties(properties);
+    properties.RTF_Text = platform::FromWindows1252(ReadDocument(document));
+    output.Write(document, ".txt",
+                 EncodePlainText(component::ConvertRTFPlain(apartment, properties), command.encoding));
+  });
+}
+
+}  // namespace quillary::command_line

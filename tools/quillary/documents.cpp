@@ -1,0 +1,58 @@
+#include "documents.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+namespace quillary::command_line {
+namespace {
+
+FileError ErrorOf(const std::string& name) { return FileError(name + ": " + std::strerror(errno)); }
+
+}  // namespace
+
+std::string ReadDocument(const std::string& name) {
+  if (name == "-") return {std::istreambuf_iterator<char>(std::cin), {}};
+  if (std::filesystem::is_directory(name)) throw FileError(name + ": is a folder");
+  errno = 0;
+  std::ifstream file(name, std::ios::binary);
+  if (!file) throw ErrorOf(name);
+  std::string bytes{std::istreambuf_iterator<char>(file), {}};
+  if (file.bad()) throw ErrorOf(name);
+  return bytes;
+}
+
+Output::Output(const std::string& target, std::size_t documents) : target_(target) {
+  folder_ = !target.empty() && (target.ends_with('/') || std::filesystem::is_directory(target));
+  if (!target.empty() && !folder_ && documents > 1) {
+    throw FileError(target + ": more than one document needs a folder");
+  }
+  if (folder_) {
+    std::error_code error;
+    std::filesystem::create_directories(target_, error);
+    if (error) throw FileError(target + ": " + error.message());
+  }
+}
+
+void Output::Write(const std::string& document, const std::string& ending, const std::string& bytes) const {
+  if (IsStandardOutput()) {
+    std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush();
+    if (!std::cout) throw FileError("standard output cannot be written");
+    return;
+  }
+  std::filesystem::path path = target_;
+  if (folder_) {
+    const std::filesystem::path name = document == "-" ? "standard-input" : document;
+    path /= name.stem();
+    path += ending;
+  }
+  errno = 0;
+  std::ofstream file(path, std::ios::binary);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush();
+  if (!file) throw ErrorOf(path.string());
+}
+
+}  // namespace quillary::command_line

@@ -1,0 +1,53 @@
+#include "encodings.h"
+
+#include "platform/code_pages.h"
+
+namespace quillary::command_line {
+namespace {
+
+bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
+bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
+
+// The character at `at`, which then stands behind it.
+char32_t NextCharacter(TextView text, std::size_t& at) {
+  const char16_t unit = text[at++];
+  if (!IsHighSurrogate(unit) && !IsLowSurrogate(unit)) return unit;
+  if (IsLowSurrogate(unit) || at == text.size() || !IsLowSurrogate(text[at])) return 0xFFFD;
+  return 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (char32_t{text[at++]} - 0xDC00);
+}
+
+// One byte for a character, or nothing if the encoding lacks it.
+std::string InOneByte(char32_t character, Encoding encoding) {
+  if (character < 0x80) return {static_cast<char>(character)};
+  if (encoding == Encoding::Ascii || character > 0xFFFF) return {};
+  const std::string byte = platform::ToWindows1252(Text(1, static_cast<char16_t>(character)), '\0');
+  return byte[0] == '\0' ? std::string() : byte;
+}
+
+template <class Missing>
+std::string EncodeInBytes(TextView text, Encoding encoding, Missing&& missing) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    const char32_t character = NextCharacter(text, at);
+    const std::string byte = InOneByte(character, encoding);
+    bytes += byte.empty() ? missing(character) : byte;
+  }
+  return bytes;
+}
+
+}  // namespace
+
+std::string EncodePage(TextView page, Encoding encoding) {
+  if (encoding == Encoding::Utf8) return platform::ToUtf8(page);
+  return EncodeInBytes(page, encoding, [](char32_t character) {
+    return "&#" + std::to_string(static_cast<std::uint32_t>(character)) + ";";
+  });
+}
+
+std::string EncodePlainText(TextView text, Encoding encoding) {
+  if (encoding == Encoding::Utf8) return platform::ToUtf8(text);
+  return EncodeInBytes(text, encoding, [](char32_t) { return std::string("?"); });
+}
+
+}  // namespace quillary::command_line

@@ -1,0 +1,36 @@
+// The translation of a segment, whole and stage by stage.
+#include "registry.h"
+#include "rtf_to_html/segment.h"
+#include "rtf_to_html/translate_segment.h"
+
+namespace quillary::routine {
+
+using namespace modQuillary;
+
+void AddSegmentRoutines(Registry& registry) {
+  registry.Add("TranslateSegment", {Kind::Text},
+               [](Call& call) { TranslateSegment(call.apartment(), call.text(0)); });
+  registry.Add("SegmentEntry", {Kind::Text}, [](Call& call) {
+    Segment segment(call.text(0));
+    const Road road = EnterSegment(call.apartment(), segment);
+    call.result = {
+        {"head", ToJson(segment.head)}, {"body", ToJson(segment.body)}, {"dropped", road == Road::Dropped}};
+  });
+  registry.Add("SegmentBodyWords", {Kind::Text, Kind::Text}, [](Call& call) {
+    rules::Rewriting body(call.text(0), &call.apartment());
+    ReplaceBodyWords(body, call.text(1));
+    call.result = ToJson(body.text());
+  });
+  registry.Add("SegmentHeadAndOutput", {Kind::Text, Kind::Text, Kind::Text}, [](Call& call) {
+    Segment segment(call.text(0));
+    segment.head = call.text(1);
+    rules::Rewriting body(call.text(2), &call.apartment());
+    ReadHeadWords(call.state(), segment, body);
+    ReplaceRemainingWords(call.state(), segment, body);
+    WriteSegment(call.apartment(), segment, body.Take());
+  });
+  registry.Add("MarkCellWidths", {Kind::Text},
+               [](Call& call) { call.result = ToJson(MarkCellWidths(call.text(0))); });
+}
+
+}  // namespace quillary::routine
