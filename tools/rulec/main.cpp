@@ -15,6 +15,7 @@
 
 #include "emit.h"
 #include "expand.h"
+#include "grams.h"
 #include "rule_file.h"
 
 namespace quillary::rulec {
@@ -59,7 +60,10 @@ void Compile(const std::string& sentinels, const std::string& name, const std::s
   const Sentinels known = SentinelsOf(sentinels);
   const std::vector<FlatChain> chains = Of(input, [&] {
     std::vector<FlatChain> flat;
-    for (const ChainSource& chain : ReadRules(ReadFile(input), known, folder)) flat.push_back(Expand(chain));
+    for (const ChainSource& chain : ReadRules(ReadFile(input), known, folder)) {
+      flat.push_back(Expand(chain));
+      CutIntoBlocks(flat.back());
+    }
     return flat;
   });
   WriteFile(header, EmitHeader(chains, name));
