@@ -12,6 +12,10 @@
 
 namespace quillary {
 
+namespace rules {
+class FiringLog;
+}
+
 /// Where a count of the rules stopped short of the end of a document.
 struct StoppedShort {
   bool segments = false;
@@ -27,6 +31,9 @@ struct Apartment {
 
   /// No text under conversion may grow beyond this many units.
   std::size_t working_limit = limits::working_units;
+
+  /// Where the rules that fire are noted, or null.
+  rules::FiringLog* firing_log = nullptr;
 
   /// Of the last conversion.
   StoppedShort stopped_short;

@@ -83,7 +83,8 @@ Text ByteText::TakeAll() {
 
 bool ByteText::Wants(char16_t unit) const {
   constexpr char16_t kFirstTrail = 0x40;
-  return code_page_ != kUtf8 && unit >= kFirstTrail && unit < 0x7F && !bytes_.empty() && IncompleteTail() == 1;
+  return code_page_ != kUtf8 && unit >= kFirstTrail && unit < 0x7F && !bytes_.empty() &&
+         IncompleteTail() == 1;
 }
 
 }  // namespace quillary::platform::rtf

@@ -14,14 +14,11 @@ bool BeginsEntity(char16_t unit) {
 
 /// Whether a unit is written as a control word or an escape, or is a mark that is.
 bool IsWrittenAsWord(char16_t unit) {
-  return unit > u'~' || unit == marks::kTab || unit == marks::kLine || unit == marks::kCell || unit == marks::kRow;
+  return unit > u'~' || unit == marks::kTab || unit == marks::kLine || unit == marks::kCell ||
+         unit == marks::kRow;
 }
 
 }  // namespace
-
-bool NeedsSpelling(char16_t unit) {
-  return unit > u'~' || unit < u' ' || unit == u'\\' || unit == u'{' || unit == u'}' || unit == u'&' || unit == u'?';
-}
 
 void CanonicalOutput::SettleBlank() {
   if (!blank_due_) return;
@@ -76,7 +73,8 @@ void CanonicalOutput::Name(TextView word, char16_t character) {
 void CanonicalOutput::SymbolByte(unsigned char byte, char16_t next, bool words_follow) {
   if (byte <= u'~') {
     const bool next_is_word = next >= kSymbolBase + 0x80 && next <= kSymbolBase + 0xFF;
-    const char16_t next_byte = next > kSymbolBase && !next_is_word ? static_cast<char16_t>(next - kSymbolBase) : next;
+    const char16_t next_byte =
+        next > kSymbolBase && !next_is_word ? static_cast<char16_t>(next - kSymbolBase) : next;
     Character(byte, next_byte, words_follow);
   } else {
     Escape(byte);
@@ -133,9 +131,10 @@ void CanonicalOutput::Character(char16_t unit, char16_t next, bool words_follow)
       return Name(u"\\bullet", unit);
     default: {
       if (unit >= u' ' && unit <= u'~') return Plain({&unit, 1});
-      const int byte = unit >= 0xA0 || unit == 0x81 || unit == 0x8D || unit == 0x8F || unit == 0x90 || unit == 0x9D
-                           ? RawByte(unit)
-                           : -1;
+      const int byte =
+          unit >= 0xA0 || unit == 0x81 || unit == 0x8D || unit == 0x8F || unit == 0x90 || unit == 0x9D
+              ? RawByte(unit)
+              : -1;
       if (byte < 0 || ends_in_backslash_) return Unicode(unit);
       Escape(static_cast<unsigned char>(byte));
     }

@@ -53,6 +53,9 @@ class CanonicalOutput {
 };
 
 /// Whether Character treats this unit apart from plain text.
-bool NeedsSpelling(char16_t unit);
+inline bool NeedsSpelling(char16_t unit) {
+  return unit > u'~' || unit < u' ' || unit == u'\\' || unit == u'{' || unit == u'}' || unit == u'&' ||
+         unit == u'?';
+}
 
 }  // namespace quillary::platform::rtf

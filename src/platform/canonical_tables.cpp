@@ -53,7 +53,9 @@ struct CanonicalTables::Use {
   bool own_bullets = false;
 
   explicit Use(const Document& document)
-      : fonts(document.fonts.size()), colours(document.colours.size() + 1), highlights(document.colours.size() + 1) {
+      : fonts(document.fonts.size()),
+        colours(document.colours.size() + 1),
+        highlights(document.colours.size() + 1) {
     std::vector<bool> seen;
     for (const Run& run : document.runs) {
       if (seen.size() <= run.format) seen.resize(run.format + std::size_t{1});
@@ -104,9 +106,7 @@ std::int32_t CanonicalTables::BulletFont(const ListFormat& list) const {
   return list.font ? FontNumber(*list.font) : own_bullet_font_;
 }
 
-bool CanonicalTables::StartsInFontZero() const {
-  return font_entries_.front().starts_with(kPlainFontStart);
-}
+bool CanonicalTables::StartsInFontZero() const { return font_entries_.front().starts_with(kPlainFontStart); }
 
 /// Up to nine colours keep their order. With more of them a number must not
 /// begin another one, or the shorter is taken for the longer on the page.
@@ -118,7 +118,8 @@ void CanonicalTables::NumberColours(const Use& use) {
   for (const bool highlights : {true, false}) {
     if (highlights && !many) continue;
     for (std::size_t id = 1; id < use.colours.size() && order.size() < kMostColours; ++id) {
-      if (use.colours[id] && (!many || use.highlights[id] == highlights)) order.push_back(static_cast<std::uint16_t>(id));
+      if (use.colours[id] && (!many || use.highlights[id] == highlights))
+        order.push_back(static_cast<std::uint16_t>(id));
     }
   }
   for (std::size_t index = 0; index < order.size(); ++index) {
@@ -188,7 +189,8 @@ Text CanonicalTables::Header() const {
   if (colour_entries_.empty()) return header;
   header += u"{\\colortbl ;";
   for (const Colour& colour : colour_entries_) {
-    header += u"\\red" + Decimal(colour.red) + u"\\green" + Decimal(colour.green) + u"\\blue" + Decimal(colour.blue) + u";";
+    header += u"\\red" + Decimal(colour.red) + u"\\green" + Decimal(colour.green) + u"\\blue" +
+              Decimal(colour.blue) + u";";
   }
   return header + u"}\r\n";
 }

@@ -17,7 +17,9 @@ class CanonicalTables {
   /// The font of a list's bullets.
   std::int32_t BulletFont(const ListFormat& list) const;
   /// Number of a colour by its id; 0 is automatic.
-  std::int32_t ColourNumber(std::uint16_t id) const { return id == 0 ? 0 : colour_numbers_[id - std::size_t{1}]; }
+  std::int32_t ColourNumber(std::uint16_t id) const {
+    return id == 0 ? 0 : colour_numbers_[id - std::size_t{1}];
+  }
   /// Whether the control takes font 0 for granted at the start of a document.
   bool StartsInFontZero() const;
 

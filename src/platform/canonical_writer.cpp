@@ -36,6 +36,9 @@ class Writer {
       : document_(document), tables_(document), output_(tables_.Header() + u"\\viewkind4\\uc1") {
     if (tables_.StartsInFontZero()) format_.font = 0;
     format_.language = document.language;
+    constexpr std::size_t kUnitsOfChange = 8;
+    output_.Reserve(document.text.size() +
+                    kUnitsOfChange * (document.runs.size() + document.paragraphs.size() + kUnitsOfChange));
   }
 
   Text Write();
@@ -179,7 +182,8 @@ void Writer::WriteLabel(const ListFormat& list, const Paragraph& paragraph, bool
     const Text font = Decimal(tables_.BulletFont(list));
     output_.Raw(u"{\\pntext\\f" + font + u"\\'B7\\tab}");
     if (with_list) {
-      output_.Raw(u"{\\*\\pn\\pnlvlblt\\pnf" + font + u"\\pnindent" + Decimal(list.indent) + u"{\\pntxtb\\'B7}}");
+      output_.Raw(u"{\\*\\pn\\pnlvlblt\\pnf" + font + u"\\pnindent" + Decimal(list.indent) +
+                  u"{\\pntxtb\\'B7}}");
     }
     return;
   }
@@ -190,7 +194,8 @@ void Writer::WriteLabel(const ListFormat& list, const Paragraph& paragraph, bool
   output_.Raw(u"\\tab}");
   if (!with_list) return;
   output_.Raw(u"{\\*\\pn\\pnlvlbody\\pnf0\\pnindent" + Decimal(list.indent) + u"\\pnstart" +
-              Decimal(list.start.value_or(label.ordinal)) + Text(kStyles[static_cast<std::size_t>(list.style)]));
+              Decimal(list.start.value_or(label.ordinal)) +
+              Text(kStyles[static_cast<std::size_t>(list.style)]));
   WriteAffix(u"{\\pntxtb", list.before);
   WriteAffix(u"{\\pntxta", list.after);
   output_.Raw(u"}\r\n");
@@ -240,7 +245,7 @@ Text Writer::ParagraphWords(const ParagraphFormat& format, const Paragraph& para
   }
   if (format.keep) words += u"\\keep";
   if (format.keep_next) words += u"\\keepn";
-  if (format.no_widow_control) words += u"\\nowidctlpar";
+  if (format.no_widow_control && format.list == 0) words += u"\\nowidctlpar";
   AppendIndents(words, format, format.list != 0 || IsTypedItem(paragraph));
   if (format.space_before != 0) AppendNumber(words, u"\\sb", format.space_before);
   if (format.space_after != 0) AppendNumber(words, u"\\sa", format.space_after);

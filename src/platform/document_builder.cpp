@@ -25,8 +25,8 @@ void DocumentBuilder::AddUnit(char16_t unit, std::uint32_t format) {
 }
 
 void DocumentBuilder::PutParagraph(const ParagraphEnd& paragraph) {
-  document_.paragraphs.push_back(
-      {document_.text.size(), document_.formats.Id(paragraph.format), paragraph.label, paragraph.stray_bullet});
+  document_.paragraphs.push_back({document_.text.size(), document_.formats.Id(paragraph.format),
+                                  paragraph.label, paragraph.stray_bullet});
   paragraph_begin_ = document_.text.size();
 }
 
@@ -82,7 +82,7 @@ void DocumentBuilder::EndCell(const ParagraphEnd& paragraph, std::uint32_t forma
 }
 
 void DocumentBuilder::EndRow(const ParagraphEnd& paragraph, std::uint32_t format) {
-  if (!row_open_ || (row_cells_ == 0 && ParagraphIsEmpty())) {
+  if ((!row_open_ || row_cells_ == 0) && ParagraphIsEmpty()) {
     row_open_ = false;
     return;
   }

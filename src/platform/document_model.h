@@ -161,7 +161,8 @@ class Pool {
 
   std::uint32_t Id(const Value& value) {
     const std::string_view bytes(reinterpret_cast<const char*>(&value), sizeof value);
-    const auto [entry, is_new] = ids_.try_emplace(std::string(bytes), static_cast<std::uint32_t>(values_.size()));
+    const auto [entry, is_new] =
+        ids_.try_emplace(std::string(bytes), static_cast<std::uint32_t>(values_.size()));
     if (is_new) values_.push_back(value);
     return entry->second;
   }

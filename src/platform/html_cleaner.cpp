@@ -105,37 +105,65 @@ class Document {
   Buffer messages_;
 };
 
-// The library breaks long tags between attributes and behind the sign of
-// equality. What finishes the page joins an attribute behind six blanks, or one
-// of three by name, and a value behind a whole line end.
-std::string MarkBreaksInTags(std::string_view page) {
-  std::string marked;
-  marked.reserve(page.size());
-  bool in_tag = false;
-  char quote = 0;
-  for (std::size_t i = 0; i < page.size(); ++i) {
-    const char sign = page[i];
-    if (!in_tag) {
-      in_tag = sign == '<' && i + 1 < page.size() && IsLetter(page[i + 1]);
-      marked += sign;
-      continue;
+// How the library breaks lines is put into the forms that the last pass over
+// the page knows. That joins a wrapped attribute behind six blanks, or one of
+// three by name, and a value behind a whole line end; and it looks for breaks
+// that stand on a line of their own.
+class LineBreaks {
+ public:
+  explicit LineBreaks(std::string_view page) : page_(page) {}
+
+  std::string Mark() {
+    marked_.reserve(page_.size());
+    for (at_ = 0; at_ < page_.size(); ++at_) {
+      if (in_tag_) {
+        TakeTagSign();
+      } else {
+        TakeTextSign();
+      }
     }
-    if (quote != 0) {
-      if (sign == quote) quote = 0;
-    } else if (sign == '"' || sign == '\'') {
-      quote = sign;
-    } else if (sign == '>') {
-      in_tag = false;
-    } else if (sign == '\n') {
-      const std::string_view rest = page.substr(i + 1);
-      const bool known = rest.starts_with("color=") || rest.starts_with("size=") || rest.starts_with("src=");
-      marked += rest.starts_with('"') ? "\r\n" : known && page[i - 1] == '"' ? "\n" : "\n      ";
-      continue;
-    }
-    marked += sign;
+    return std::move(marked_);
   }
-  return marked;
-}
+
+ private:
+  void TakeTextSign() {
+    const std::string_view rest = page_.substr(at_);
+    if (rest.size() > 1 && rest[0] == '<') {
+      in_tag_ = IsLetter(rest[1]);
+      const bool is_break = rest.starts_with("<br>") || rest.starts_with("<br />");
+      if (is_break && !behind_break_ && !preformatted_ && marked_.ends_with('>')) marked_ += '\n';
+      if (rest.starts_with("<pre")) preformatted_ = true;
+      if (rest.starts_with("</pre>")) preformatted_ = false;
+      behind_break_ = is_break;
+    }
+    marked_ += page_[at_];
+  }
+
+  void TakeTagSign() {
+    const char sign = page_[at_];
+    if (quote_ != 0) {
+      if (sign == quote_) quote_ = 0;
+    } else if (sign == '"' || sign == '\'') {
+      quote_ = sign;
+    } else if (sign == '>') {
+      in_tag_ = false;
+    } else if (sign == '\n') {
+      const std::string_view rest = page_.substr(at_ + 1);
+      const bool known = rest.starts_with("color=") || rest.starts_with("size=") || rest.starts_with("src=");
+      marked_ += rest.starts_with('"') ? "\r\n" : known && page_[at_ - 1] == '"' ? "\n" : "\n      ";
+      return;
+    }
+    marked_ += sign;
+  }
+
+  std::string_view page_;
+  std::string marked_;
+  std::size_t at_ = 0;
+  bool in_tag_ = false;
+  char quote_ = 0;
+  bool behind_break_ = false;
+  bool preformatted_ = false;
+};
 
 // The library names the type that it has in mind; a cleaned page has a fixed one.
 void SetDocumentType(std::string& page) {
@@ -156,7 +184,7 @@ class TidyCleaner : public HtmlCleaner {
     document.Repair();
     std::string page = document.Write();
     SetDocumentType(page);
-    return FromWindows1252(MarkBreaksInTags(page));
+    return FromWindows1252(LineBreaks(page).Mark());
   }
 
   Text TidyDLL_ToXHTML(TextView html) override {
@@ -164,7 +192,7 @@ class TidyCleaner : public HtmlCleaner {
     document.Parse(WithoutForeignElements(Admitted(html)));
     document.DropForeignAttributes();
     document.Repair();
-    return FromWindows1252(MarkBreaksInTags(document.Write()));
+    return FromWindows1252(LineBreaks(document.Write()).Mark());
   }
 
   Text TidyDLL_ParseHTML(TextView html) override {

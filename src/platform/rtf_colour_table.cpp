@@ -41,7 +41,8 @@ void ColourTable::EndEntry() {
   std::uint16_t id = 0;
   if (entry_ && document_.colours.size() < kMostColours) {
     const auto key = static_cast<std::uint32_t>((entry_->red << 16) | (entry_->green << 8) | entry_->blue);
-    const auto [place, is_new] = ids_.try_emplace(key, static_cast<std::uint16_t>(document_.colours.size() + 1));
+    const auto [place, is_new] =
+        ids_.try_emplace(key, static_cast<std::uint16_t>(document_.colours.size() + 1));
     if (is_new) document_.colours.push_back(*entry_);
     id = place->second;
   }

@@ -29,7 +29,7 @@ class ColourTable {
 
   Document& document_;
   std::vector<std::uint16_t> entries_;  // ids, by number
-  std::optional<Colour> entry_;  // being read
+  std::optional<Colour> entry_;         // being read
   std::unordered_map<std::uint32_t, std::uint16_t> ids_;
 };
 

@@ -44,7 +44,8 @@ TextView Core(TextView address) {
   constexpr std::array<TextView, 5> kPrefixes = {u"mailto:", u"http://", u"https://", u"file:///", u"www."};
   address = TrimView(address);
   for (const TextView prefix : kPrefixes) {
-    if (address.size() >= prefix.size() && Equal(address.substr(0, prefix.size()), prefix, Compare::IgnoreCase)) {
+    if (address.size() >= prefix.size() &&
+        Equal(address.substr(0, prefix.size()), prefix, Compare::IgnoreCase)) {
       address.remove_prefix(prefix.size());
     }
   }
@@ -75,11 +76,14 @@ Text LinkTarget(TextView instruction) {
   return place.empty() || holds_place ? target : target + u"#" + place;
 }
 
-bool IsSameTarget(TextView label, TextView target) { return Equal(Core(label), Core(target), Compare::IgnoreCase); }
+bool IsSameTarget(TextView label, TextView target) {
+  return Equal(Core(label), Core(target), Compare::IgnoreCase);
+}
 
 std::optional<char16_t> SymbolOfField(TextView instruction) {
   const std::vector<Text> words = Words(instruction);
-  if (words.size() < 2 || !Equal(words[0], u"SYMBOL", Compare::IgnoreCase) || !IsNumeric(words[1])) return std::nullopt;
+  if (words.size() < 2 || !Equal(words[0], u"SYMBOL", Compare::IgnoreCase) || !IsNumeric(words[1]))
+    return std::nullopt;
   if (words[1].size() > 5) return std::nullopt;
   const std::int32_t code = ToInteger32(words[1]);
   if (code < u' ' || code > 0xFFFF) return std::nullopt;

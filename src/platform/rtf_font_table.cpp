@@ -21,11 +21,13 @@ struct Charset {
 };
 
 constexpr Charset kCharsets[] = {
-    {77, 10000, u""},      {128, 932, u""},      {129, 949, u""},           {130, 1361, u""},
-    {134, 936, u""},       {136, 950, u""},      {161, 1253, u" Greek"},    {162, 1254, u" Tur"},
-    {163, 1258, u" (Vietnamese)"}, {177, 1255, u" (Hebrew)"}, {178, 1256, u" (Arabic)"}, {179, 1256, u" (Arabic)"},
-    {180, 1256, u" (Arabic)"}, {181, 1255, u" (Hebrew)"}, {186, 1257, u" Baltic"}, {204, 1251, u" Cyr"},
-    {222, 874, u" (Thai)"}, {238, 1250, u" CE"}, {254, 437, u""},           {255, 850, u""},
+    {77, 10000, u""},          {128, 932, u""},           {129, 949, u""},
+    {130, 1361, u""},          {134, 936, u""},           {136, 950, u""},
+    {161, 1253, u" Greek"},    {162, 1254, u" Tur"},      {163, 1258, u" (Vietnamese)"},
+    {177, 1255, u" (Hebrew)"}, {178, 1256, u" (Arabic)"}, {179, 1256, u" (Arabic)"},
+    {180, 1256, u" (Arabic)"}, {181, 1255, u" (Hebrew)"}, {186, 1257, u" Baltic"},
+    {204, 1251, u" Cyr"},      {222, 874, u" (Thai)"},    {238, 1250, u" CE"},
+    {254, 437, u""},           {255, 850, u""},
 };
 
 struct KnownName {
@@ -35,25 +37,47 @@ struct KnownName {
 
 // Fonts of the Far East by their own names. A page names them in Latin letters.
 constexpr KnownName kKnownNames[] = {
-    {u"ＭＳ 明朝", u"MS Mincho"},      {u"ＭＳ Ｐ明朝", u"MS PMincho"}, {u"ＭＳ ゴシック", u"MS Gothic"},
-    {u"ＭＳ Ｐゴシック", u"MS PGothic"}, {u"メイリオ", u"Meiryo"},        {u"宋体", u"SimSun"},
-    {u"新宋体", u"NSimSun"},           {u"黑体", u"SimHei"},            {u"楷体", u"KaiTi"},
-    {u"楷体_GB2312", u"KaiTi"},        {u"仿宋", u"FangSong"},          {u"仿宋_GB2312", u"FangSong"},
-    {u"微软雅黑", u"Microsoft YaHei"}, {u"新細明體", u"PMingLiU"},      {u"細明體", u"MingLiU"},
-    {u"標楷體", u"DFKai-SB"},          {u"微軟正黑體", u"Microsoft JhengHei"}, {u"굴림", u"Gulim"},
-    {u"굴림체", u"GulimChe"},          {u"돋움", u"Dotum"},             {u"돋움체", u"DotumChe"},
-    {u"바탕", u"Batang"},              {u"바탕체", u"BatangChe"},       {u"궁서", u"Gungsuh"},
+    {u"ＭＳ 明朝", u"MS Mincho"},
+    {u"ＭＳ Ｐ明朝", u"MS PMincho"},
+    {u"ＭＳ ゴシック", u"MS Gothic"},
+    {u"ＭＳ Ｐゴシック", u"MS PGothic"},
+    {u"メイリオ", u"Meiryo"},
+    {u"宋体", u"SimSun"},
+    {u"新宋体", u"NSimSun"},
+    {u"黑体", u"SimHei"},
+    {u"楷体", u"KaiTi"},
+    {u"楷体_GB2312", u"KaiTi"},
+    {u"仿宋", u"FangSong"},
+    {u"仿宋_GB2312", u"FangSong"},
+    {u"微软雅黑", u"Microsoft YaHei"},
+    {u"新細明體", u"PMingLiU"},
+    {u"細明體", u"MingLiU"},
+    {u"標楷體", u"DFKai-SB"},
+    {u"微軟正黑體", u"Microsoft JhengHei"},
+    {u"굴림", u"Gulim"},
+    {u"굴림체", u"GulimChe"},
+    {u"돋움", u"Dotum"},
+    {u"돋움체", u"DotumChe"},
+    {u"바탕", u"Batang"},
+    {u"바탕체", u"BatangChe"},
+    {u"궁서", u"Gungsuh"},
     {u"맑은 고딕", u"Malgun Gothic"},
 };
 
 const Charset* FindCharset(std::int32_t number) {
-  const auto* found =
-      std::find_if(std::begin(kCharsets), std::end(kCharsets), [&](const Charset& entry) { return entry.charset == number; });
+  const auto* found = std::find_if(std::begin(kCharsets), std::end(kCharsets),
+                                   [&](const Charset& entry) { return entry.charset == number; });
   return found == std::end(kCharsets) ? nullptr : found;
 }
 
 bool IsAscii(TextView text) {
   return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
+}
+
+bool IsSymbolName(TextView name) {
+  constexpr std::array<TextView, 3> kNames = {u"Symbol", u"Wingdings", u"Webdings"};
+  return std::any_of(kNames.begin(), kNames.end(),
+                     [&](TextView known) { return Equal(name, known, Compare::IgnoreCase); });
 }
 
 }  // namespace
@@ -160,6 +184,8 @@ void FontTable::EndEntry() {
       font_.name.resize(name.size() - charset->suffix.size());
     }
   }
+  // The oldest control names symbol fonts without their charset.
+  if (font_.charset.value_or(1) == 1 && IsSymbolName(font_.name)) font_.charset = 2;
   if (font_.name.size() > kLongestName) font_.name.resize(kLongestName);
   if (document_.fonts.size() < kMostFonts) {
     const auto index = static_cast<std::uint16_t>(document_.fonts.size());
@@ -177,7 +203,8 @@ void FontTable::Close() {
   // A producer that writes another code page but gives every font the Western
   // charset knows nothing of charsets: its bytes are those of the document.
   western_means_document_ =
-      document_code_page_ != 1252 && std::none_of(document_.fonts.begin(), document_.fonts.end(), [&](const Font& font) {
+      document_code_page_ != 1252 &&
+      std::none_of(document_.fonts.begin(), document_.fonts.end(), [&](const Font& font) {
         return font.code_page != 0 && font.code_page == document_code_page_;
       });
 }
@@ -192,13 +219,13 @@ std::uint16_t FontTable::Index(std::int32_t number) {
   auto found = indexes_.find(number);
   if (found == indexes_.end()) found = indexes_.find(default_number_);
   if (found != indexes_.end()) return found->second;
-  Font font;
-  font.charset = 0;
-  font.name = u"Times New Roman";
-  const auto index = static_cast<std::uint16_t>(std::min(document_.fonts.size(), kMostFonts - 1));
-  if (document_.fonts.size() < kMostFonts) document_.fonts.push_back(font);
-  indexes_[default_number_] = index;
-  return index;
+  if (document_.fonts.empty()) {
+    Font font;
+    font.charset = 0;
+    font.name = u"Times New Roman";
+    document_.fonts.push_back(font);
+  }
+  return 0;
 }
 
 int FontTable::CodePageOfCharset(const Font& font) const {

@@ -363,6 +363,7 @@ constexpr Entry kEntries[] = {
     {"userprops", Keyword::Skipped},
     {"v", Keyword::V},
     {"version", Keyword::Skipped},
+    {"viewkind", Keyword::Viewkind},
     {"wbitmap", Keyword::Wbitmap},
     {"wbmbitspixel", Keyword::Wbmbitspixel},
     {"wbmplanes", Keyword::Wbmplanes},
@@ -392,7 +393,8 @@ const std::unordered_map<std::string_view, Keyword>& Table() {
 Keyword FindKeyword(TextView name) {
   if (name.size() > kLongestName) return Keyword::Unknown;
   std::array<char, kLongestName> narrow{};
-  std::transform(name.begin(), name.end(), narrow.begin(), [](char16_t unit) { return static_cast<char>(unit); });
+  std::transform(name.begin(), name.end(), narrow.begin(),
+                 [](char16_t unit) { return static_cast<char>(unit); });
   const auto found = Table().find(std::string_view(narrow.data(), name.size()));
   return found == Table().end() ? Keyword::Unknown : found->second;
 }

@@ -130,7 +130,8 @@ Text ListTables::ComputeLabel(const Levels& levels, const Override& override, st
   Text label;
   for (const char16_t unit : levels[level].text) {
     if (unit < kLevels) {
-      label += NumberText(std::max(override.counters[unit], std::int32_t{1}), StyleOf(levels[unit].number_kind));
+      label +=
+          NumberText(std::max(override.counters[unit], std::int32_t{1}), StyleOf(levels[unit].number_kind));
     } else if (unit >= u' ') {
       label += unit;
     }
@@ -138,7 +139,8 @@ Text ListTables::ComputeLabel(const Levels& levels, const Override& override, st
   return label;
 }
 
-ListTables::Item ListTables::NextItem(std::int32_t override, std::int32_t level, bool has_label, const Text& label) {
+ListTables::Item ListTables::NextItem(std::int32_t override, std::int32_t level, bool has_label,
+                                      const Text& label) {
   Item item;
   const auto index = std::min(static_cast<std::size_t>(std::max(level, std::int32_t{0})), kLevels - 1);
   Override& state = overrides_[override];
@@ -156,7 +158,8 @@ ListTables::Item ListTables::NextItem(std::int32_t override, std::int32_t level,
   counter = counter == 0 ? definition.start : counter + 1;
   std::fill(state.counters.begin() + static_cast<std::ptrdiff_t>(index) + 1, state.counters.end(), 0);
   const bool shows_number = has_label ? !label.empty() : !definition.text.empty();
-  item.is_item = definition.number_kind == kBulletKind || (definition.number_kind != kNoNumberKind && shows_number);
+  item.is_item =
+      definition.number_kind == kBulletKind || (definition.number_kind != kNoNumberKind && shows_number);
   item.format.bullet = definition.number_kind == kBulletKind;
   if (item.format.bullet) return item;
   item.format.style = StyleOf(definition.number_kind);

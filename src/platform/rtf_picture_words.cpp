@@ -66,7 +66,7 @@ void PictureWords::Read(const Token& token) {
 
 Text PictureWords::Words() const {
   constexpr std::array<TextView, kMeasures> kNames = {
-      u"\\picw",     u"\\pich",     u"\\picwgoal", u"\\pichgoal", u"\\picscalex",
+      u"\\picw",      u"\\pich",     u"\\picwgoal", u"\\pichgoal", u"\\picscalex",
       u"\\picscaley", u"\\piccropl", u"\\piccropr", u"\\piccropt", u"\\piccropb"};
   constexpr std::int32_t kFullScale = 100;
   Text words = kind_.empty() ? Text(u"\\wbitmap0") : kind_;

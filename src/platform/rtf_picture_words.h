@@ -18,7 +18,19 @@ class PictureWords {
   Text Words() const;
 
  private:
-  enum Measure : std::size_t { kWidth, kHeight, kShownWidth, kShownHeight, kScaleX, kScaleY, kLeft, kRight, kTop, kBottom, kMeasures };
+  enum Measure : std::size_t {
+    kWidth,
+    kHeight,
+    kShownWidth,
+    kShownHeight,
+    kScaleX,
+    kScaleY,
+    kLeft,
+    kRight,
+    kTop,
+    kBottom,
+    kMeasures
+  };
 
   Text kind_;
   Text bitmap_;  // the words that only a bitmap has

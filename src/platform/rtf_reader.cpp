@@ -10,6 +10,8 @@ namespace {
 // A group that is nested deeper than this does not restore the formatting of
 // the group around it.
 constexpr std::size_t kDeepest = 200000;
+// Text is shorter than its RTF, but pictures may be most of that.
+constexpr std::size_t kMostReserved = std::size_t{2} << 20;
 
 const std::array<char16_t, 256>& WesternTable() {
   static const std::array<char16_t, 256> table = [] {
@@ -26,7 +28,7 @@ const std::array<char16_t, 256>& WesternTable() {
 }  // namespace
 
 Reader::Reader(TextView rtf) : rtf_(rtf), tokens_(rtf), last_close_(rtf.rfind(u'}')) {
-  document_.text.reserve(rtf.size() / 2);
+  document_.text.reserve(std::min(rtf.size(), kMostReserved));
   document_.states_code_page = false;
   groups_.emplace_back();
 }
@@ -34,6 +36,8 @@ Reader::Reader(TextView rtf) : rtf_(rtf), tokens_(rtf), last_close_(rtf.rfind(u'
 Document Reader::Read() {
   while (!done_) {
     const Token token = tokens_.Next();
+    if (!held_blanks_.empty() && token.kind != Token::Kind::Word && token.kind != Token::Kind::Symbol)
+      ReleaseBlanks();
     switch (token.kind) {
       case Token::Kind::End:
         done_ = true;
@@ -55,6 +59,10 @@ Document Reader::Read() {
         ReadByte(static_cast<unsigned char>(token.unit));
         break;
       case Token::Kind::Text:
+        if (group_start_ && !starred_ && token.text.find_first_not_of(u' ') == TextView::npos) {
+          held_blanks_ = token.text;
+          continue;
+        }
         ReadPlain(token.text);
         break;
       case Token::Kind::Unit:
@@ -69,6 +77,8 @@ Document Reader::Read() {
   Finish();
   return std::move(document_);
 }
+
+void Reader::ReleaseBlanks() { ReadPlain(std::exchange(held_blanks_, {})); }
 
 void Reader::OpenGroup() {
   FlushBytes();
@@ -86,7 +96,8 @@ void Reader::OpenGroup() {
     group.paragraph = {};
   }
   groups_.push_back(group);
-  const bool is_ansi_part = group.destination == Destination::AnsiAndUnicode && !tokens_.Rest().starts_with(u"\\*");
+  const bool is_ansi_part =
+      group.destination == Destination::AnsiAndUnicode && !tokens_.Rest().starts_with(u"\\*");
   if (is_ansi_part) SkipGroup();
 }
 
@@ -104,7 +115,8 @@ void Reader::CloseGroup() {
   if (groups_.size() <= 2) {
     // The end of the document, unless braces follow: then this one was one too many.
     const std::size_t at = rtf_.size() - tokens_.Rest().size() - 1;
-    if (at == last_close_) done_ = true;
+    if (at == last_close_ && !surplus_) done_ = true;
+    surplus_ = true;
     return;
   }
   const Group closed = groups_.back();
@@ -119,6 +131,7 @@ void Reader::ReadSymbol(char16_t sign) {
     starred_ = group_start_;
     return;
   }
+  if (!held_blanks_.empty()) ReleaseBlanks();
   if (fallback_left_ > 0 && sign != u'\r' && sign != u'\n') {
     --fallback_left_;
     return;
@@ -268,6 +281,11 @@ void Reader::ReadDestinationText(TextView text) {
 
 void Reader::ReadWord(const Token& token) {
   FlushBytes();
+  if (group_start_ && token.keyword != Keyword::U && OpenDestination(token)) {
+    held_blanks_ = {};
+    return;
+  }
+  if (!held_blanks_.empty()) ReleaseBlanks();
   if (token.keyword == Keyword::U) {
     FlushAllBytes();
     if (Top().destination == Destination::FontTable) {
@@ -278,7 +296,6 @@ void Reader::ReadWord(const Token& token) {
     }
     return;
   }
-  if (group_start_ && OpenDestination(token)) return;
   if (OpenPart(token) || ReadHeaderWord(token) || ReadDestinationWord(token)) return;
   if (ReadCharacterName(token.keyword)) return;
   fallback_left_ = 0;
@@ -317,6 +334,9 @@ bool Reader::ReadHeaderWord(const Token& token) {
       if (token.number > 0 && token.number <= 0xFFFF && token.number != 1032 && token.number != 1055) {
         document_.language = token.number;
       }
+      return true;
+    case Keyword::Viewkind:
+      controls_own_ = tokens_.Rest().starts_with(u"\\uc1");
       return true;
     case Keyword::Fbidis:
       document_.right_to_left = true;

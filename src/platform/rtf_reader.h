@@ -88,6 +88,7 @@ class Reader {
   void ReadUnicode(std::int32_t number);
   void ReadBinary(TextView bytes);
   void ReadDestinationText(TextView text);
+  void ReleaseBlanks();
   bool ReadHeaderWord(const Token& token);
   bool ReadDestinationWord(const Token& token);
   Group& Top() { return groups_.back(); }
@@ -104,6 +105,7 @@ class Reader {
   void EndObject();
   void EndField();
   void BeginApart();
+  void AddFootnoteBracket(TextView bracket);
 
   // rtf_body.cpp: text, marks and paragraphs
   bool ReadBodyWord(const Token& token);
@@ -114,8 +116,9 @@ class Reader {
   void AddMark(char16_t mark);
   void FlushBytes();
   void FlushAllBytes();
-  bool IsShown();
+  bool IsShown(TextView text);
   std::uint32_t FormatId();
+  std::uint32_t MarkFormatId();
   void EndParagraph();
   ParagraphEnd CurrentParagraph();
   void Finish();
@@ -140,7 +143,10 @@ class Reader {
   std::size_t lost_groups_ = 0;  // open groups beyond the deepest that is kept
   bool group_start_ = false;     // nothing but "\*" was read of the group
   bool starred_ = false;
+  TextView held_blanks_;  // at the start of a group: text, unless the group turns out to hold none
+  bool surplus_ = false;  // the document's group was closed more than once
   bool done_ = false;
+  bool controls_own_ = false;  // the control wrote the text itself
   std::int32_t fallback_left_ = 0;  // signs still to be passed over behind \u
 
   bool format_changed_ = true;

@@ -220,7 +220,7 @@ void RepairPage(Sequence& assembly, Apartment& apartment, const Text& colour) {
   sequence.Step("MendLowQuotes", MendLowQuotes);
   sequence.Step("DropCellWidths", DropCellWidths);
   sequence.Step("DropFirstCellWidth", DropFirstCellWidth);
-  sequence.Step("FinishEntitiesAndLists", [](Page& page) { html_finishing::FinishEntitiesAndLists(page); });
+  sequence.Step("FinishEntitiesAndLists", html_finishing::FinishEntitiesAndLists);
   sequence.Step("CollapseFirstList",
                 [](Page& page) { page.Assign(html_finishing::CollapseFirstList(page.text())); });
   sequence.Step("MergeAdjoiningFonts", MergeAdjoiningFonts);

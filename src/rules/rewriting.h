@@ -3,6 +3,13 @@
 // match costs next to nothing.
 #pragma once
 
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "rules/presence.h"
+#include "text/limits.h"
+#include "text/search.h"
 #include "text/text.h"
 
 namespace quillary {
@@ -11,30 +18,75 @@ struct Apartment;
 
 namespace quillary::rules {
 
+class FiringLog;
+
 class Rewriting {
  public:
+  explicit Rewriting(Text text) : text_(std::move(text)) {}
   /// `apartment` travels with the text for the scans inside a chain; the rules
-  /// themselves never look at it. It may be null and must outlive the object.
-  explicit Rewriting(Text text, Apartment* apartment = nullptr)
-      : text_(std::move(text)), apartment_(apartment) {}
+  /// themselves take nothing from it but the limit of growth and the firing
+  /// log. It may be null and must outlive the object.
+  template <class Home>
+  Rewriting(Text text, Home* apartment) : Rewriting(std::move(text)) {
+    apartment_ = apartment;
+    if (apartment != nullptr) {
+      limit_ = apartment->working_limit;
+      log_ = apartment->firing_log;
+    }
+  }
 
   const Text& text() const { return text_; }
   Apartment& apartment() { return *apartment_; }
 
-  /// Puts a text that was changed by hand in place of the old one.
-  void Assign(Text text) { text_ = std::move(text); }
-  /// The text, which leaves the object empty.
-  Text Take() { return std::move(text_); }
+  /// The text never grows beyond so many units: a replacement that would take
+  /// it there throws LimitReached and leaves it as it was.
+  void set_limit(std::size_t units) { limit_ = units; }
+  /// Where rules that fire are noted, or null.
+  FiringLog* log() const { return log_; }
+  void set_log(FiringLog* log) { log_ = log; }
 
-  bool Holds(TextView find, Compare mode) { return quillary::Holds(text_, find, mode); }
+  /// Puts a text that was changed by hand in place of the old one.
+  void Assign(Text text);
+  /// The text, which leaves the object empty.
+  Text Take();
+
+  bool Holds(TextView find, Compare mode);
   /// As ReplaceIn on the text. Returns whether anything was replaced.
-  bool Replace(TextView find, TextView with, Compare mode, std::int32_t limit = -1) {
-    return ReplaceIn(text_, find, with, mode, limit);
-  }
+  bool Replace(TextView find, TextView with, Compare mode, std::int32_t limit = -1);
+
+  // For the run of a chain, which knows the hashes of its literals.
+
+  /// Indexes the text now if that pays for so many literals to be asked.
+  void Expect(std::size_t literals);
+  /// False only if the text certainly holds no literal with that run in it.
+  bool MayHold(std::uint32_t gram) const { return !presence_.built() || presence_.Where(gram) != 0; }
+  /// Where `find`, whose runs hash to `grams` (none for a single unit), may
+  /// begin; 0 only if the text certainly does not hold it.
+  Stretches Where(TextView find, std::span<const std::uint32_t> grams) const;
+  /// As Replace, only where the find text may begin. Returns how many.
+  std::size_t ReplaceWhere(Stretches where, TextView find, TextView with, Compare mode, std::int32_t limit);
+  /// Offset of the first occurrence, from 0, or npos.
+  std::size_t FirstWhere(Stretches where, TextView find, Compare mode);
 
  private:
+  Stretches Where(TextView find);
+  void Missed(Stretches where);
+  std::size_t Next(const Finder& finder, Stretches where, std::size_t from) const;
+  std::size_t ReplaceFrom(std::size_t hit, const Finder& finder, Stretches where, TextView with,
+                          std::int32_t limit);
+  void CloseUp(std::size_t taken, TextView with);
+  void Widen(std::size_t taken, TextView with);
+  void IndexReplaced(std::size_t taken, std::size_t brought);
+
   Text text_;
-  Apartment* apartment_;
+  std::vector<std::size_t> places_;  // where the last replacements stand
+  Presence presence_;
+  Apartment* apartment_ = nullptr;
+  FiringLog* log_ = nullptr;
+  std::size_t limit_ = limits::working_units;
+  std::size_t unindexed_asks_ = 0;
+  std::size_t missed_units_ = 0;  // searched in vain, which a fresh index could have spared
+  bool changed_ = false;          // since the index was built
 };
 
 }  // namespace quillary::rules

@@ -18,6 +18,8 @@ struct Rule {
   Compare mode = Compare::Binary;
   std::int32_t limit = -1;  // at most so many replacements; below 0 all
   std::uint32_t line = 0;   // of the rule file
+  std::uint32_t grams = 0;  // first of its hashes in the chain; a single unit has none
+  std::uint32_t gram_count = 0;
 };
 
 /// What a guard asks of the text.
@@ -27,6 +29,8 @@ struct Condition {
   TextView find;
   Compare mode = Compare::Binary;
   std::uint32_t units = 0;  // of ShorterThan
+  std::uint32_t grams = 0;
+  std::uint32_t gram_count = 0;
 };
 
 /// One step of a stage: a run of rules, a guard over the steps behind it, or
@@ -37,6 +41,7 @@ struct Step {
   std::uint32_t first = 0;  // of the chain's rules, or of its conditions
   std::uint32_t count = 0;
   std::uint32_t skip = 0;  // a guard that fails goes on at this step of the chain
+  std::uint32_t gram = 0;  // where not 0: a run that all find texts of these rules share
   void (*scan)(Rewriting&) = nullptr;
   const char* name = nullptr;  // of the scan
 };
@@ -57,6 +62,16 @@ struct Chain {
   std::span<const Step> steps;
   std::span<const Rule> rules;
   std::span<const Condition> conditions;
+  std::span<const std::uint32_t> grams;
+  /// For each rule the hash that is asked first; 0 where there is none.
+  std::span<const std::uint32_t> first_grams;
+
+  std::span<const std::uint32_t> GramsOf(const Rule& rule) const {
+    return grams.subspan(rule.grams, rule.gram_count);
+  }
+  std::span<const std::uint32_t> GramsOf(const Condition& condition) const {
+    return grams.subspan(condition.grams, condition.gram_count);
+  }
 };
 
 }  // namespace quillary::rules

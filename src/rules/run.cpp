@@ -2,38 +2,81 @@
 
 #include <algorithm>
 
+#include "rules/firing_log.h"
+#include "rules/skip_check.h"
 #include "text/failure.h"
+#include "text/search.h"
 
 namespace quillary::rules {
 namespace {
 
-bool Met(const Condition& condition, Rewriting& text) {
+bool Met(const Chain& chain, const Condition& condition, Rewriting& text) {
   switch (condition.kind) {
     case Condition::Kind::ShorterThan:
       return text.text().size() < condition.units;
     case Condition::Kind::HoldsNot:
-      return !text.Holds(condition.find, condition.mode);
     case Condition::Kind::Holds:
       break;
   }
-  return text.Holds(condition.find, condition.mode);
+  const Stretches where = text.Where(condition.find, chain.GramsOf(condition));
+  const bool holds = text.FirstWhere(where, condition.find, condition.mode) != Finder::npos;
+  return holds == (condition.kind == Condition::Kind::Holds);
 }
 
-void RunSteps(const Chain& chain, const Stage& stage, Rewriting& text) {
-  std::uint32_t at = stage.first;
-  while (at < stage.first + stage.count) {
-    const Step& step = chain.steps[at++];
-    if (step.kind == Step::Kind::Scan) {
-      step.scan(text);
-    } else if (step.kind == Step::Kind::Rules) {
-      for (const Rule& rule : chain.rules.subspan(step.first, step.count)) {
-        text.Replace(rule.find, rule.with, rule.mode, rule.limit);
-      }
+// Applies a rule and notes it if it fires.
+void ApplyLogged(const Chain& chain, int stage, const Rule& rule, Stretches where, Rewriting& text) {
+  const std::size_t hit = text.FirstWhere(where, rule.find, rule.mode);
+  if (hit == Finder::npos) return;
+  const std::size_t start = hit - std::min(hit, FiringLog::margin);
+  Text before = text.text().substr(start, hit - start + rule.find.size() + FiringLog::margin);
+  const std::size_t count = text.ReplaceWhere(where, rule.find, rule.with, rule.mode, rule.limit);
+  Firing& row = text.log()->Row(chain, stage, rule);
+  if (row.count == 0) {
+    row.before = std::move(before);
+    row.after = text.text().substr(start, hit - start + rule.with.size() + FiringLog::margin);
+  }
+  row.count += count;
+}
+
+void RunRules(const Chain& chain, int stage, const Step& step, Rewriting& text) {
+  text.Expect(step.count);
+  if (step.gram != 0 && !text.MayHold(step.gram)) {
+    for (const Rule& rule : chain.rules.subspan(step.first, step.count)) CheckSkipped(rule, text);
+    return;
+  }
+  for (std::uint32_t i = step.first; i < step.first + step.count; ++i) {
+    const Rule& rule = chain.rules[i];
+    const std::uint32_t gram = chain.first_grams[i];
+    const Stretches where = gram != 0 && !text.MayHold(gram) ? 0 : text.Where(rule.find, chain.GramsOf(rule));
+    if (where == 0) {
+      CheckSkipped(rule, text);
+    } else if (text.log() != nullptr) {
+      ApplyLogged(chain, stage, rule, where, text);
     } else {
-      const auto conditions = chain.conditions.subspan(step.first, step.count);
-      const bool met = std::all_of(conditions.begin(), conditions.end(),
-                                   [&](const Condition& condition) { return Met(condition, text); });
-      if (!met) at = step.skip;
+      text.ReplaceWhere(where, rule.find, rule.with, rule.mode, rule.limit);
+    }
+  }
+}
+
+void RunSteps(const Chain& chain, int stage, Rewriting& text) {
+  const Stage& steps = chain.stages[static_cast<std::size_t>(stage) - 1];
+  std::uint32_t at = steps.first;
+  while (at < steps.first + steps.count) {
+    const Step& step = chain.steps[at++];
+    switch (step.kind) {
+      case Step::Kind::Scan:
+        step.scan(text);
+        break;
+      case Step::Kind::Rules:
+        RunRules(chain, stage, step, text);
+        break;
+      case Step::Kind::Guard: {
+        const auto conditions = chain.conditions.subspan(step.first, step.count);
+        const bool met = std::all_of(conditions.begin(), conditions.end(),
+                                     [&](const Condition& condition) { return Met(chain, condition, text); });
+        if (!met) at = step.skip;
+        break;
+      }
     }
   }
 }
@@ -41,14 +84,17 @@ void RunSteps(const Chain& chain, const Stage& stage, Rewriting& text) {
 }  // namespace
 
 void Run(const Chain& chain, Rewriting& text) {
-  for (const Stage& stage : chain.stages) RunSteps(chain, stage, text);
+  for (int stage = 1; stage <= static_cast<int>(chain.stages.size()); ++stage) {
+    text.Expect(chain.rules.size());
+    RunSteps(chain, stage, text);
+  }
 }
 
 void RunStage(const Chain& chain, int stage, Rewriting& text) {
   if (stage < 1 || static_cast<std::size_t>(stage) > chain.stages.size()) {
     throw Failure(Failure::Kind::Subscript);
   }
-  RunSteps(chain, chain.stages[static_cast<std::size_t>(stage) - 1], text);
+  RunSteps(chain, stage, text);
 }
 
 }  // namespace quillary::rules

@@ -24,12 +24,20 @@ class Finder {
   std::size_t length() const { return find_.size(); }
 
  private:
+  // A unit of the find text and what counts as equal to it. Where those are
+  // one unit, or two that differ in the case bit, `bit` makes them one.
   struct Anchor {
     std::size_t offset = 0;
-    std::array<char16_t, 4> variants{};  // the units that count as equal, the first one repeated
+    char16_t unit = 0;
+    char16_t bit = 0;
+    bool simple = true;
+    std::array<char16_t, 4> variants{};  // the first one repeated
   };
   bool Matches(const char16_t* at) const;
   static Anchor MakeAnchor(TextView find, std::size_t offset, Compare mode);
+  std::size_t NextSimple(const char16_t* base, std::size_t at, std::size_t last) const;
+  std::size_t NextOfVariants(const char16_t* base, std::size_t at, std::size_t last) const;
+  std::size_t NextOneByOne(const char16_t* base, std::size_t at, std::size_t last) const;
 
   TextView find_;
   Compare mode_;

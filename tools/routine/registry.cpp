@@ -75,11 +75,12 @@ const Registry& AllRoutines() {
     AddTextRoutines(all);
     AddDriverRoutines(all);
     AddEscapeRoutines(all);
+    AddRichTextRoutines(all);
     AddSegmentRoutines(all);
     AddLinkRoutines(all);
     AddTableRoutines(all);
-    AddEntityRoutines(all);
     AddFinishingRoutines(all);
+    AddEntityRoutines(all);
     return all;
   }();
   return registry;

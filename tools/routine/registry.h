@@ -85,11 +85,12 @@ void AddDriverRoutines(Registry& registry);
 /// Chains come first: an operation of the same name takes the name.
 void AddChainRoutines(Registry& registry);
 void AddEscapeRoutines(Registry& registry);
+void AddRichTextRoutines(Registry& registry);
 void AddSegmentRoutines(Registry& registry);
 void AddLinkRoutines(Registry& registry);
 void AddTableRoutines(Registry& registry);
-void AddEntityRoutines(Registry& registry);
 void AddFinishingRoutines(Registry& registry);
+void AddEntityRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.

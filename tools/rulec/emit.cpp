@@ -3,6 +3,8 @@
 #include <set>
 #include <sstream>
 
+#include "grams.h"
+
 namespace quillary::rulec {
 namespace {
 
@@ -60,18 +62,43 @@ const char* KindName(Asked::Kind kind) {
   return "Condition::Kind::Holds";
 }
 
+std::string Hash(std::uint32_t hash) {
+  std::ostringstream out;
+  out << hash << 'U';
+  return out.str();
+}
+
+// The hashes of all find texts, one behind the other.
+class GramTable {
+ public:
+  /// The two fields of a rule or a condition.
+  std::string Fields(TextView find) {
+    const std::vector<std::uint32_t> hashes = TellingGrams(find);
+    const std::string fields = std::to_string(count_) + ", " + std::to_string(hashes.size());
+    for (const std::uint32_t hash : hashes) rows_ += "    " + Hash(hash) + ",\n";
+    count_ += hashes.size();
+    return fields;
+  }
+  const std::string& rows() const { return rows_; }
+
+ private:
+  std::string rows_;
+  std::size_t count_ = 0;
+};
+
 void EmitSteps(const FlatChain& chain, std::ostream& out) {
   for (const FlatStep& step : chain.steps) {
     switch (step.kind) {
       case FlatStep::Kind::Rules:
-        out << "    {Step::Kind::Rules, " << step.first << ", " << step.count << ", 0, nullptr, nullptr},\n";
+        out << "    {Step::Kind::Rules, " << step.first << ", " << step.count << ", 0, " << Hash(step.gram)
+            << ", nullptr, nullptr},\n";
         break;
       case FlatStep::Kind::Guard:
         out << "    {Step::Kind::Guard, " << step.first << ", " << step.count << ", " << step.skip
-            << ", nullptr, nullptr},\n";
+            << ", 0, nullptr, nullptr},\n";
         break;
       case FlatStep::Kind::Scan:
-        out << "    {Step::Kind::Scan, 0, 0, 0, " << chain.scan_namespace << "::" << step.scan << ", \""
+        out << "    {Step::Kind::Scan, 0, 0, 0, 0, " << chain.scan_namespace << "::" << step.scan << ", \""
             << step.scan << "\"},\n";
         break;
     }
@@ -85,15 +112,20 @@ void EmitArray(const std::string& type, const std::string& name, const std::stri
 }
 
 void EmitChain(const FlatChain& chain, const std::string& name, std::ostream& out) {
+  GramTable grams;
+  std::ostringstream first_grams;
   std::ostringstream rules;
   for (const FlatRule& rule : chain.rules) {
     rules << "    {" << View(rule.find) << ", " << View(rule.with) << ", " << ModeName(rule.mode) << ", "
-          << rule.limit << ", " << rule.line << "},\n";
+          << rule.limit << ", " << rule.line << ", " << grams.Fields(rule.find) << "},\n";
+    const std::vector<std::uint32_t> hashes = TellingGrams(rule.find);
+    first_grams << "    " << Hash(hashes.empty() ? 0 : hashes[0]) << ",\n";
   }
   std::ostringstream conditions;
   for (const FlatCondition& condition : chain.conditions) {
     conditions << "    {" << KindName(condition.kind) << ", " << View(condition.find) << ", "
-               << ModeName(condition.mode) << ", " << condition.units << "},\n";
+               << ModeName(condition.mode) << ", " << condition.units << ", " << grams.Fields(condition.find)
+               << "},\n";
   }
   std::ostringstream steps;
   EmitSteps(chain, steps);
@@ -105,6 +137,8 @@ void EmitChain(const FlatChain& chain, const std::string& name, std::ostream& ou
   out << "namespace {\n";
   EmitArray("Rule", chain.name + "_rules", rules.str(), out);
   EmitArray("Condition", chain.name + "_conditions", conditions.str(), out);
+  EmitArray("std::uint32_t", chain.name + "_grams", grams.rows(), out);
+  EmitArray("std::uint32_t", chain.name + "_first_grams", first_grams.str(), out);
   EmitArray("Step", chain.name + "_steps", steps.str(), out);
   EmitArray("Stage", chain.name + "_stage_table", stages.str(), out);
   out << "}  // namespace\n";
@@ -112,6 +146,7 @@ void EmitChain(const FlatChain& chain, const std::string& name, std::ostream& ou
   out << "constexpr Chain " << chain.name << " = {\"" << chain.name << "\", " << Narrow(name) << ", "
       << table("_stage_table", !chain.stages.empty()) << ", " << table("_steps", !chain.steps.empty()) << ", "
       << table("_rules", !chain.rules.empty()) << ", " << table("_conditions", !chain.conditions.empty())
+      << ", " << table("_grams", !grams.rows().empty()) << ", " << table("_first_grams", !chain.rules.empty())
       << "};\n\n";
 }
 

@@ -33,7 +33,7 @@ class Expander {
           When(node);
           break;
         case Node::Kind::Scan:
-          chain_.steps.push_back({FlatStep::Kind::Scan, 0, 0, 0, node.scan});
+          chain_.steps.push_back({FlatStep::Kind::Scan, 0, 0, 0, node.scan, 0});
           joinable_ = false;
           break;
       }
@@ -55,7 +55,7 @@ class Expander {
     FlatRule rule{Fill(node.find, values_), Fill(node.with, values_), node.mode, node.limit, node.line};
     if (rule.find.size() > 0xFFFF || rule.with.size() > 0xFFFF)
       throw Malformed(node.line, "literal too long");
-    if (!joinable_) chain_.steps.push_back({FlatStep::Kind::Rules, chain_.rules.size(), 0, 0, ""});
+    if (!joinable_) chain_.steps.push_back({FlatStep::Kind::Rules, chain_.rules.size(), 0, 0, "", 0});
     joinable_ = true;
     chain_.rules.push_back(std::move(rule));
     ++chain_.steps.back().count;
@@ -63,7 +63,8 @@ class Expander {
 
   void When(const Node& node) {
     const std::size_t guard = chain_.steps.size();
-    chain_.steps.push_back({FlatStep::Kind::Guard, chain_.conditions.size(), node.conditions.size(), 0, ""});
+    chain_.steps.push_back(
+        {FlatStep::Kind::Guard, chain_.conditions.size(), node.conditions.size(), 0, "", 0});
     for (const Asked& asked : node.conditions) {
       chain_.conditions.push_back({asked.kind, Fill(asked.find, values_), asked.mode, asked.units});
     }

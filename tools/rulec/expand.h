@@ -31,6 +31,7 @@ struct FlatStep {
   std::size_t count = 0;
   std::size_t skip = 0;
   std::string scan;
+  std::uint32_t gram = 0;
 };
 
 struct FlatStage {

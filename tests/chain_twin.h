@@ -1,0 +1,135 @@
+// Chains made in a test, and the slow, literal twin that judges the engine:
+// rule by rule with a plain search over the whole text.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "expand.h"
+#include "grams.h"
+#include "rule_file.h"
+#include "rules/run.h"
+#include "text/case_folding.h"
+
+namespace quillary {
+
+/// A chain compiled from the text of a rule file, as the build compiles it.
+class MadeChain {
+ public:
+  explicit MadeChain(const std::string& source) : MadeChain(FromSource(source)) {}
+  explicit MadeChain(rulec::FlatChain flat) : flat_(std::move(flat)) {
+    rulec::CutIntoBlocks(flat_);
+    for (const rulec::FlatRule& rule : flat_.rules) {
+      const std::uint32_t first = AddGrams(rule.find);
+      const auto count = static_cast<std::uint32_t>(grams_.size()) - first;
+      rules_.push_back(
+          {rule.find, rule.with, rule.mode, rule.limit, static_cast<std::uint32_t>(rule.line), first, count});
+      first_grams_.push_back(count == 0 ? 0 : grams_[first]);
+    }
+    for (const rulec::FlatCondition& condition : flat_.conditions) {
+      const std::uint32_t first = AddGrams(condition.find);
+      const auto count = static_cast<std::uint32_t>(grams_.size()) - first;
+      conditions_.push_back({static_cast<rules::Condition::Kind>(condition.kind), condition.find,
+                             condition.mode, condition.units, first, count});
+    }
+    for (const rulec::FlatStep& step : flat_.steps) {
+      steps_.push_back({static_cast<rules::Step::Kind>(step.kind), static_cast<std::uint32_t>(step.first),
+                        static_cast<std::uint32_t>(step.count), static_cast<std::uint32_t>(step.skip),
+                        step.gram, nullptr, nullptr});
+    }
+    for (const rulec::FlatStage& stage : flat_.stages) {
+      stages_.push_back({stage.name.c_str(), stage.purpose.c_str(), static_cast<std::uint32_t>(stage.first),
+                         static_cast<std::uint32_t>(stage.count)});
+    }
+    chain_ = {flat_.name.c_str(), "made.rules", stages_, steps_, rules_, conditions_, grams_, first_grams_};
+  }
+  MadeChain(const MadeChain&) = delete;
+  MadeChain& operator=(const MadeChain&) = delete;
+
+  const rules::Chain& chain() const { return chain_; }
+
+ private:
+  static rulec::FlatChain FromSource(const std::string& source) {
+    return rulec::Expand(rulec::ReadRules(source, {}, "").at(0));
+  }
+  std::uint32_t AddGrams(TextView find) {
+    const auto first = static_cast<std::uint32_t>(grams_.size());
+    for (const std::uint32_t gram : rulec::TellingGrams(find)) grams_.push_back(gram);
+    return first;
+  }
+
+  rulec::FlatChain flat_;
+  std::vector<rules::Rule> rules_;
+  std::vector<rules::Condition> conditions_;
+  std::vector<rules::Step> steps_;
+  std::vector<rules::Stage> stages_;
+  std::vector<std::uint32_t> grams_;
+  std::vector<std::uint32_t> first_grams_;
+  rules::Chain chain_;
+};
+
+inline bool TwinMatches(const Text& text, std::size_t at, TextView find, Compare mode) {
+  if (at + find.size() > text.size()) return false;
+  for (std::size_t i = 0; i < find.size(); ++i) {
+    const bool same =
+        mode == Compare::Binary ? text[at + i] == find[i] : FoldUnit(text[at + i]) == FoldUnit(find[i]);
+    if (!same) return false;
+  }
+  return true;
+}
+
+inline bool TwinHolds(const Text& text, TextView find, Compare mode) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (TwinMatches(text, at, find, mode)) return true;
+  }
+  return false;
+}
+
+/// Unit by unit, from left to right.
+inline bool TwinReplace(Text& text, const rules::Rule& rule) {
+  Text result;
+  std::int32_t count = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    if (count != rule.limit && TwinMatches(text, at, rule.find, rule.mode)) {
+      result += rule.with;
+      at += rule.find.size();
+      ++count;
+    } else {
+      result += text[at++];
+    }
+  }
+  text = std::move(result);
+  return count > 0;
+}
+
+inline bool TwinMet(const rules::Condition& condition, const Text& text) {
+  if (condition.kind == rules::Condition::Kind::ShorterThan) return text.size() < condition.units;
+  return TwinHolds(text, condition.find, condition.mode) == (condition.kind == rules::Condition::Kind::Holds);
+}
+
+/// What running the chain means.
+inline Text RunTwin(const rules::Chain& chain, Text text) {
+  for (const rules::Stage& stage : chain.stages) {
+    for (std::uint32_t at = stage.first; at < stage.first + stage.count;) {
+      const rules::Step& step = chain.steps[at++];
+      if (step.kind == rules::Step::Kind::Scan) {
+        rules::Rewriting whole(std::move(text));
+        step.scan(whole);
+        text = whole.Take();
+      } else if (step.kind == rules::Step::Kind::Rules) {
+        for (const rules::Rule& rule : chain.rules.subspan(step.first, step.count)) {
+          TwinReplace(text, rule);
+        }
+      } else {
+        const auto conditions = chain.conditions.subspan(step.first, step.count);
+        const bool met = std::all_of(conditions.begin(), conditions.end(),
+                                     [&](const auto& condition) { return TwinMet(condition, text); });
+        if (!met) at = step.skip;
+      }
+    }
+  }
+  return text;
+}
+
+}  // namespace quillary

@@ -1,0 +1,21 @@
+// Rules that cannot fire, because a rule ahead of them in the same stage always
+// eats their find text. Such rules are wanted as they stand: the report is for
+// people, never an error.
+#pragma once
+
+#include <vector>
+
+#include "expand.h"
+
+namespace quillary::rulec {
+
+struct Masked {
+  const FlatRule* rule = nullptr;
+  const FlatRule* by = nullptr;
+};
+
+/// In the order of the rules. What a later rule may bring back by joining two
+/// texts is not seen, so a person has to judge.
+std::vector<Masked> FindMasked(const FlatChain& chain);
+
+}  // namespace quillary::rulec
