@@ -55,6 +55,44 @@ TEST(Driver, ShowsThePageBehindEachStep) {
   EXPECT_EQ(pages.back(), page);
 }
 
+Text Repeat(TextView piece, int times) {
+  Text text;
+  for (int i = 0; i < times; ++i) text += piece;
+  return text;
+}
+
+TEST(Driver, ClosesWhatIsOpenButNotTooMuch) {
+  struct Case {
+    Text title;  // which is not escaped
+    Text closed;
+  };
+  const Text crlf = u"\r\n";
+  const Case cases[] = {
+      {Repeat(u"<TABLE", 4), crlf + Repeat(u"</table>", 4)},
+      {Repeat(u"<table", 5), u""},
+      {Repeat(u"<Font", 8), crlf + Repeat(u"</font>", 8)},
+      {Repeat(u"<font", 9), u""},
+      {u"<table</table</table", u""},
+      {u"<font<table", crlf + u"</table>" + crlf + u"</font>"},
+      // Counting stops at 181 on both sides.
+      {Repeat(u"<table", 200) + Repeat(u"</table", 197), u""},
+      {Repeat(u"<table", 182) + Repeat(u"</table", 177), crlf + Repeat(u"</table>", 4)},
+  };
+  for (const Case& each : cases) {
+    Apartment apartment;
+    Text closed;
+    apartment.trace = [&](std::string_view step, TextView page) {
+      if (step == "CloseDocument") closed = page;
+    };
+    Properties properties = NewProperties(u"");
+    properties.CleanRTF = u"nono";
+    properties.HTML_Title = each.title;
+    component::ConvertRTF(apartment, properties);
+    EXPECT_TRUE(closed.ends_with(u"#FFFFFF\">" + each.closed + u"\r\n</body>\r\n</html>\r\n"))
+        << each.title.size();
+  }
+}
+
 TEST(Driver, AMissingPictureExtractorCostsTheBodyAndNothingElse) {
   for (const bool throws : {true, false}) {
     Apartment apartment;
@@ -65,7 +103,9 @@ TEST(Driver, AMissingPictureExtractorCostsTheBodyAndNothingElse) {
       };
     Properties properties = NewProperties();
     const Text page = component::ConvertRTF(apartment, properties);
-    EXPECT_TRUE(page.ends_with(u"<BODY BGCOLOR=\"#FFFFFF\">\r\n</body>\r\n</html>\r\n"));
+    EXPECT_TRUE(page.starts_with(u"<html>"));
+    EXPECT_TRUE(page.ends_with(u"\r\n</body>\r\n</html>\r\n"));
+    EXPECT_FALSE(Holds(page, u"Okafor"));
     EXPECT_EQ(properties.RTF_Text, u"");
     properties.RTF_Text = kLetter;
     properties.ConvertImages = u"no";
