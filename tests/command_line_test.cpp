@@ -151,7 +151,7 @@ TEST_F(CommandLine, ManualAndCompletionNameEveryOption) {
   std::string manual = ReadFile(QUILLARY_TESTS_DIR "/../docs/quillary.1");
   std::erase(manual, '\\');
   const std::string completion = ReadFile(QUILLARY_TESTS_DIR "/../tools/quillary/completion/quillary.bash");
-  const std::string help = Run("to-html --help").out + Run("to-text --help").out;
+  const std::string help = Run("to-html --help").out + Run("to-text --help").out + Run("explain --help").out;
   const std::regex option("--[a-z-]+");
   int options = 0;
   for (std::sregex_iterator found(help.begin(), help.end(), option), end; found != end; ++found, ++options) {

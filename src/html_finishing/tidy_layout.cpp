@@ -7,10 +7,4 @@ namespace quillary::html_finishing {
 
 void TidyLayout(rules::Rewriting& page) { rules::Run(chains::TidyLayout, page); }
 
-Text TidyLayout(Text html) {
-  rules::Rewriting page(std::move(html));
-  TidyLayout(page);
-  return page.Take();
-}
-
 }  // namespace quillary::html_finishing

@@ -2,13 +2,11 @@
 #pragma once
 
 #include "rules/rewriting.h"
-#include "text/text.h"
 
 namespace quillary::html_finishing {
 
 /// Turns indents into list nesting, removes empty font tags, joins rows and
 /// opens the tables that stray cell widths stand for.
-Text TidyLayout(Text html);
 void TidyLayout(rules::Rewriting& page);
 
 }  // namespace quillary::html_finishing

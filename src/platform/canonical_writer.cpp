@@ -245,7 +245,7 @@ Text Writer::ParagraphWords(const ParagraphFormat& format, const Paragraph& para
   }
   if (format.keep) words += u"\\keep";
   if (format.keep_next) words += u"\\keepn";
-  if (format.no_widow_control) words += u"\\nowidctlpar";
+  if (format.no_widow_control && format.list == 0) words += u"\\nowidctlpar";
   AppendIndents(words, format, format.list != 0 || IsTypedItem(paragraph));
   if (format.space_before != 0) AppendNumber(words, u"\\sb", format.space_before);
   if (format.space_after != 0) AppendNumber(words, u"\\sa", format.space_after);

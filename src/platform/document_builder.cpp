@@ -82,7 +82,7 @@ void DocumentBuilder::EndCell(const ParagraphEnd& paragraph, std::uint32_t forma
 }
 
 void DocumentBuilder::EndRow(const ParagraphEnd& paragraph, std::uint32_t format) {
-  if (!row_open_ || (row_cells_ == 0 && ParagraphIsEmpty())) {
+  if ((!row_open_ || row_cells_ == 0) && ParagraphIsEmpty()) {
     row_open_ = false;
     return;
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace quillary::platform {
@@ -16,26 +17,39 @@ constexpr std::size_t most_reopened = 200000;
 /// Most attributes of one tag; the library compares each with all others.
 constexpr std::size_t most_attributes = 1000;
 
+enum class Kind { Inline, Block, Table, Cell, Item, Empty };
+
 struct Element {
   std::string_view name;
+  Kind kind;
   std::size_t weight;  // elements that the library opens for it
-  bool block;
 };
 
 // What the library treats in a way of its own. Any other element is inline,
 // which costs most.
-constexpr std::array elements{
-    Element{"table", 4, true},      Element{"tr", 0, false},    Element{"td", 0, false},
-    Element{"th", 0, false},        Element{"tbody", 0, false}, Element{"thead", 0, false},
-    Element{"ul", 2, true},         Element{"ol", 2, true},     Element{"dl", 2, true},
-    Element{"dir", 2, true},        Element{"menu", 2, true},   Element{"li", 0, true},
-    Element{"p", 0, true},          Element{"div", 1, true},    Element{"center", 1, true},
-    Element{"blockquote", 1, true}, Element{"h1", 1, true},     Element{"h2", 1, true},
-    Element{"h3", 1, true},         Element{"h4", 1, true},     Element{"h5", 1, true},
-    Element{"h6", 1, true},         Element{"form", 1, true},   Element{"pre", 1, true},
-    Element{"html", 1, false},      Element{"head", 1, false},  Element{"body", 1, false},
-    Element{"br", 0, false},        Element{"hr", 0, true},     Element{"img", 0, false},
-    Element{"meta", 0, false},      Element{"link", 0, false},  Element{"input", 0, false}};
+constexpr std::array elements{Element{"table", Kind::Table, 4},      Element{"tr", Kind::Cell, 0},
+                              Element{"td", Kind::Cell, 0},          Element{"th", Kind::Cell, 0},
+                              Element{"tbody", Kind::Cell, 0},       Element{"thead", Kind::Cell, 0},
+                              Element{"ul", Kind::Block, 2},         Element{"ol", Kind::Block, 2},
+                              Element{"dl", Kind::Block, 2},         Element{"dir", Kind::Block, 2},
+                              Element{"menu", Kind::Block, 2},       Element{"li", Kind::Item, 0},
+                              Element{"p", Kind::Item, 0},           Element{"hr", Kind::Item, 0},
+                              Element{"div", Kind::Block, 1},        Element{"center", Kind::Block, 1},
+                              Element{"blockquote", Kind::Block, 1}, Element{"form", Kind::Block, 1},
+                              Element{"h1", Kind::Block, 1},         Element{"h2", Kind::Block, 1},
+                              Element{"h3", Kind::Block, 1},         Element{"h4", Kind::Block, 1},
+                              Element{"h5", Kind::Block, 1},         Element{"h6", Kind::Block, 1},
+                              Element{"pre", Kind::Block, 1},        Element{"html", Kind::Empty, 0},
+                              Element{"head", Kind::Empty, 0},       Element{"body", Kind::Empty, 0},
+                              Element{"br", Kind::Empty, 0},         Element{"img", Kind::Empty, 0},
+                              Element{"meta", Kind::Empty, 0},       Element{"link", Kind::Empty, 0},
+                              Element{"input", Kind::Empty, 0}};
+
+Element ElementOf(std::string_view name) {
+  const auto known = std::find_if(elements.begin(), elements.end(),
+                                  [&](const Element& element) { return element.name == name; });
+  return known == elements.end() ? Element{name, Kind::Inline, 1} : *known;
+}
 
 char Lower(char sign) { return sign >= 'A' && sign <= 'Z' ? static_cast<char>(sign + 32) : sign; }
 bool IsNameSign(char sign) {
@@ -46,47 +60,60 @@ bool IsNameSign(char sign) {
 class Bounds {
  public:
   bool Open(const std::string& name) {
-    const auto known = std::find_if(elements.begin(), elements.end(),
-                                    [&](const Element& element) { return element.name == name; });
-    const std::size_t weight = known == elements.end() ? 1 : known->weight;
-    const bool inline_element = known == elements.end();
-    if (!inline_element && known->block) reopened_ += inlines_;
-    if (weight > 0) {
-      open_.push_back({name, weight, inline_element});
-      weight_ += weight;
-      if (inline_element) ++inlines_;
+    const Element element = ElementOf(name);
+    if (element.kind == Kind::Cell) EndCell();
+    const bool block =
+        element.kind == Kind::Block || element.kind == Kind::Table || element.kind == Kind::Item;
+    if (block) reopened_ += inlines_;
+    if (element.weight > 0) {
+      open_.push_back({name, element.weight, element.kind});
+      ++open_by_name_[name];
+      weight_ += element.weight;
+      if (element.kind == Kind::Inline) ++inlines_;
     }
     return weight_ <= most_open && reopened_ <= most_reopened;
   }
 
-  // Closes the element and all that was opened in it. A closing tag without
-  // its element closes nothing.
+  // Closes a block and all that was opened in it, or an inline element alone,
+  // which may stand across others. An end tag without its element closes nothing.
   void Close(const std::string& name) {
-    const auto found = std::find_if(open_.rbegin(), open_.rend(),
-                                    [&](const OpenElement& element) { return element.name == name; });
-    if (found == open_.rend()) return;
-    // An inline element may be closed across others, which go on.
-    if (found->inline_element) {
-      weight_ -= found->weight;
-      --inlines_;
-      open_.erase(std::next(found).base());
+    if (ElementOf(name).kind == Kind::Cell) EndCell();
+    if (open_by_name_[name] == 0) return;
+    auto found = open_.end();
+    do {
+      --found;
+    } while (found->name != name);
+    if (found->kind != Kind::Inline) {
+      for (auto inside = open_.end() - found; inside > 0; --inside) Forget();
       return;
     }
-    const auto first = std::next(found).base();
-    for (auto element = first; element != open_.end(); ++element) {
-      weight_ -= element->weight;
-      if (element->inline_element) --inlines_;
-    }
-    open_.erase(first, open_.end());
+    std::rotate(found, found + 1, open_.end());
+    Forget();
   }
 
  private:
   struct OpenElement {
     std::string name;
     std::size_t weight;
-    bool inline_element;
+    Kind kind;
   };
+
+  // What is open inside a cell ends with it.
+  void EndCell() {
+    if (open_by_name_["table"] == 0) return;
+    while (open_.back().kind != Kind::Table) Forget();
+  }
+
+  // Takes the element opened last out of all counts.
+  void Forget() {
+    weight_ -= open_.back().weight;
+    if (open_.back().kind == Kind::Inline) --inlines_;
+    --open_by_name_[open_.back().name];
+    open_.pop_back();
+  }
+
   std::vector<OpenElement> open_;
+  std::unordered_map<std::string, std::size_t> open_by_name_;
   std::size_t weight_ = 0;
   std::size_t inlines_ = 0;
   std::size_t reopened_ = 0;

@@ -53,6 +53,21 @@ std::uint32_t Reader::FormatId() {
   return format_;
 }
 
+/// The format of a mark that nobody sees. Word processors give their marks
+/// fonts, sizes and languages of their own; a change of them is noise. What
+/// ends with the text in front of the mark ends there, though.
+std::uint32_t Reader::MarkFormatId() {
+  const std::uint32_t own = FormatId();
+  if (controls_own_ || document_.runs.empty() || document_.runs.back().format == own) return own;
+  const CharacterFormat& mark = document_.characters[own];
+  CharacterFormat format = document_.characters[document_.runs.back().format];
+  format.effects &= mark.effects;
+  if (mark.colour == 0) format.colour = 0;
+  if (mark.highlight == 0) format.highlight = 0;
+  if (mark.rise == 0) format.rise = 0;
+  return document_.characters.Id(format);
+}
+
 void Reader::AddText(TextView text) {
   FlushAllBytes();
   if (!IsShown(text)) return;
@@ -87,7 +102,7 @@ void Reader::AddMark(char16_t mark) {
   }
   if (group.character.hidden) return;
   if (mark == marks::kTab) BeginCellItem();
-  builder_.AddUnit(mark, FormatId());
+  builder_.AddUnit(mark, mark == marks::kLine ? MarkFormatId() : FormatId());
 }
 
 /// Words that stand for a character.
@@ -159,7 +174,7 @@ bool Reader::ReadCharacterName(Keyword keyword) {
 /// Breaks, tables and the rest of what only the document's own text has.
 bool Reader::ReadBodyWord(const Token& token) {
   if (Top().destination == Destination::Nowhere) {
-    if (token.keyword == Keyword::Nestrow) builder_.EndNestedRow(FormatId());
+    if (token.keyword == Keyword::Nestrow) builder_.EndNestedRow(MarkFormatId());
     return true;
   }
   return InBody() && (ReadBreak(token.keyword) || builder_.Row().Read(token));
@@ -183,14 +198,14 @@ bool Reader::ReadBreak(Keyword keyword) {
       AddMark(marks::kTab);
       return true;
     case Keyword::Nestrow:
-      builder_.EndNestedRow(FormatId());
+      builder_.EndNestedRow(MarkFormatId());
       return true;
     case Keyword::Cell:
       if (is_one_line) {
         AddMark(marks::kTab);
       } else {
         FlushAllBytes();
-        builder_.EndCell(CurrentParagraph(), FormatId());
+        builder_.EndCell(CurrentParagraph(), MarkFormatId());
         label_.clear();
         has_label_ = false;
       }
@@ -200,7 +215,7 @@ bool Reader::ReadBreak(Keyword keyword) {
         AddMark(marks::kLine);
       } else {
         FlushAllBytes();
-        builder_.EndRow(CurrentParagraph(), FormatId());
+        builder_.EndRow(CurrentParagraph(), MarkFormatId());
       }
       return true;
     case Keyword::Trowd:
@@ -241,7 +256,7 @@ void Reader::EndParagraph() {
   } else {
     ResolveList(paragraph);
   }
-  builder_.EndParagraph(paragraph, FormatId());
+  builder_.EndParagraph(paragraph, MarkFormatId());
   label_.clear();
   has_label_ = false;
   label_before_pard_ = false;

@@ -164,7 +164,7 @@ bool Reader::OpenPart(const Token& token) {
       if (!InBody()) return true;
       group.ends_footnote = true;
       group.in_footnote = true;
-      AddText(u" [");
+      AddFootnoteBracket(u" [");
       return true;
     default:
       return false;
@@ -180,11 +180,7 @@ void Reader::EndDestination(const Group& closed) {
   const Destination outer = Top().destination;
   switch (closed.destination) {
     case Destination::FontTable:
-      if (outer == Destination::FontTable) {
-        fonts_.EndEntry();
-      } else {
-        fonts_.Close();
-      }
+      if (outer != Destination::FontTable) fonts_.Close();
       break;
     case Destination::FontAlternative:
       fonts_.SetAlternativeName(Text(TrimView(gathered_)));
@@ -224,7 +220,7 @@ void Reader::EndDestination(const Group& closed) {
     default:
       break;
   }
-  if (closed.ends_footnote) AddText(u"]");
+  if (closed.ends_footnote) AddFootnoteBracket(u"]");
   if (closed.ends_field) EndField();
   if (closed.ends_object) EndObject();
   if (closed.ends_apart && !builder_.ParagraphIsEmpty()) {
@@ -234,6 +230,19 @@ void Reader::EndDestination(const Group& closed) {
       builder_.EndParagraph({.format = closed.paragraph.format}, FormatId());
     }
   }
+}
+
+/// The text of a footnote stands at its place, in brackets that are not raised
+/// as the note's sign in front of them is.
+void Reader::AddFootnoteBracket(TextView bracket) {
+  CharacterState& state = Top().character;
+  const CharacterState kept = state;
+  state.effects &= static_cast<std::uint16_t>(~(kSuperscript | kSubscript));
+  state.rise = 0;
+  format_changed_ = true;
+  AddText(bracket);
+  state = kept;
+  format_changed_ = true;
 }
 
 void Reader::EndStyle(const Group& closed) {

@@ -219,13 +219,13 @@ std::uint16_t FontTable::Index(std::int32_t number) {
   auto found = indexes_.find(number);
   if (found == indexes_.end()) found = indexes_.find(default_number_);
   if (found != indexes_.end()) return found->second;
-  Font font;
-  font.charset = 0;
-  font.name = u"Times New Roman";
-  const auto index = static_cast<std::uint16_t>(std::min(document_.fonts.size(), kMostFonts - 1));
-  if (document_.fonts.size() < kMostFonts) document_.fonts.push_back(font);
-  indexes_[default_number_] = index;
-  return index;
+  if (document_.fonts.empty()) {
+    Font font;
+    font.charset = 0;
+    font.name = u"Times New Roman";
+    document_.fonts.push_back(font);
+  }
+  return 0;
 }
 
 int FontTable::CodePageOfCharset(const Font& font) const {

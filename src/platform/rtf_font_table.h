@@ -14,11 +14,10 @@ class FontTable {
  public:
   explicit FontTable(Document& document) : document_(document) {}
 
-  /// What stands in the table. An entry ends at its semicolon or with its group.
+  /// What stands in the table. An entry ends at its semicolon or where the next one begins.
   void ReadWord(const Token& token);
   void ReadText(TextView text);
   void ReadByte(unsigned char byte);
-  void EndEntry();
   /// The other name of the font that is being read, which is taken where the
   /// name itself has letters that no page can name a font by.
   void SetAlternativeName(const Text& name) { alternative_ = name; }
@@ -29,13 +28,14 @@ class FontTable {
   void SetDocumentCodePage(int code_page) { document_code_page_ = code_page; }
 
   /// Index of the font in the document. A font that is not defined is the
-  /// default font, and that the control's own if it is not defined either.
+  /// default font, and that the first one if it is not defined either.
   std::uint16_t Index(std::int32_t number);
   /// Code page of the bytes in this font; that of the document for a font that is not defined.
   int CodePage(std::int32_t number) const;
   bool IsSymbol(std::int32_t number) const;
 
  private:
+  void EndEntry();
   const Font* Find(std::int32_t number) const;
   int CodePageOfCharset(const Font& font) const;
   Text PlainName();

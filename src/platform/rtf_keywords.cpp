@@ -363,6 +363,7 @@ constexpr Entry kEntries[] = {
     {"userprops", Keyword::Skipped},
     {"v", Keyword::V},
     {"version", Keyword::Skipped},
+    {"viewkind", Keyword::Viewkind},
     {"wbitmap", Keyword::Wbitmap},
     {"wbmbitspixel", Keyword::Wbmbitspixel},
     {"wbmplanes", Keyword::Wbmplanes},

@@ -210,6 +210,7 @@ enum class Keyword : std::uint16_t {
   Up,
   Upr,
   V,
+  Viewkind,
   Wbitmap,
   Wbmbitspixel,
   Wbmplanes,

@@ -115,7 +115,8 @@ void Reader::CloseGroup() {
   if (groups_.size() <= 2) {
     // The end of the document, unless braces follow: then this one was one too many.
     const std::size_t at = rtf_.size() - tokens_.Rest().size() - 1;
-    if (at == last_close_) done_ = true;
+    if (at == last_close_ && !surplus_) done_ = true;
+    surplus_ = true;
     return;
   }
   const Group closed = groups_.back();
@@ -333,6 +334,9 @@ bool Reader::ReadHeaderWord(const Token& token) {
       if (token.number > 0 && token.number <= 0xFFFF && token.number != 1032 && token.number != 1055) {
         document_.language = token.number;
       }
+      return true;
+    case Keyword::Viewkind:
+      controls_own_ = tokens_.Rest().starts_with(u"\\uc1");
       return true;
     case Keyword::Fbidis:
       document_.right_to_left = true;

@@ -105,6 +105,7 @@ class Reader {
   void EndObject();
   void EndField();
   void BeginApart();
+  void AddFootnoteBracket(TextView bracket);
 
   // rtf_body.cpp: text, marks and paragraphs
   bool ReadBodyWord(const Token& token);
@@ -117,6 +118,7 @@ class Reader {
   void FlushAllBytes();
   bool IsShown(TextView text);
   std::uint32_t FormatId();
+  std::uint32_t MarkFormatId();
   void EndParagraph();
   ParagraphEnd CurrentParagraph();
   void Finish();
@@ -142,7 +144,9 @@ class Reader {
   bool group_start_ = false;     // nothing but "\*" was read of the group
   bool starred_ = false;
   TextView held_blanks_;  // at the start of a group: text, unless the group turns out to hold none
+  bool surplus_ = false;  // the document's group was closed more than once
   bool done_ = false;
+  bool controls_own_ = false;  // the control wrote the text itself
   std::int32_t fallback_left_ = 0;  // signs still to be passed over behind \u
 
   bool format_changed_ = true;

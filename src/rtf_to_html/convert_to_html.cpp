@@ -165,6 +165,8 @@ void CloseDocument(RtfToHtmlState& state) {
   state.HtmlOut += u"\r\n</body>\r\n</html>\r\n";
 }
 
+bool FoundAllThatFit(const TextList& found) { return found.last_set() >= links::found_limit; }
+
 // Links off still finds what a word processor left in brackets.
 void RecogniseLinks(Sequence& sequence, Apartment& apartment, TextView mode) {
   RtfToHtmlState& state = apartment.rtf_to_html;
@@ -174,6 +176,7 @@ void RecogniseLinks(Sequence& sequence, Apartment& apartment, TextView mode) {
     sequence.Step("ScanLinks", [&] { links::ScanLinks(state, Text(state.HtmlOut)); });
     sequence.Step("ScanEmailAddresses", [&] { links::ScanEmailAddresses(state, Text(state.HtmlOut)); });
     sequence.Step("RestoreAtSigns", [&] { ReplaceIn(state.HtmlOut, sentinels::at_sign, u"@"); });
+    apartment.stopped_short.links = FoundAllThatFit(state.FoundLinks) || FoundAllThatFit(state.FoundEmails);
     return;
   }
   sequence.Step("LoadBracketPrefixes", [&] { links::LoadBracketPrefixes(state); });
@@ -181,6 +184,7 @@ void RecogniseLinks(Sequence& sequence, Apartment& apartment, TextView mode) {
   for (int scan = 0; scan < 2; ++scan) {
     sequence.Step("ScanBracketLinks", [&] { links::ScanBracketLinks(state, Text(state.HtmlOut)); });
   }
+  apartment.stopped_short.links = FoundAllThatFit(state.FoundLinks);
 }
 
 // Everything that is repaired on the finished page.
@@ -220,9 +224,7 @@ void RepairPage(Sequence& assembly, Apartment& apartment, const Text& colour) {
   sequence.Step("MendLowQuotes", MendLowQuotes);
   sequence.Step("DropCellWidths", DropCellWidths);
   sequence.Step("DropFirstCellWidth", DropFirstCellWidth);
-  sequence.Step("FinishEntitiesAndLists", [&](Page& page) {
-    page.Assign(html_finishing::FinishEntitiesAndLists(apartment, page.text()));
-  });
+  sequence.Step("FinishEntitiesAndLists", html_finishing::FinishEntitiesAndLists);
   sequence.Step("CollapseFirstList",
                 [](Page& page) { page.Assign(html_finishing::CollapseFirstList(page.text())); });
   sequence.Step("MergeAdjoiningFonts", MergeAdjoiningFonts);
@@ -281,8 +283,11 @@ Text ConvertToHtml(Apartment& apartment, ConversionTexts texts) {
   sequence.Step("CloseDocument", [&] {
     if (!fragment) CloseDocument(state);
   });
-  sequence.Step("AssemblyClean",
-                [&] { state.HtmlOut = rules::RunOver(chains::AssemblyClean, std::move(state.HtmlOut)); });
+  sequence.Step("AssemblyClean", [&] {
+    rules::Rewriting page(std::move(state.HtmlOut), &apartment);
+    rules::Run(chains::AssemblyClean, page);
+    state.HtmlOut = page.Take();
+  });
   RecogniseLinks(sequence, apartment, texts.links);
   sequence.Step("ResolvePictureMarks", [&] { ResolvePictureMarks(apartment); });
   RepairPage(sequence, apartment, texts.colour);

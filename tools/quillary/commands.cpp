@@ -1,23 +1,17 @@
 #include "commands.h"
 
-#include <functional>
 #include <iostream>
-#include <new>
 #include <nlohmann/json.hpp>
 
 #include "apartment/apartment.h"
 #include "component/conversions.h"
-#include "documents.h"
+#include "for_each.h"
 #include "platform/code_pages.h"
 
 namespace quillary::command_line {
 namespace {
 
 using component::Properties;
-
-void Say(const std::string& document, const std::string& words) {
-  std::cerr << "quillary: " << (document == "-" ? "standard input" : document) << ": " << words << '\n';
-}
 
 // Where a count of the rules stopped short of the document's end.
 void Warn(const std::string& document, const StoppedShort& stopped) {
@@ -27,28 +21,6 @@ void Warn(const std::string& document, const StoppedShort& stopped) {
   if (stopped.pictures)
     Say(document, "warning: only the first pictures were treated; later ones are missing");
   if (stopped.links) Say(document, "warning: only the first 1,995 links are live");
-}
-
-// Runs `convert` for each document; what fails is said, and the next one follows.
-int ForEach(const std::vector<std::string>& documents,
-            const std::function<void(const std::string& document)>& convert) {
-  int status = 0;
-  for (const std::string& document : documents) {
-    try {
-      convert(document);
-      continue;
-    } catch (const FileError& error) {
-      std::cerr << "quillary: " << error.what() << '\n';
-    } catch (const Failure& failure) {
-      Say(document, failure.source().empty() ? failure.what() : failure.source() + ": " + failure.what());
-    } catch (const LimitReached& reached) {
-      Say(document, reached.what());
-    } catch (const std::bad_alloc&) {
-      Say(document, "not enough memory");
-    }
-    status = 1;
-  }
-  return status;
 }
 
 Text ConvertAs(Kind kind, Apartment& apartment, Properties& properties) {

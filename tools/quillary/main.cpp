@@ -5,6 +5,7 @@
 
 #include "commands.h"
 #include "documents.h"
+#include "explain.h"
 #include "platform/code_pages.h"
 #include "quillary/version.h"
 
@@ -53,6 +54,11 @@ void AddPropertyOption(CLI::App& app, const PropertyOption& option, Properties& 
       ->group("Properties");
 }
 
+void AddProperties(CLI::App& app, Properties& properties) {
+  component::Class_InitProperties(properties);
+  for (const PropertyOption& option : kPropertyOptions) AddPropertyOption(app, option, properties);
+}
+
 void AddDocuments(CLI::App& app, std::vector<std::string>& documents, std::string& output,
                   Encoding& encoding) {
   app.add_option("FILE", documents, "documents; - or none is standard input");
@@ -78,10 +84,7 @@ CLI::App* AddToHtml(CLI::App& app, ToHtml& command) {
   kinds->require_option(0, 1);
   to_html->add_flag("--trace", command.trace,
                     "a JSON line with the page after each step, in place of the page on standard output");
-  component::Class_InitProperties(command.properties);
-  for (const PropertyOption& option : kPropertyOptions) {
-    AddPropertyOption(*to_html, option, command.properties);
-  }
+  AddProperties(*to_html, command.properties);
   return to_html;
 }
 
@@ -89,6 +92,14 @@ CLI::App* AddToText(CLI::App& app, ToText& command) {
   CLI::App* to_text = app.add_subcommand("to-text", "convert RTF to plain text");
   AddDocuments(*to_text, command.documents, command.output, command.encoding);
   return to_text;
+}
+
+CLI::App* AddExplain(CLI::App& app, Explain& command) {
+  CLI::App* explain = app.add_subcommand("explain", "show which rules fire on an RTF document");
+  explain->add_option("FILE", command.document, "the document; - is standard input")->required();
+  explain->add_flag("--json", command.json, "one line of JSON for each rule");
+  AddProperties(*explain, command.properties);
+  return explain;
 }
 
 template <class Command>
@@ -104,15 +115,18 @@ int Main(int count, char** values) {
   app.get_formatter()->column_width(34);
   ToHtml to_html;
   ToText to_text;
+  Explain explain;
   const CLI::App* chosen_html = AddToHtml(app, to_html);
-  AddToText(app, to_text);
+  const CLI::App* chosen_text = AddToText(app, to_text);
+  AddExplain(app, explain);
   try {
     app.parse(count, values);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : 2;
   }
   try {
-    return chosen_html->parsed() ? RunOn(to_html) : RunOn(to_text);
+    if (chosen_html->parsed()) return RunOn(to_html);
+    return chosen_text->parsed() ? RunOn(to_text) : Run(explain);
   } catch (const FileError& error) {
     std::cerr << "quillary: " << error.what() << '\n';
     return 2;

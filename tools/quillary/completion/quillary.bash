@@ -2,7 +2,8 @@
 _quillary() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   local common='-o --output --encoding -h --help'
-  local page='--fragment --raw --header --plain --trace --links --clean-rtf --clean-html --xhtml-output --do-debug
+  local page='--fragment --raw --header --plain --trace'
+  local properties='--links --clean-rtf --clean-html --xhtml-output --do-debug
     --html-title --html-colour --generator --convert-images --image-folder --image-format --image-name
     --use-span-tags --use-font-tags --table-borders'
   local words=
@@ -19,11 +20,12 @@ _quillary() {
   esac
   if [ -z "$words" ]; then
     if [ "$COMP_CWORD" -eq 1 ]; then
-      words='to-html to-text --help --version'
+      words='to-html to-text explain --help --version'
     elif [[ $current == -* ]]; then
       case ${COMP_WORDS[1]} in
-        to-html) words="$common $page" ;;
+        to-html) words="$common $page $properties" ;;
         to-text) words=$common ;;
+        explain) words="-h --help --json $properties" ;;
       esac
     else
       mapfile -t COMPREPLY < <(compgen -f -- "$current")

@@ -1,0 +1,86 @@
+#include "explain.h"
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "apartment/apartment.h"
+#include "component/conversions.h"
+#include "for_each.h"
+#include "platform/code_pages.h"
+#include "rules/firing_log.h"
+#include "rules/listing.h"
+
+namespace quillary::command_line {
+namespace {
+
+using rules::Firing;
+
+const rules::Stage& StageOf(const Firing& firing) {
+  return firing.chain->stages[static_cast<std::size_t>(firing.stage) - 1];
+}
+
+// Units that would break a line or cannot be seen are shown as in a rule file.
+std::string Shown(TextView text) {
+  Text shown;
+  for (const char16_t unit : text) {
+    if (unit == u'\r') {
+      shown += u'\u240D';
+    } else if (unit == u'\n') {
+      shown += u'\u240A';
+    } else {
+      shown += unit < 0x20 ? static_cast<char16_t>(0x2400 + unit) : unit;
+    }
+  }
+  return platform::ToUtf8(shown);
+}
+
+void PrintForPerson(const Firing& firing, const Firing* previous) {
+  const rules::Stage& stage = StageOf(firing);
+  if (previous == nullptr || previous->chain != firing.chain || previous->stage != firing.stage) {
+    std::cout << firing.chain->name << '/' << firing.stage << "  " << stage.name << ": " << stage.purpose
+              << '\n';
+  }
+  std::cout << "  " << rules::Where(*firing.chain, *firing.rule) << "  " << firing.count
+            << (firing.count == 1 ? " time\n" : " times\n") << "    find    " << Shown(firing.rule->find)
+            << '\n'
+            << "    with    " << Shown(firing.rule->with) << '\n'
+            << "    before  " << Shown(firing.before) << '\n'
+            << "    after   " << Shown(firing.after) << '\n';
+}
+
+void PrintLine(const Firing& firing) {
+  const nlohmann::ordered_json line = {{"chain", firing.chain->name},
+                                       {"stage", StageOf(firing).name},
+                                       {"where", rules::Where(*firing.chain, *firing.rule)},
+                                       {"count", firing.count},
+                                       {"find", platform::ToUtf8(firing.rule->find)},
+                                       {"with", platform::ToUtf8(firing.rule->with)},
+                                       {"before", platform::ToUtf8(firing.before)},
+                                       {"after", platform::ToUtf8(firing.after)}};
+  std::cout << line.dump() << '\n';
+}
+
+}  // namespace
+
+int Run(const Explain& command) {
+  return ForEach({command.document}, [&](const std::string& document) {
+    rules::FiringLog log;
+    Apartment apartment;
+    apartment.firing_log = &log;
+    component::Properties properties = command.properties;
+    properties.RTF_Text = platform::FromWindows1252(ReadDocument(document));
+    component::ConvertRTF(apartment, properties);
+    const Firing* previous = nullptr;
+    for (const Firing& firing : log.firings()) {
+      if (command.json) {
+        PrintLine(firing);
+      } else {
+        PrintForPerson(firing, previous);
+      }
+      previous = &firing;
+    }
+    std::cout.flush();
+  });
+}
+
+}  // namespace quillary::command_line
