@@ -136,7 +136,7 @@ TEST(RewriteChains, DoStageByStageWhatIsWanted) {
        u"{\\*\\pn\\pnlvlblt\\pnf1\\x{\\pntxtb\\'b7}}{\\pntxtb\\'b7}}{\\*\\pn\\pnlvlblt\\pnf1\\",
        u"{\\pntxtb\\'b7}}{\\*\\pn\\pnlvlblt\\pnf1\\"},
       {Headings(), headings::paragraph_split, u"\\viewkind4\\uc1\\pard\\b\\\\pard\\\\a\\pard\\qc\\b ",
-       u"\\plain\\pard\\bÓ34:ì|+xxxx|©a\\plain\\pard\\qc\\b "},
+       u"\\plain\\pard\\pard\\bÓ34:ì|+xxxx|©a\\plain\\pard\\qc\\b "},
       {Headings(), headings::left_borders, u"\\brsp40 ", u"\\brsp40 "},
       {Headings(), headings::left_borders, u"\\brdrl\\brdrs\\brdrw10\\brsp90 x", u"x"},
   };

@@ -112,6 +112,9 @@ void ReportMasked(const std::string& sentinels, const Arguments& inputs) {
         std::cout << input << ':' << masked.rule->line << ": " << chain.name << ": "
                   << ToUtf8(masked.rule->find) << "\n    is eaten in line " << masked.by->line << " by "
                   << ToUtf8(masked.by->find) << '\n';
+        if (masked.joined_by != nullptr) {
+          std::cout << "    unless line " << masked.joined_by->line << " joins its parts again\n";
+        }
       }
     }
   }

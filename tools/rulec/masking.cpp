@@ -7,6 +7,9 @@
 namespace quillary::rulec {
 namespace {
 
+// Units that two literals must have in common to be thought of as joined.
+constexpr std::size_t telling_overlap = 6;
+
 Text Folded(TextView text) {
   Text folded(text);
   for (char16_t& unit : folded) unit = FoldUnit(unit);
@@ -53,6 +56,17 @@ bool Eats(const Placed& earlier, const Placed& later) {
   return exact && later.rule->find.find(earlier.rule->find) != Text::npos;
 }
 
+// Whether the replacement can stand in the middle of the find text, or at one
+// of its ends with enough of it to tell.
+bool MayJoin(const Text& with, const Text& find) {
+  if (with.size() < telling_overlap || find.find(with) != Text::npos) return true;
+  for (std::size_t length = telling_overlap; length < std::min(with.size(), find.size()); ++length) {
+    if (with.starts_with(find.substr(find.size() - length)) || with.ends_with(find.substr(0, length)))
+      return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::vector<Masked> FindMasked(const FlatChain& chain) {
@@ -61,11 +75,13 @@ std::vector<Masked> FindMasked(const FlatChain& chain) {
     const std::vector<Placed> rules = Place(chain, stage);
     for (std::size_t i = 0; i < rules.size(); ++i) {
       // From the nearest rule back, until one brings the find text itself.
+      const FlatRule* joined_by = nullptr;
       for (std::size_t k = i; k > 0; --k) {
         const Placed& earlier = rules[k - 1];
         if (earlier.with.find(rules[i].find) != Text::npos) break;
+        if (MayJoin(earlier.with, rules[i].find)) joined_by = earlier.rule;
         if (!Eats(earlier, rules[i]) || earlier.with.find(earlier.find) != Text::npos) continue;
-        masked.push_back({rules[i].rule, earlier.rule});
+        masked.push_back({rules[i].rule, earlier.rule, joined_by});
         break;
       }
     }

@@ -12,10 +12,12 @@ namespace quillary::rulec {
 struct Masked {
   const FlatRule* rule = nullptr;
   const FlatRule* by = nullptr;
+  /// A rule between the two whose replacement may join its neighbours into
+  /// the find text again; null where there is none.
+  const FlatRule* joined_by = nullptr;
 };
 
-/// In the order of the rules. What a later rule may bring back by joining two
-/// texts is not seen, so a person has to judge.
+/// In the order of the rules.
 std::vector<Masked> FindMasked(const FlatChain& chain);
 
 }  // namespace quillary::rulec
