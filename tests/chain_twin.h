@@ -69,37 +69,34 @@ class MadeChain {
   rules::Chain chain_;
 };
 
-inline bool TwinMatches(const Text& text, std::size_t at, TextView find, Compare mode) {
-  if (at + find.size() > text.size()) return false;
-  for (std::size_t i = 0; i < find.size(); ++i) {
-    const bool same =
-        mode == Compare::Binary ? text[at + i] == find[i] : FoldUnit(text[at + i]) == FoldUnit(find[i]);
-    if (!same) return false;
+/// What is compared in that mode.
+inline Text TwinCompared(TextView text, Compare mode) {
+  Text compared(text);
+  if (mode == Compare::IgnoreCase) {
+    for (char16_t& unit : compared) unit = FoldUnit(unit);
   }
-  return true;
+  return compared;
 }
 
 inline bool TwinHolds(const Text& text, TextView find, Compare mode) {
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (TwinMatches(text, at, find, mode)) return true;
-  }
-  return false;
+  return TwinCompared(text, mode).find(TwinCompared(find, mode)) != Text::npos;
 }
 
-/// Unit by unit, from left to right.
+/// From left to right, never looking at what was put in.
 inline bool TwinReplace(Text& text, const rules::Rule& rule) {
+  const Text compared = TwinCompared(text, rule.mode);
+  const Text find = TwinCompared(rule.find, rule.mode);
+  std::size_t at = compared.find(find);
+  if (at == Text::npos) return false;
   Text result;
   std::int32_t count = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    if (count != rule.limit && TwinMatches(text, at, rule.find, rule.mode)) {
-      result += rule.with;
-      at += rule.find.size();
-      ++count;
-    } else {
-      result += text[at++];
-    }
+  std::size_t from = 0;
+  for (; at != Text::npos && count != rule.limit; ++count) {
+    result.append(text, from, at - from).append(rule.with);
+    from = at + find.size();
+    at = compared.find(find, from);
   }
-  text = std::move(result);
+  text = result.append(text, from);
   return count > 0;
 }
 

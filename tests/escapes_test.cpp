@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <map>
 #include <random>
 
@@ -217,21 +217,22 @@ TEST(ByteMaps, EveryByte) {
   }
 }
 
+// In processor time, so that a busy machine does not count.
 double Seconds(const Text& piece, int count) {
   Text text;
   for (int i = 0; i < count; ++i) text += piece;
   Apartment apartment = ForeignDocument();
-  const auto start = std::chrono::steady_clock::now();
+  const std::clock_t start = std::clock();
   SegmentHexEscapes(apartment, text, u"\\f1\\fs20 ");
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
 TEST(ForeignRuns, CostGrowsWithTheTextOnly) {
   for (const Text piece :
        {u"\\f1 \\'cf\\'f0 word ", u"word \\'cf\\'f0", u"\\f3 \\'5c\\'27 ", u"\\f0 \\'41 "}) {
     Seconds(piece, 100);
-    const double small = std::max(Seconds(piece, 4000), 1e-4);
-    EXPECT_LT(Seconds(piece, 64000), small * 16 * 6) << Length(piece);
+    const double small = std::max(Seconds(piece, 4000), 1e-3);
+    EXPECT_LT(Seconds(piece, 64000), small * 16 * 8) << Length(piece);
   }
 }
 

@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "html_finishing/finish_entities_and_lists.h"
+#include "apartment/apartment.h"
 #include "html_finishing/finish_entities_and_lists.rules.h"
 #include "rules/run.h"
 
@@ -14,7 +14,7 @@ namespace {
 std::vector<Text> SlowFaces(const RtfToHtmlState& state) {
   std::vector<Text> faces;
   for (std::int32_t f = 0; state.FontFaces.sized() && f <= state.FontCount; ++f) {
-    faces.push_back(Trim(state.FontFaces[f]));
+    faces.push_back(state.FontFaces.has(f) ? Trim(state.FontFaces[f]) : Text());
   }
   return faces;
 }
@@ -95,7 +95,7 @@ class Documents {
     Fill(state.FontFaces, faces, brackets ? Text(u"x\" ><b><font FACE=\"Arial") : Text(u"Arial\" SIZE=\"2"));
     Fill(state.ColourTable, colours, brackets ? Text(u"#ff0000\"><u><font COLOR=\"#000000") : Text(u"red"));
     Fill(state.FoundLinks, links, brackets ? Text(u"c\"><b><a href=\"http://a.b") : Text(u"d"));
-    state.FontCount = state.FontFaces.upper();
+    state.FontCount = state.FontFaces.upper() + 1;  // the last one was never set
     state.ColourCount = state.ColourTable.upper();
   }
 

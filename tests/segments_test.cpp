@@ -165,6 +165,30 @@ TEST(LastWords, AreDroppedAsByTheLetter) {
   }
 }
 
+// The first width word of the text, until nothing changes any more.
+Text WidthsByTheLetter(Text text) {
+  for (;;) {
+    const std::int32_t at = FindText(1, text, u"\\cellx");
+    if (at == 0) return text;
+    std::int32_t end = FindText(at + 2, text, u"\\");
+    if (end - at > 15) end = FindText(at + 2, text, u" ");
+    Text width = end == 0 ? Mid(text, at) : Mid(text, at, end - at);
+    for (const TextView part : {u"\\cellx", u"cellx", u"\\", u" "}) width = ReplaceAll(width, part, u"");
+    if (!IsNumeric(width)) return text;
+    const Text marked = ReplaceAll(text, u"\\cellx" + width, u"\\ÎôÎôÎô", ignore_case);
+    if (FindText(1, marked, u"\\cellx") == at) return marked;
+    text = marked;
+  }
+}
+
+TEST(CellWidths, AreMarkedAsByTheLetter) {
+  const std::vector<TextView> pieces = {u"\\cellx1", u"\\cellx12", u"\\cellx-3.", u"\\CELLX1",   u"2", u"3 ",
+                                        u"\\x",      u"words of ", u"\\cellx",    u"12345678901"};
+  for (const Text& text : RandomTexts(pieces, 4000, 8)) {
+    ASSERT_EQ(Show(WidthsByTheLetter(text)), Show(MarkCellWidths(text))) << Show(text);
+  }
+}
+
 // Font words, round by round, each font in every round.
 Text FontsByTheLetter(const RtfToHtmlState& state, Text body, std::int32_t& current) {
   std::int32_t rounds = CountOccurrences(body, u"\\f", ignore_case);

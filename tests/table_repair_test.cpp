@@ -2,7 +2,7 @@
 // copies the whole output at every tag, the failures that leave it, and its cost.
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <random>
 
 #include "table_repair/balance_table_tags.h"
@@ -243,13 +243,12 @@ TEST(RepairTables, TakesLinearTime) {
   };
   int number = 0;
   for (const Text& page : pages) {
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     try {
       RepairTables(page, 2);
     } catch (const Failure&) {
     }
-    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
-    EXPECT_LT(took.count(), 2.0) << "page " << number;
+    EXPECT_LT(std::clock() - start, 2 * CLOCKS_PER_SEC) << "page " << number;
     ++number;
   }
 }

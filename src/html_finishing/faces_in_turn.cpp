@@ -1,14 +1,13 @@
 #include "html_finishing/faces_in_turn.h"
 
-#include <algorithm>
-
 namespace quillary::html_finishing {
 
 std::vector<Text> FacesInTurn(const RtfToHtmlState& state) {
   std::vector<Text> faces;
   if (!state.FontFaces.sized()) return faces;
-  const std::int32_t last = std::min<std::int32_t>(state.FontCount, state.FontFaces.upper());
-  for (std::int32_t i = 0; i <= last; ++i) faces.push_back(Trim(state.FontFaces[i]));
+  for (std::int32_t i = 0; i <= state.FontCount; ++i) {
+    faces.push_back(state.FontFaces.has(i) ? Trim(state.FontFaces[i]) : Text());
+  }
   return faces;
 }
 

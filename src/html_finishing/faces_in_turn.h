@@ -7,8 +7,8 @@
 
 namespace quillary::html_finishing {
 
-/// The trimmed faces from font 0 through the font count, an empty last entry
-/// included; none if no font table was ever read.
+/// The trimmed faces from font 0 through the font count, an entry that was
+/// never set as an empty one; none if no font table was ever read.
 std::vector<Text> FacesInTurn(const RtfToHtmlState& state);
 
 }  // namespace quillary::html_finishing

@@ -5,11 +5,7 @@
 
 namespace quillary::html_finishing {
 
-Text FinishEntitiesAndLists(Apartment& apartment, Text html) {
-  rules::Rewriting text(std::move(html), &apartment);
-  rules::Run(chains::FinishEntitiesAndLists, text);
-  return text.Take();
-}
+void FinishEntitiesAndLists(rules::Rewriting& page) { rules::Run(chains::FinishEntitiesAndLists, page); }
 
 Text CollapseFirstList(Text html) {
   constexpr TextView list_start = u"<ul><li>";

@@ -2,13 +2,13 @@
 // the breaks in front of the end of the body.
 #pragma once
 
-#include "apartment/apartment.h"
+#include "rules/rewriting.h"
 #include "text/text.h"
 
 namespace quillary::html_finishing {
 
 /// Reads the fonts, the colours and the found links of the apartment.
-Text FinishEntitiesAndLists(Apartment& apartment, Text html);
+void FinishEntitiesAndLists(rules::Rewriting& page);
 
 /// Takes out of the first list as many breaks as it has items but one.
 Text CollapseFirstList(Text html);

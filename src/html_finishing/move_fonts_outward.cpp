@@ -2,7 +2,6 @@
 // font of the document and each size, in that order. What is looked for is in
 // the page or it is not: the cost follows the font tags of the page, not the
 // fonts times the sizes.
-#include <algorithm>
 #include <array>
 #include <string>
 #include <unordered_map>
@@ -26,7 +25,7 @@ constexpr TextView kTagEnd = u"\" >";
 constexpr TextView kBlack = u"<font COLOR=\"#000000\">";
 constexpr TextView kBullet = u"&bull;";
 
-Text FontTag(TextView face, int size) {
+Text SizedFontTag(TextView face, int size) {
   return Text(kFaceStart).append(face).append(kSizeStart).append(Decimal(size)).append(kTagEnd);
 }
 
@@ -39,7 +38,7 @@ void MoveByLiteral(rules::Rewriting& text, TextView face) {
   };
   const Text body = Text(kBody).append(kFaceStart).append(face).append(u"\" ><ul>");
   for (int size = 1; size <= kSizes; ++size) {
-    const Text font = FontTag(face, size);
+    const Text font = SizedFontTag(face, size);
     replace(u"<strike>" + font, font + u"<strike>");
     replace(u"<u><b>" + font, font + u"<b><u>");
     replace(u"<b>" + font, font + u"<b>");

@@ -211,17 +211,18 @@ class LinkColours {
   bool changed_ = false;
 };
 
+// What was never set reads as empty.
+Text Entry(const TextList& list, std::int32_t index) { return list.has(index) ? list[index] : Text(); }
+
 Turns TurnsOf(const RtfToHtmlState& state, TextView page) {
   Turns turns;
   turns.faces = FacesInTurn(state);
-  if (state.ColourTable.sized()) {
-    const std::int32_t last = std::min<std::int32_t>(state.ColourCount, state.ColourTable.upper());
-    for (std::int32_t i = 1; i <= last; ++i) turns.colours.push_back(state.ColourTable[i]);
+  for (std::int32_t i = 1; state.ColourTable.sized() && i <= state.ColourCount; ++i) {
+    turns.colours.push_back(Entry(state.ColourTable, i));
   }
   const std::int32_t links = turns.colours.empty() ? 0 : CountOccurrences(page, u"<a href=", kMode);
   for (std::int32_t i = 1; i <= links; ++i) {
-    const Text link = state.FoundLinks.has(i) ? state.FoundLinks[i] : Text();
-    turns.targets.push_back(Trim(u"http://" + link));
+    turns.targets.push_back(Trim(u"http://" + Entry(state.FoundLinks, i)));
   }
   return turns;
 }

@@ -36,7 +36,11 @@ void CanonicalOutput::Raw(TextView raw) {
 
 void CanonicalOutput::Spell(TextView text) {
   for (std::size_t at = 0; at < text.size(); ++at) {
-    Character(text[at], at + 1 < text.size() ? text[at + 1] : u'\0', false);
+    if (text[at] > u'~') {
+      Unicode(text[at]);
+    } else {
+      Character(text[at], at + 1 < text.size() ? text[at + 1] : u'\0', false);
+    }
   }
 }
 

@@ -31,13 +31,17 @@ class CanonicalOutput {
   void Character(char16_t unit, char16_t next, bool words_follow);
   /// Adds a character as a \u word: one that Windows-1252 lacks or whose escape would be misread.
   void Unicode(std::int32_t number);
-  /// Adds a short text that stands apart from what surrounds it.
+  /// Adds a short text that stands apart from what surrounds it and means the
+  /// same in every font.
   void Spell(TextView text);
   /// Adds a byte of a symbol font.
   void SymbolByte(unsigned char byte, char16_t next, bool words_follow);
 
   /// Whether a blank added now would be the second in a row.
   bool EndsInBlank() const { return blank_due_ || (!text_.empty() && text_.back() == u' '); }
+
+  /// Whether a \u word came after the last blank.
+  bool EndsInUnicode() const { return in_unicode_; }
 
   void Reserve(std::size_t units) { text_.reserve(units); }
   Text Take() { return std::move(text_); }

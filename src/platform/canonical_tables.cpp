@@ -20,7 +20,8 @@ Text TableName(const Font& font) {
   Text name;
   for (const char16_t unit : font.name) {
     const bool ends_entry = unit == u';' || unit == u'}' || unit == u'{' || unit == u'\\';
-    if (unit >= u' ' && unit != 0x7F && !ends_entry) name += unit;
+    const bool is_control = unit < u' ' || (unit >= 0x7F && unit <= 0x9F);
+    if (!is_control && !ends_entry) name += unit;
   }
   name = Trim(name);
   if (name.starts_with(u'@')) name.erase(0, 1);

@@ -134,6 +134,12 @@ Text Writer::Write() {
     after_row = format.row != 0;
     begin_ = paragraph.end;
   }
+  // At the very end the page loses a \u word with no blank behind it. A
+  // language word leaves a blank there and nothing else.
+  if (output_.EndsInUnicode()) {
+    output_.Words(u"\\lang" + Decimal(format_.language));
+    output_.SettleBlank();
+  }
   output_.Raw(u"\r\n\\par }");
   return output_.Take();
 }
@@ -307,7 +313,7 @@ std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
   const char16_t next = at + 1 < text.size() ? text[at + 1] : u'\0';
   if (unit < u' ') {
     WriteMark(unit);
-  } else if (symbol && unit > kSymbolBase && unit <= kSymbolBase + 0xFF) {
+  } else if (symbol && unit >= kSymbolBase + u' ' && unit <= kSymbolBase + 0xFF) {
     output_.SymbolByte(static_cast<unsigned char>(unit - kSymbolBase), next, words_follow);
   } else if (IsHigh(unit) && IsLow(next)) {
     output_.Unicode(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));

@@ -33,6 +33,7 @@ void DocumentBuilder::PutParagraph(const ParagraphEnd& paragraph) {
 void DocumentBuilder::OpenRow() {
   row_open_ = true;
   row_begin_ = paragraph_begin_;
+  cell_begin_ = paragraph_begin_;
   row_first_paragraph_ = document_.paragraphs.size();
   row_cells_ = 0;
   row_said_in_table_ = false;
@@ -79,14 +80,19 @@ void DocumentBuilder::EndCell(const ParagraphEnd& paragraph, std::uint32_t forma
   AddUnit(marks::kCell, format);
   ++row_cells_;
   paragraph_begin_ = document_.text.size();
+  cell_begin_ = paragraph_begin_;
 }
 
 void DocumentBuilder::EndRow(const ParagraphEnd& paragraph, std::uint32_t format) {
-  if (!row_open_ || (row_cells_ == 0 && ParagraphIsEmpty())) {
+  if (!row_open_) {
+    if (ParagraphIsEmpty()) return;
+    OpenRow();
+  }
+  if (End() > cell_begin_) EndCell(paragraph, format);
+  if (row_cells_ == 0) {
     row_open_ = false;
     return;
   }
-  if (!ParagraphIsEmpty()) EndCell(paragraph, format);
   AddUnit(marks::kRow, format);
   PutRow();
 }
@@ -120,11 +126,13 @@ void DocumentBuilder::InsertRowMark(std::size_t at) {
   }
   const std::uint32_t format = LastFormat();
   document_.text.resize(at);
+  if (at > cell_begin_) AddUnit(marks::kCell, format);
   AddUnit(marks::kRow, format);
   PutRow();
+  const std::size_t inserted = End() - at;
   document_.text += behind;
   for (auto run = runs_behind.rbegin(); run != runs_behind.rend(); ++run) {
-    document_.runs.push_back({run->begin + 1, run->format});
+    document_.runs.push_back({run->begin + inserted, run->format});
   }
 }
 

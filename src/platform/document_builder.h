@@ -59,6 +59,7 @@ class DocumentBuilder {
   std::size_t row_begin_ = 0;            // in the text
   std::size_t row_first_paragraph_ = 0;  // in the list of paragraphs
   std::size_t row_cells_ = 0;
+  std::size_t cell_begin_ = 0;
   bool row_said_in_table_ = false;
   bool any_said_in_table_ = false;
   ParagraphFormat row_format_;

@@ -48,6 +48,13 @@ std::uint32_t Reader::FormatId() {
   format.language = language == document_.language ? std::uint16_t{0} : language;
   format.spacing = state->spacing;
   format.rise = state->rise;
+  if (!controls_own_ && !document_.runs.empty()) {
+    // A word for a language alone would leave a blank on the page, in the
+    // middle of a word as like as not.
+    CharacterFormat other_language = document_.characters[document_.runs.back().format];
+    other_language.language = format.language;
+    if (other_language == format) format.language = document_.characters[document_.runs.back().format].language;
+  }
   format_ = document_.characters.Id(format);
   format_changed_ = false;
   return format_;
@@ -88,6 +95,8 @@ void Reader::AddCharacter(char16_t unit) {
     return;
   }
   if (unit < u' ' || !IsShown({&unit, 1})) return;
+  // A symbol font shows its own sign for every Western character.
+  if (unit <= 0xFF && fonts_.IsSymbol(Top().character.Font())) unit = static_cast<char16_t>(kSymbolBase + unit);
   BeginCellItem();
   builder_.AddUnit(Top().character.capitals ? ToUpper({&unit, 1}).front() : unit, FormatId());
 }

@@ -12,7 +12,7 @@ namespace quillary::platform::rtf {
 namespace {
 
 constexpr std::size_t kLongestName = 31;  // as in the control
-constexpr std::size_t kMostFonts = std::numeric_limits<std::uint16_t>::max();
+constexpr std::size_t kMostFonts = std::numeric_limits<std::uint16_t>::max() - 1;
 
 struct Charset {
   std::int32_t charset;
@@ -189,6 +189,7 @@ void FontTable::EndEntry() {
   if (font_.name.size() > kLongestName) font_.name.resize(kLongestName);
   if (document_.fonts.size() < kMostFonts) {
     const auto index = static_cast<std::uint16_t>(document_.fonts.size());
+    if (!font_.IsSymbol() && !first_with_letters_) first_with_letters_ = index;
     document_.fonts.push_back(std::move(font_));
     indexes_[number_] = index;
   }
@@ -209,23 +210,28 @@ void FontTable::Close() {
       });
 }
 
-const Font* FontTable::Find(std::int32_t number) const {
-  auto found = indexes_.find(number);
-  if (found == indexes_.end()) found = indexes_.find(default_number_);
-  return found == indexes_.end() ? nullptr : &document_.fonts[found->second];
-}
-
-std::uint16_t FontTable::Index(std::int32_t number) {
+std::optional<std::uint16_t> FontTable::FindIndex(std::int32_t number) const {
   auto found = indexes_.find(number);
   if (found == indexes_.end()) found = indexes_.find(default_number_);
   if (found != indexes_.end()) return found->second;
-  if (document_.fonts.empty()) {
-    Font font;
-    font.charset = 0;
-    font.name = u"Times New Roman";
-    document_.fonts.push_back(font);
-  }
-  return 0;
+  return first_with_letters_;
+}
+
+const Font* FontTable::Find(std::int32_t number) const {
+  const std::optional<std::uint16_t> index = FindIndex(number);
+  return index ? &document_.fonts[*index] : nullptr;
+}
+
+std::uint16_t FontTable::Index(std::int32_t number) {
+  const std::optional<std::uint16_t> index = FindIndex(number);
+  if (index) return *index;
+  Font font;
+  font.charset = 0;
+  font.name = u"Times New Roman";
+  font.code_page = document_code_page_;
+  first_with_letters_ = static_cast<std::uint16_t>(document_.fonts.size());
+  document_.fonts.push_back(font);
+  return *first_with_letters_;
 }
 
 int FontTable::CodePageOfCharset(const Font& font) const {

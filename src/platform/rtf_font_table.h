@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -28,7 +29,7 @@ class FontTable {
   void SetDocumentCodePage(int code_page) { document_code_page_ = code_page; }
 
   /// Index of the font in the document. A font that is not defined is the
-  /// default font, and that the first one if it is not defined either.
+  /// default font; if that is not defined either, the first that shows letters.
   std::uint16_t Index(std::int32_t number);
   /// Code page of the bytes in this font; that of the document for a font that is not defined.
   int CodePage(std::int32_t number) const;
@@ -36,6 +37,7 @@ class FontTable {
 
  private:
   void EndEntry();
+  std::optional<std::uint16_t> FindIndex(std::int32_t number) const;
   const Font* Find(std::int32_t number) const;
   int CodePageOfCharset(const Font& font) const;
   Text PlainName();
@@ -43,6 +45,7 @@ class FontTable {
   Document& document_;
   std::unordered_map<std::int32_t, std::uint16_t> indexes_;
   std::int32_t default_number_ = 0;
+  std::optional<std::uint16_t> first_with_letters_;
   int document_code_page_ = 1252;
   bool western_means_document_ = false;
 

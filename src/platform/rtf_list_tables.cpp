@@ -72,14 +72,14 @@ Text NumberText(std::int32_t number, NumberStyle style) {
 
 bool HasNumber(const Text& label) { return std::any_of(label.begin(), label.end(), IsLetterOrDigit); }
 
+Text Affix(TextView text) { return Trim(TrimView(text).substr(0, kLongestAffix)); }
+
 void SplitLabel(const Text& label, ListFormat& format) {
   const auto first = std::find_if(label.begin(), label.end(), IsLetterOrDigit);
   const auto last = std::find_if(label.rbegin(), label.rend(), IsLetterOrDigit).base();
   if (first == label.end()) return;
-  format.before.assign(label.begin(), first);
-  format.after.assign(last, label.end());
-  format.before.resize(std::min(format.before.size(), kLongestAffix));
-  format.after.resize(std::min(format.after.size(), kLongestAffix));
+  format.before = Affix({label.begin(), first});
+  format.after = Affix({last, label.end()});
 }
 
 void ListTables::ReadTableWord(const Token& token) {

@@ -59,6 +59,9 @@ Text NumberText(std::int32_t number, NumberStyle style);
 /// Whether an item's label says more than a bullet.
 bool HasNumber(const Text& label);
 
+/// What stands in front of a number or behind, within bounds.
+Text Affix(TextView text);
+
 /// Splits the written number of an item into what stands in front of it and behind.
 void SplitLabel(const Text& label, ListFormat& format);
 

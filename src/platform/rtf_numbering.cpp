@@ -49,7 +49,6 @@ void Reader::ReadNumberingWord(const Token& token) {
 }
 
 void Reader::EndNumbering() {
-  constexpr std::size_t kLongestAffix = 8;
   if (numbering_continues_) {
     Top().paragraph.format.list = 0;
     return;
@@ -63,8 +62,8 @@ void Reader::EndNumbering() {
   } else {
     numbering_.font.reset();
     if (!numbering_.start) numbering_.start = 1;
-    numbering_.before = numbering_.before.substr(0, kLongestAffix);
-    numbering_.after = Text(TrimView(numbering_.after)).substr(0, kLongestAffix);
+    numbering_.before = Affix(numbering_.before);
+    numbering_.after = Affix(numbering_.after);
   }
   Top().paragraph.format.list = document_.ListId(numbering_);
 }

@@ -176,7 +176,7 @@ void Reader::ReadByte(unsigned char byte) {
   }
   const std::int32_t font = Top().character.Font();
   if (fonts_.IsSymbol(font)) {
-    AddCharacter(static_cast<char16_t>(kSymbolBase + byte));
+    if (byte >= u' ') AddCharacter(static_cast<char16_t>(kSymbolBase + byte));
     return;
   }
   const int code_page = fonts_.CodePage(font);

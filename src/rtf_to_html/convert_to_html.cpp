@@ -224,9 +224,7 @@ void RepairPage(Sequence& assembly, Apartment& apartment, const Text& colour) {
   sequence.Step("MendLowQuotes", MendLowQuotes);
   sequence.Step("DropCellWidths", DropCellWidths);
   sequence.Step("DropFirstCellWidth", DropFirstCellWidth);
-  sequence.Step("FinishEntitiesAndLists", [&](Page& page) {
-    page.Assign(html_finishing::FinishEntitiesAndLists(apartment, page.text()));
-  });
+  sequence.Step("FinishEntitiesAndLists", html_finishing::FinishEntitiesAndLists);
   sequence.Step("CollapseFirstList",
                 [](Page& page) { page.Assign(html_finishing::CollapseFirstList(page.text())); });
   sequence.Step("MergeAdjoiningFonts", MergeAdjoiningFonts);

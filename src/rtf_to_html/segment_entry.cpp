@@ -33,13 +33,30 @@ void MarkRightAlignedPicture(Text& segment) {
             1);
 }
 
-// Lists of characters that must not begin or end a line: one group of each
-// kind a segment.
-void RemoveLineBreakingGroup(Text& segment, TextView opening) {
+// Takes out what lies from `opening` to the first `closing` behind it, the
+// first unit of that included.
+void RemoveOnce(Text& segment, TextView opening, TextView closing) {
   const std::int32_t from = FindText(1, segment, opening, ignore_case);
   if (from == 0) return;
-  const std::int32_t to = FindText(from, segment, u"}");
+  const std::int32_t to = FindText(from, segment, closing);
   if (to > 0) segment.erase(static_cast<std::size_t>(from) - 1, static_cast<std::size_t>(to - from) + 1);
+}
+
+// Lists of characters that must not begin or end a line: one group of each
+// kind a segment.
+void RemoveLineBreakingGroups(Text& segment) {
+  if (segment.find(u'{') == Text::npos) return;
+  RemoveOnce(segment, u"{\\*\\lchars ([\\'", u"}");
+  RemoveOnce(segment, u"{\\*\\fchars ", u"}");
+}
+
+// A picture beyond the limit of pictures, and objects without a picture; of the
+// two braces at the end of an object the second stays.
+void RemovePictureAndObjects(Text& segment) {
+  if (segment.find(u'{') == Text::npos) return;
+  RemoveOnce(segment, u"{\\pict\\", u"}");
+  RemoveOnce(segment, u"{\\object\\objemb{", u"}}");
+  RemoveOnce(segment, u"{\\object\\", u"}}");
 }
 
 void RepairSegment(Apartment& apartment, Text& segment) {
@@ -47,8 +64,7 @@ void RepairSegment(Apartment& apartment, Text& segment) {
   rules::Rewriting text(std::move(segment), &apartment);
   rules::Run(chains::SegmentEntryRepairs, text);
   segment = text.Take();
-  RemoveLineBreakingGroup(segment, u"{\\*\\lchars ([\\'");
-  RemoveLineBreakingGroup(segment, u"{\\*\\fchars ");
+  RemoveLineBreakingGroups(segment);
 }
 
 // The first blank, as far as it can be reached by 16 bits; beyond, what was
@@ -117,33 +133,16 @@ bool EndsInClosingGroup(TextView segment) {
          !Equal(segment.substr(segment.size() - paragraph.size()), paragraph, ignore_case);
 }
 
-// A picture beyond the limit of pictures.
-void RemovePicture(Text& segment) {
-  const std::int32_t from = FindText(1, segment, u"{\\pict\\", ignore_case);
-  if (from == 0) return;
-  const std::int32_t to = FindText(from + 3, segment, u"}");
-  if (to > 0) segment.erase(static_cast<std::size_t>(from) - 1, static_cast<std::size_t>(to - from) + 1);
-}
-
-// An object without a picture; of the two braces at its end the second stays.
-void RemoveObject(Text& segment, TextView opening) {
-  const std::int32_t from = FindText(1, segment, opening, ignore_case);
-  if (from == 0) return;
-  const std::int32_t to = FindText(from, segment, u"}}");
-  if (to > 0) segment.erase(static_cast<std::size_t>(from) - 1, static_cast<std::size_t>(to - from) + 1);
-}
-
-void RemovePictureAndObjects(Text& segment) {
-  if (segment.find(u'{') == Text::npos) return;
-  RemovePicture(segment);
-  RemoveObject(segment, u"{\\object\\objemb{");
-  RemoveObject(segment, u"{\\object\\");
+// The segment up to the split and with it, in which a pair of units that is
+// found begins ahead of the split.
+TextView AheadOfSplit(const Segment& segment) {
+  return TextView(segment.segment).substr(0, static_cast<std::size_t>(segment.splitAt));
 }
 
 // An escape ahead of the split begins the body, and no unit is lost there.
 bool CutAtEscape(Segment& segment) {
-  const std::size_t escape = segment.segment.find(u"\\'");
-  if (escape == Text::npos || static_cast<std::int64_t>(escape) + 1 >= segment.splitAt) return false;
+  const std::size_t escape = AheadOfSplit(segment).find(u"\\'");
+  if (escape == TextView::npos) return false;
   segment.splitAt = static_cast<std::int16_t>(escape + 1);
   segment.head.assign(segment.segment, 0, escape);
   segment.body.assign(segment.segment, escape, Text::npos);
@@ -151,9 +150,8 @@ bool CutAtEscape(Segment& segment) {
 }
 
 void SplitAtEscapedBrace(Segment& segment) {
-  const std::size_t brace = segment.segment.find(u"\\{");
-  if (brace == Text::npos || static_cast<std::int64_t>(brace) + 1 >= segment.splitAt) return;
-  segment.splitAt = static_cast<std::int16_t>(brace + 1);
+  const std::size_t brace = AheadOfSplit(segment).find(u"\\{");
+  if (brace != TextView::npos) segment.splitAt = static_cast<std::int16_t>(brace + 1);
 }
 
 void CutAtSplit(Segment& segment) {

@@ -83,7 +83,6 @@ class FontWords {
   }
 
   void ReplaceFonts() {
-    settled_.clear();
     bool changed = true;
     ForEachPlace(body_, u"\\f", [&](TextView word) {
       Text cut(word);

@@ -2,6 +2,8 @@
 // what they leave running for the segments behind it.
 #include <algorithm>
 #include <limits>
+#include <optional>
+#include <vector>
 
 #include "rtf_to_html/control_words.h"
 #include "rtf_to_html/segment.h"
@@ -64,26 +66,53 @@ constexpr PlainWord plain_words[] = {
     {u"tab", u"&nbsp;&nbsp;&nbsp;", u""},
 };
 
-// Puts `value` into the item of the attributes that begins with `name`, or a
-// new item behind the others.
-void SetAttribute(Text& attributes, TextView name, TextView value) {
-  const std::size_t item = attributes.find(name);
-  if (item == Text::npos) {
-    attributes.append(name).append(u"\"").append(value).append(u"\" ");
-    return;
-  }
-  const std::size_t from = item + name.size() + 1;
-  const std::size_t to = attributes.find(u'"', from);
-  if (to != Text::npos) attributes.replace(from, to - from, value);
+void AddAttribute(Text& attributes, TextView name, TextView value) {
+  attributes.append(name).append(u"\"").append(value).append(u"\" ");
 }
 
-// Reads the words of one head.
+// Whether a text holds another; looked up once, when it is first asked for.
+class Fact {
+ public:
+  Fact(TextView text, TextView find) : text_(text), find_(find) {}
+
+  explicit operator bool() {
+    if (!known_) known_ = text_.find(find_) != TextView::npos;
+    return *known_;
+  }
+
+ private:
+  TextView text_;
+  TextView find_;
+  std::optional<bool> known_;
+};
+
+// Reads the words of one head. What grows with every word is put together at
+// the end.
 class HeadReader {
  public:
   HeadReader(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body)
       : state_(state), segment_(segment), body_(body) {}
 
-  void Read(TextView word) {
+  void Read() {
+    ForEachWord(segment_.head, [this](TextView word) { ReadWord(word); });
+    for (const Attribute& item : attributes_) AddAttribute(segment_.attributes, item.name, item.value);
+    if (references_.empty()) return;
+    Text body;
+    // Each reference went in front of those before it.
+    for (auto number = references_.rbegin(); number != references_.rend(); ++number) {
+      body.append(u"&#").append(*number).append(u";");
+    }
+    body_.Assign(body.append(body_.text()));
+  }
+
+ private:
+  struct Attribute {
+    TextView name;
+    TextView value;
+  };
+  static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+  void ReadWord(TextView word) {
     if (word.empty() || ReadPlainWord(word) || ReadParagraphWord(word)) return;
     switch (word.front()) {
       case u'f':
@@ -109,15 +138,21 @@ class HeadReader {
         ReadTabStop(word);
         break;
       case u'\'':
-        if (word.starts_with(u"'b7") && HeadHolds(u"\\'b7\\tab")) Surround(u"<li>", u"</li>");
+        if (word.starts_with(u"'b7") && holds_bullet_) Surround(u"<li>", u"</li>");
         break;
       default:
         break;
     }
   }
 
- private:
-  bool HeadHolds(TextView find) const { return segment_.head.find(find) != Text::npos; }
+  // Puts a value into the attribute at `item`, which is a new one at first.
+  void SetAttribute(std::size_t& item, TextView name, TextView value) {
+    if (item == none) {
+      item = attributes_.size();
+      attributes_.push_back({name, {}});
+    }
+    attributes_[item].value = value;
+  }
 
   void Surround(TextView opening, TextView closing) {
     segment_.opening += opening;
@@ -140,7 +175,7 @@ class HeadReader {
     } else if (word == u"b") {
       Surround(u"<b>", u"</b></b>");
       // The bold of the first paragraphs runs on.
-      if (state_.LongSegments < 2 && segment_.segment.find(u"\\b0") == Text::npos) segment_.closing += u"<b>";
+      if (state_.LongSegments < 2 && !bold_ends_) segment_.closing += u"<b>";
     } else if (word == u"qr") {
       segment_.opening += u"<p align=\"right\">";
       state_.ParagraphOpen = u"yes";
@@ -148,7 +183,7 @@ class HeadReader {
       segment_.opening += u"<CENTER>";
       state_.ColourExplicit = u"no";
       state_.CentreOpen = u"yes";
-      if (segment_.segment.find(u"\\pard{") != Text::npos) {
+      if (group_follows_) {
         segment_.closing += u"</CENTER>";
         state_.CentreOpen = u"no";
       }
@@ -172,7 +207,7 @@ class HeadReader {
 
   void SetFace(std::int32_t number) {
     if (const Text* face = EntryAt(state_.FontFaces, number)) {
-      SetAttribute(segment_.attributes, u"FACE=", *face);
+      SetAttribute(face_, u"FACE=", *face);
       state_.CurrentFace = Trim(*face);
     }
     constexpr std::int32_t last = std::numeric_limits<std::int16_t>::max();
@@ -182,7 +217,7 @@ class HeadReader {
   void SetSize(std::int32_t points) {
     const Text* size = EntryAt(state_.SizeTable, points);
     if (size == nullptr) return;
-    SetAttribute(segment_.attributes, u"SIZE=", *size);
+    SetAttribute(size_, u"SIZE=", *size);
     state_.CurrentSize = Trim(*size);
   }
 
@@ -196,10 +231,10 @@ class HeadReader {
     if (!number) return;
     if (const Text* entry = EntryAt(state_.ColourTable, WholeNumber(*number))) {
       const TextView colour = entry->empty() ? TextView(u"#000000") : TextView(*entry);
-      if (HeadHolds(u"?\\u")) {
+      if (holds_unicode_run_) {
         segment_.opening.append(u"<FONT COLOR=\"").append(colour).append(u"\">");
       } else {
-        segment_.attributes.append(u"COLOR=\"").append(colour).append(u"\" ");
+        attributes_.push_back({u"COLOR=", colour});
       }
       state_.CurrentColour = colour;
     }
@@ -226,7 +261,7 @@ class HeadReader {
     if (!twips) twips = NumberBehind(word, u"li");
     if (!twips) return;
     Append(state_.PendingIndent, blank_entity, BlanksFor(indent_bands, WholeNumber(*twips)));
-    if (HeadHolds(u"plain\\pard\\li")) {
+    if (indents_paragraph_) {
       segment_.opening += state_.PendingIndent;
       state_.PendingIndent.clear();
     }
@@ -242,9 +277,7 @@ class HeadReader {
     }
     if (!word.ends_with(u'?')) return;
     word.remove_suffix(1);
-    if (const auto number = NumberBehind(word, u"u")) {
-      body_.Assign(u"&#" + Text(*number) + u";" + body_.text());
-    }
+    if (const auto number = NumberBehind(word, u"u")) references_.push_back(*number);
   }
 
   // The first tab stop of the head gives the width of all tabs.
@@ -271,6 +304,15 @@ class HeadReader {
   RtfToHtmlState& state_;
   Segment& segment_;
   rules::Rewriting& body_;
+  std::vector<Attribute> attributes_;
+  std::size_t face_ = none;
+  std::size_t size_ = none;
+  std::vector<TextView> references_;  // the numbers of Unicode words
+  Fact holds_bullet_{segment_.head, u"\\'b7\\tab"};
+  Fact holds_unicode_run_{segment_.head, u"?\\u"};
+  Fact indents_paragraph_{segment_.head, u"plain\\pard\\li"};
+  Fact bold_ends_{segment_.segment, u"\\b0"};
+  Fact group_follows_{segment_.segment, u"\\pard{"};
 };
 
 // List items of the body, and the ends that they need.
@@ -311,7 +353,7 @@ void CloseRightParagraph(RtfToHtmlState& state, Segment& segment) {
 void AddRunningValues(RtfToHtmlState& state, Text& attributes) {
   if (state.ControlSegments <= 0 || WithoutFonts(state)) return;
   const auto add = [&](TextView name, TextView value) {
-    if (!value.empty() && attributes.find(name) == Text::npos) SetAttribute(attributes, name, value);
+    if (!value.empty() && attributes.find(name) == Text::npos) AddAttribute(attributes, name, value);
   };
   add(u"FACE=", state.CurrentFace);
   add(u"SIZE=", state.CurrentSize);
@@ -348,8 +390,7 @@ void ReadHeadWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& bo
   OpenListItems(segment.closing, body);
   CountControlSegment(state, segment.head);
   CloseIndent(state, segment);
-  HeadReader reader(state, segment, body);
-  ForEachWord(segment.head, [&](TextView word) { reader.Read(word); });
+  HeadReader(state, segment, body).Read();
   CloseRightParagraph(state, segment);
   AddRunningValues(state, segment.attributes);
   TakeNextParagraph(state, body);

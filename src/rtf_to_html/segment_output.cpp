@@ -96,8 +96,8 @@ void WriteRun(RtfToHtmlState& state, const Segment& segment, Text& body) {
 std::size_t LastOnPage(TextView page, TextView name, WrittenAttribute& known) {
   if (known.searched > page.size()) known = {};
   const std::size_t again = known.searched - std::min(known.searched, name.size() - 1);
-  const std::size_t found = page.substr(again).rfind(name);
-  if (found != TextView::npos) known.at = again + found;
+  const std::int32_t found = LastPosition(page.substr(again), name);
+  if (found > 0) known.at = again + static_cast<std::size_t>(found) - 1;
   known.searched = page.size();
   return known.at;
 }

@@ -1,9 +1,13 @@
 // Rows and cells out of the words that are left in the body.
+#include <algorithm>
+#include <vector>
+
 #include "rtf_to_html/segment.h"
 #include "rtf_to_html/segment_tables.rules.h"
 #include "rtf_to_html/translate_segment.h"
 #include "rules/run.h"
 #include "rules/sentinels.h"
+#include "text/search.h"
 
 namespace quillary::modQuillary {
 namespace {
@@ -24,21 +28,50 @@ Text WidthAt(TextView text, std::size_t at) {
   return width;
 }
 
+// The signs and digits behind every width word, sorted.
+std::vector<TextView> AllWidths(TextView text) {
+  std::vector<TextView> widths;
+  const Finder word(width_word, ignore_case);
+  for (std::size_t at = word.Next(text, 0); at != Finder::npos; at = word.Next(text, at + 1)) {
+    const TextView behind = text.substr(at + width_word.size());
+    widths.push_back(behind.substr(0, behind.find_first_not_of(u"0123456789.+-")));
+  }
+  std::sort(widths.begin(), widths.end());
+  return widths;
+}
+
+// Whether more than one of the widths begins with `width`.
+bool StandsTwice(const std::vector<TextView>& widths, TextView width) {
+  const auto first = std::lower_bound(widths.begin(), widths.end(), width);
+  return widths.end() - first > 1 && first[1].starts_with(width);
+}
+
 }  // namespace
 
 Text MarkCellWidths(TextView text) {
+  const std::vector<TextView> widths = AllWidths(text);
   Text done;
   Text rest(text);
-  for (std::size_t at = rest.find(width_word); at != Text::npos; at = rest.find(width_word)) {
-    // Nothing in front of the first width word can change any more.
-    done.append(rest, 0, at);
-    rest.erase(0, at);
-    const Text width = WidthAt(rest, 0);
+  std::size_t from = 0;
+  for (std::size_t at = rest.find(width_word); at != Text::npos; at = rest.find(width_word, from)) {
+    const Text width = WidthAt(rest, at);
     if (!IsNumeric(width)) break;
-    ReplaceIn(rest, Text(width_word) + width, sentinels::cell_width_mark, ignore_case);
-    if (rest.starts_with(width_word)) break;  // a blank stands inside the number
+    done.append(rest, from, at - from);
+    const Text word = Text(width_word) + width;
+    const bool stands_here = TextView(rest).substr(at).starts_with(word);
+    if (stands_here && !StandsTwice(widths, width)) {
+      done += sentinels::cell_width_mark;
+      from = at + word.size();
+      continue;
+    }
+    // In upper case the word may stand further ahead as well.
+    rest = std::move(done.append(rest, at, Text::npos));
+    done.clear();
+    from = 0;
+    ReplaceIn(rest, word, sentinels::cell_width_mark, ignore_case);
+    if (!stands_here) break;  // a blank inside the number: it would be met for ever
   }
-  return done + rest;
+  return done.append(rest, from, Text::npos);
 }
 
 void ReplaceTableWords(rules::Rewriting& body) {

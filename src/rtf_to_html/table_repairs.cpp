@@ -54,7 +54,10 @@ void DropBorderSpacing(rules::Rewriting& page) { rules::Run(chains::DropBorderSp
 void RepairRowStarts(rules::Rewriting& page) { rules::Run(chains::RepairRowStarts, page); }
 
 void RunTableRepair(rules::Rewriting& text) {
-  Attempt([&] { text.Assign(RepairHTMLTable::RepairTables(text.text(), RepairHTMLTable::kFillEmptyCells)); });
+  Attempt([&] {
+    text.Assign(RepairHTMLTable::RepairTables(text.text(), RepairHTMLTable::kFillEmptyCells,
+                                              text.apartment().working_limit));
+  });
 }
 
 void DropCellMarks(rules::Rewriting& page) { rules::Run(chains::DropCellMarks, page); }

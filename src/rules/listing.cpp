@@ -1,21 +1,9 @@
 #include "rules/listing.h"
 
+#include "rules/explain.h"
+
 namespace quillary::rules {
 namespace {
-
-// A literal as the rule files show it.
-Text Shown(TextView text) {
-  Text shown = u"⟨";
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text.substr(i).starts_with(u"\r\n")) {
-      shown += u'⏎';
-      ++i;
-    } else {
-      shown += text[i] == u' ' ? u'␣' : text[i] == u'\r' ? u'␍' : text[i] == u'\n' ? u'␊' : text[i];
-    }
-  }
-  return shown + u'⟩';
-}
 
 Text Described(const Condition& condition) {
   if (condition.kind == Condition::Kind::ShorterThan) return u"shorter than " + Decimal(condition.units);

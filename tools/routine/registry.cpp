@@ -75,6 +75,7 @@ const Registry& AllRoutines() {
     AddTextRoutines(all);
     AddDriverRoutines(all);
     AddEscapeRoutines(all);
+    AddRichTextRoutines(all);
     AddSegmentRoutines(all);
     AddLinkRoutines(all);
     AddTableRoutines(all);

@@ -85,6 +85,7 @@ void AddDriverRoutines(Registry& registry);
 /// Chains come first: an operation of the same name takes the name.
 void AddChainRoutines(Registry& registry);
 void AddEscapeRoutines(Registry& registry);
+void AddRichTextRoutines(Registry& registry);
 void AddSegmentRoutines(Registry& registry);
 void AddLinkRoutines(Registry& registry);
 void AddTableRoutines(Registry& registry);
