@@ -27,14 +27,17 @@ void RoundTrip(benchmark::State& state, TextView piece) {
     box->SetTextRTF(rtf);
     benchmark::DoNotOptimize(box->TextRTF());
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(rtf.size()));
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
+                          static_cast<std::int64_t>(rtf.size()));
 }
 
 constexpr TextView kProse =
-    u"The quick brown fox jumps over the lazy dog, \\b and then it runs\\b0  far into the forest where nobody "
+    u"The quick brown fox jumps over the lazy dog, \\b and then it runs\\b0  far into the forest where "
+    u"nobody "
     u"has been before; caf\\'e9 and all. {\\cf1\\i It sleeps} under the old oak until the morning "
     u"comes.\\par\r\n";
-constexpr TextView kEscapes = u"\\f2 \\'cf\\'f0\\'e8\\'e2\\'e5\\'f2 \\'ec\\'e8\\'f0\\f0 , \\u960?\\u961?\\par\r\n";
+constexpr TextView kEscapes =
+    u"\\f2 \\'cf\\'f0\\'e8\\'e2\\'e5\\'f2 \\'ec\\'e8\\'f0\\f0 , \\u960?\\u961?\\par\r\n";
 constexpr TextView kRows =
     u"\\trowd\\trgaph108\\cellx2000\\cellx4000\\cellx6000\\pard\\intbl one cell\\cell \\b two\\b0\\cell "
     u"three\\cell\\row\r\n";

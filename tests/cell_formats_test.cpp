@@ -1,7 +1,7 @@
 // Formats carried from cell to cell through tables of many cells.
-#include <gtest/gtest.h>
-
 #include "html_finishing/cell_formats.h"
+
+#include <gtest/gtest.h>
 
 namespace quillary::modTable {
 namespace {

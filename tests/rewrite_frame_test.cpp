@@ -17,9 +17,9 @@ using quillary::Holds;
 using quillary::Left;
 using quillary::Mid;
 using quillary::ReplaceAll;
-using quillary::modQuillary::ReplacePictures;
 using quillary::Text;
 using quillary::TextView;
+using quillary::modQuillary::ReplacePictures;
 namespace sentinels = quillary::sentinels;
 
 constexpr TextView kPicture = u"{\\pict\\";

@@ -106,7 +106,7 @@ TEST(Masking, NamesTheRuleThatEatsAnother) {
       "⟨ggg⟩ -> ⟨⟩\n"                           // without a "u" it is left
       "⟨k⟩ -> ⟨⟩\n⟨z⟩ -> ⟨kk⟩\n⟨kk⟩ -> ⟨⟩\n"
       "⟨<td>␣⟩ -> ⟨</td><td>⟩\n⟨<td>␣</td>⟩ -> ⟨⟩\n"  // eaten by line 21, not joined
-      "⟨<table></td><td>␣</td>⟩ -> ⟨⟩\n");  // eaten by the nearest, line 22
+      "⟨<table></td><td>␣</td>⟩ -> ⟨⟩\n");            // eaten by the nearest, line 22
   std::vector<std::array<std::size_t, 3>> lines;
   for (const Masked& masked : FindMasked(chain)) {
     const std::size_t joined_by = masked.joined_by == nullptr ? 0 : masked.joined_by->line;

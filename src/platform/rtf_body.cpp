@@ -53,7 +53,8 @@ std::uint32_t Reader::FormatId() {
     // middle of a word as like as not.
     CharacterFormat other_language = document_.characters[document_.runs.back().format];
     other_language.language = format.language;
-    if (other_language == format) format.language = document_.characters[document_.runs.back().format].language;
+    if (other_language == format)
+      format.language = document_.characters[document_.runs.back().format].language;
   }
   format_ = document_.characters.Id(format);
   format_changed_ = false;
@@ -96,7 +97,8 @@ void Reader::AddCharacter(char16_t unit) {
   }
   if (unit < u' ' || !IsShown({&unit, 1})) return;
   // A symbol font shows its own sign for every Western character.
-  if (unit <= 0xFF && fonts_.IsSymbol(Top().character.Font())) unit = static_cast<char16_t>(kSymbolBase + unit);
+  if (unit <= 0xFF && fonts_.IsSymbol(Top().character.Font()))
+    unit = static_cast<char16_t>(kSymbolBase + unit);
   BeginCellItem();
   builder_.AddUnit(Top().character.capitals ? ToUpper({&unit, 1}).front() : unit, FormatId());
 }

@@ -146,7 +146,7 @@ class Reader {
   TextView held_blanks_;  // at the start of a group: text, unless the group turns out to hold none
   bool surplus_ = false;  // the document's group was closed more than once
   bool done_ = false;
-  bool controls_own_ = false;  // the control wrote the text itself
+  bool controls_own_ = false;       // the control wrote the text itself
   std::int32_t fallback_left_ = 0;  // signs still to be passed over behind \u
 
   bool format_changed_ = true;
