@@ -23,8 +23,8 @@ Text TableName(const Font& font) {
     const bool is_control = unit < u' ' || (unit >= 0x7F && unit <= 0x9F);
     if (!is_control && !ends_entry) name += unit;
   }
+  name.erase(0, std::min(name.find_first_not_of(u"@ "), name.size()));
   name = Trim(name);
-  if (name.starts_with(u'@')) name.erase(0, 1);
   if (name.size() == 3 && name == ToUpper(name)) {
     name = name.substr(0, 1) + ToLower(name.substr(1));
     if (name == ToUpper(name)) name += u'_';

@@ -163,7 +163,7 @@ ListTables::Item ListTables::NextItem(std::int32_t override, std::int32_t level,
   item.format.bullet = definition.number_kind == kBulletKind;
   if (item.format.bullet) return item;
   item.format.style = StyleOf(definition.number_kind);
-  item.label.text = has_label ? label : ComputeLabel(list->second, state, index);
+  item.label.text = has_label ? label : Trim(ComputeLabel(list->second, state, index));
   item.label.ordinal = counter;
   SplitLabel(item.label.text, item.format);
   return item;
