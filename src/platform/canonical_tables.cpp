@@ -13,25 +13,6 @@ constexpr std::size_t kMostColours = 300;
 const Text kOwnBulletFont = u"\\fnil\\fcharset2 Symbol;";
 const Text kPlainFontStart = u"\\fnil\\fcharset0 ";
 
-/// The name as the table may hold it: nothing that ends an entry, no mark of
-/// vertical writing, no three capitals, which the reader of the table takes
-/// for a tag.
-Text TableName(const Font& font) {
-  Text name;
-  for (const char16_t unit : font.name) {
-    const bool ends_entry = unit == u';' || unit == u'}' || unit == u'{' || unit == u'\\';
-    const bool is_control = unit < u' ' || (unit >= 0x7F && unit <= 0x9F);
-    if (!is_control && !ends_entry) name += unit;
-  }
-  name.erase(0, std::min(name.find_first_not_of(u"@ "), name.size()));
-  name = Trim(name);
-  if (name.size() == 3 && name == ToUpper(name)) {
-    name = name.substr(0, 1) + ToLower(name.substr(1));
-    if (name == ToUpper(name)) name += u'_';
-  }
-  return name;
-}
-
 /// All text is in Windows-1252 or in \u words, so a font's charset is Western
 /// or that of symbols.
 Text TableEntry(const Font& font) {
@@ -42,7 +23,7 @@ Text TableEntry(const Font& font) {
   } else if (font.charset && *font.charset != 1) {
     entry += u"\\fcharset0";
   }
-  return entry + u" " + TableName(font) + u";";
+  return entry + u" " + font.name + u";";
 }
 
 }  // namespace

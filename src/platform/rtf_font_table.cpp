@@ -74,6 +74,25 @@ bool IsAscii(TextView text) {
   return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
 }
 
+// The name as the canonical table may hold it: nothing that ends an entry, no mark of
+// vertical writing, no three capitals, which the reader of the table takes
+// for a tag.
+Text TableName(TextView raw) {
+  Text name;
+  for (const char16_t unit : raw) {
+    const bool ends_entry = unit == u';' || unit == u'}' || unit == u'{' || unit == u'\\';
+    const bool is_control = unit < u' ' || (unit >= 0x7F && unit <= 0x9F);
+    if (!is_control && !ends_entry) name += unit;
+  }
+  name.erase(0, std::min(name.find_first_not_of(u"@ "), name.size()));
+  name = Trim(name);
+  if (name.size() == 3 && name == ToUpper(name)) {
+    name = name.substr(0, 1) + ToLower(name.substr(1));
+    if (name == ToUpper(name)) name += u'_';
+  }
+  return name;
+}
+
 bool IsSymbolName(TextView name) {
   constexpr std::array<TextView, 3> kNames = {u"Symbol", u"Wingdings", u"Webdings"};
   return std::any_of(kNames.begin(), kNames.end(),
@@ -184,9 +203,10 @@ void FontTable::EndEntry() {
       font_.name.resize(name.size() - charset->suffix.size());
     }
   }
+  if (font_.name.size() > kLongestName) font_.name.resize(kLongestName);
+  font_.name = TableName(font_.name);
   // The oldest control names symbol fonts without their charset.
   if (font_.charset.value_or(1) == 1 && IsSymbolName(font_.name)) font_.charset = 2;
-  if (font_.name.size() > kLongestName) font_.name.resize(kLongestName);
   if (document_.fonts.size() < kMostFonts) {
     const auto index = static_cast<std::uint16_t>(document_.fonts.size());
     if (!font_.IsSymbol() && !first_with_letters_) first_with_letters_ = index;
