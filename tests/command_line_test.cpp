@@ -127,6 +127,28 @@ TEST_F(CommandLine, TracesEachStepAsALine) {
   EXPECT_TRUE(Has(outcome.out, "{\"step\":\"RewriteRtf\",\"text\":\"<html>\\r\\n"));
 }
 
+TEST_F(CommandLine, TakesAndGivesPlainText) {
+  Put("a.txt", "a < b & {c}\r\nsecond \\line");
+  const Outcome page = Run("to-html --plain a.txt -o a.html");
+  EXPECT_EQ(page.status, 0) << page.err;
+  EXPECT_TRUE(Has(ReadFile(folder_ / "a.html"), "second \\line")) << ReadFile(folder_ / "a.html");
+  Put("b.rtf", kDocument);
+  EXPECT_TRUE(Has(Run("to-text b.rtf").out, "caf\xC3\xA9 \xC5\xA1 x"));
+  EXPECT_TRUE(Has(Run("to-text --encoding ascii b.rtf").out, "caf? ? x"));
+}
+
+TEST_F(CommandLine, ExplainsWhichRulesFired) {
+  Put("a.rtf", "{\\rtf1\\viewkind4\\uc1\\pard\\fs20 x\\par \\pard y\\par }");
+  const Outcome words = Run("explain --clean-rtf nono a.rtf");
+  EXPECT_EQ(words.status, 0) << words.err;
+  EXPECT_TRUE(Has(words.out, "src/rtf_to_html/rewrite_headings.rules:")) << words.out;
+  const std::string lines = Run("explain --json --clean-rtf nono a.rtf").out;
+  EXPECT_TRUE(lines.starts_with("{\"chain\":")) << lines;
+  EXPECT_TRUE(Has(lines, "\"find\":\"\\\\pard\\\\\"")) << lines;
+  EXPECT_EQ(Run("explain missing.rtf").status, 1);
+  EXPECT_EQ(Run("explain").status, 2);
+}
+
 TEST_F(CommandLine, WarnsWhereTheDocumentIsCutShort) {
   std::string rtf = "{\\rtf1";
   for (int i = 0; i < 66; ++i) rtf += "{\\pict\\x 0}";
