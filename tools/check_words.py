@@ -30,7 +30,7 @@ def page_words(program, file):
 
 
 def peer_words(file):
-    text = output("unrtf", "--text", file)
+    text = output("unrtf", "--nopict", "--text", file)
     return words(text[text.find("-----------------") :])
 
 
