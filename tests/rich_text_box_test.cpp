@@ -101,6 +101,61 @@ TEST(RichTextBox, GivesItsOwnDocumentBack) {
   EXPECT_EQ(Canonical(own), own);
 }
 
+TEST(RichTextBox, NumbersBulletFontsWithinReachOfTheRules) {
+  const auto with_fonts = [](const char* fonts, const char* text) {
+    return std::string("{\\rtf1\\ansi{\\fonttbl") + fonts + "}\\viewkind4\\uc1\\pard" + text + "\r\n\\par }";
+  };
+  const auto fonts_of = [](const std::string& rtf) {
+    const std::string header = Header(rtf);
+    EXPECT_EQ(Canonical(FromUtf8(Canonical(rtf))), Canonical(rtf)) << rtf;
+    return header.substr(header.find("{\\fonttbl") + 9);
+  };
+  constexpr const char* kItem = "{\\*\\pn\\pnlvlblt\\pnf%{\\pntxtb\\'B7}}";
+  const auto item = [&](char font) {
+    std::string list = kItem;
+    list[list.find('%')] = font;
+    return list;
+  };
+  EXPECT_EQ(fonts_of(with_fonts("{\\f0\\fnil\\fcharset2 Symbol;}{\\f1\\fnil Arial;}",
+                                (item('0') + "\\f1 item").c_str())),
+            "{\\f0\\fnil Arial;}{\\f1\\fnil\\fcharset2 Symbol;}}\r\n")
+      << "font 0";
+  EXPECT_EQ(
+      fonts_of(with_fonts("{\\f0\\fnil A1;}{\\f1\\fnil B1;}{\\f2\\fnil C1;}{\\f3\\fnil\\fcharset2 Symbol;}",
+                          (item('3') + "\\f0 a\\f1 b\\f2 c").c_str())),
+      "{\\f0\\fnil A1;}{\\f1\\fnil\\fcharset2 Symbol;}{\\f2\\fnil B1;}{\\f3\\fnil C1;}}\r\n")
+      << "font 3";
+  EXPECT_EQ(fonts_of(with_fonts("{\\f0\\fnil A1;}{\\f1\\fnil B1;}{\\f2\\fnil\\fcharset2 Symbol;}",
+                                (item('2') + "\\f0 a\\f1 b").c_str())),
+            "{\\f0\\fnil A1;}{\\f1\\fnil B1;}{\\f2\\fnil\\fcharset2 Symbol;}}\r\n")
+      << "font 2 stays";
+}
+
+TEST(RichTextBox, SetsOpeningMarksApart) {
+  CheckBodies({
+      {"an empty cell behind paragraph words",
+       Document("\\trowd\\cellx9\\cellx99\\pard\\intbl\\qc\\cell b\\cell\\row\\pard x"),
+       "\\trowd\\cellx9\\cellx99\\pard\\intbl\\qc\\f0\\fs24 \\cell b\\cell\\row\r\n\\pard x"},
+      {"a line break", Document("a\\par\\pard\\qc\\line b"),
+       "\\pard\\f0\\fs24 a\r\n\\par \\pard\\qc \\line b"},
+  });
+}
+
+/// Where two formats differ in what is not written, a second reading sees one.
+TEST(RichTextBox, StartsAParagraphAnewOnlyForWhatIsWritten) {
+  const std::string item = "{\\pntext\\f2\\'B7\\tab}";
+  const std::string list = "{\\*\\pn\\pnlvlblt\\pnf2\\pnindent0{\\pntxtb\\'B7}}";
+  CheckBodies({
+      {"a list of the label alone", Document("\\pard" + item + list + "a\\par " + item + "\\pard b"),
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\f0\\fs24 a\r\n"
+       "\\par {\\pntext\\f1\\'B7\\tab}b"},
+      {"widow control in a list",
+       Document("\\pard" + item + list + "\\nowidctlpar a\\par\\widctlpar " + item + "b"),
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\f0\\fs24 a\r\n"
+       "\\par {\\pntext\\f1\\'B7\\tab}b"},
+  });
+}
+
 TEST(RichTextBox, LeavesOutWhatThePageWouldMisread) {
   CheckBodies({
       {"a blank behind formatting words", Document("\\fs24 a\\b\\{x\\}\\b0\\\\y \\i\\'e9"),

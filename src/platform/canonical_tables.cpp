@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "platform/canonical_paragraphs.h"
+
 namespace quillary::platform::rtf {
 namespace {
 
@@ -26,16 +28,42 @@ Text TableEntry(const Font& font) {
   return entry + u" " + font.name + u";";
 }
 
+/// Places in the order of their numbers, with the first two that are of
+/// bullets among the numbers 1 and 2 where there is another font for 0.
+std::vector<std::size_t> BulletFontsInReach(const std::vector<bool>& of_bullets) {
+  std::vector<std::size_t> bullets;
+  std::vector<std::size_t> others;
+  for (std::size_t place = 0; place < of_bullets.size(); ++place) {
+    (of_bullets[place] ? bullets : others).push_back(place);
+  }
+  std::vector<std::size_t> order;
+  const std::size_t moved = std::min<std::size_t>(bullets.size(), 2);
+  const auto in_reach = [](std::size_t place) { return place == 1 || place == 2; };
+  const bool moves = !others.empty() && !std::all_of(bullets.begin(), bullets.begin() + moved, in_reach);
+  if (moves) {
+    order.push_back(others.front());
+    order.insert(order.end(), bullets.begin(), bullets.begin() + moved);
+  }
+  const auto in_front = static_cast<std::ptrdiff_t>(order.size());
+  for (std::size_t place = 0; place < of_bullets.size(); ++place) {
+    const auto end = order.begin() + in_front;
+    if (std::find(order.begin(), end, place) == end) order.push_back(place);
+  }
+  return order;
+}
+
 }  // namespace
 
 struct CanonicalTables::Use {
-  std::vector<bool> fonts;       // by index
-  std::vector<bool> colours;     // by id
-  std::vector<bool> highlights;  // by id
+  std::vector<bool> fonts;         // by index
+  std::vector<bool> bullet_fonts;  // by index
+  std::vector<bool> colours;       // by id
+  std::vector<bool> highlights;    // by id
   bool own_bullets = false;
 
   explicit Use(const Document& document)
       : fonts(document.fonts.size()),
+        bullet_fonts(document.fonts.size()),
         colours(document.colours.size() + 1),
         highlights(document.colours.size() + 1) {
     std::vector<bool> seen;
@@ -54,6 +82,7 @@ struct CanonicalTables::Use {
       if (list == 0 || !document.lists[list].bullet) continue;
       if (document.lists[list].font) {
         fonts[*document.lists[list].font] = true;
+        bullet_fonts[*document.lists[list].font] = true;
       } else {
         own_bullets = true;
       }
@@ -64,24 +93,43 @@ struct CanonicalTables::Use {
 CanonicalTables::CanonicalTables(const Document& document) : document_(document) {
   const Use use(document);
   NumberFonts(use);
+  format_changes_ = FindFormatChanges(document, *this);
   NumberColours(use);
 }
 
+/// Fonts keep their order, but for those of bullets: the rules know bullets in
+/// fonts 1 and 2 only, so a bullet font beyond these comes right behind the
+/// first font that is none.
 void CanonicalTables::NumberFonts(const Use& use) {
-  std::unordered_map<Text, std::int32_t> numbers;
-  font_numbers_.resize(document_.fonts.size());
-  const auto add = [&](const Text& entry) {
-    if (font_entries_.size() >= kMostFonts) return std::int32_t{0};
-    const auto [place, is_new] = numbers.try_emplace(entry, static_cast<std::int32_t>(font_entries_.size()));
-    if (is_new) font_entries_.push_back(entry);
+  std::unordered_map<Text, std::size_t> entries;
+  std::vector<Text> order;
+  std::vector<bool> of_bullets;  // by place in that order
+  const auto add = [&](const Text& entry, bool is_of_bullets) {
+    const auto [place, is_new] = entries.try_emplace(entry, order.size());
+    if (is_new) {
+      order.push_back(entry);
+      of_bullets.push_back(false);
+    }
+    if (is_of_bullets) of_bullets[place->second] = true;
     return place->second;
   };
-  // The rules for bullets know them best in font 1.
+  std::vector<std::size_t> places(document_.fonts.size());
   for (std::size_t index = 0; index < document_.fonts.size(); ++index) {
-    if (!use.fonts[index]) continue;
-    font_numbers_[index] = add(TableEntry(document_.fonts[index]));
-    if (use.own_bullets && font_entries_.size() == 1) own_bullet_font_ = add(kOwnBulletFont);
+    if (use.fonts[index]) places[index] = add(TableEntry(document_.fonts[index]), use.bullet_fonts[index]);
   }
+  const std::size_t own_place = use.own_bullets ? add(kOwnBulletFont, true) : 0;
+
+  const std::vector<std::size_t> by_number = BulletFontsInReach(of_bullets);
+  std::vector<std::int32_t> numbers(order.size());
+  for (std::size_t number = 0; number < by_number.size() && number < kMostFonts; ++number) {
+    font_entries_.push_back(order[by_number[number]]);
+    numbers[by_number[number]] = static_cast<std::int32_t>(number);
+  }
+  font_numbers_.resize(document_.fonts.size());
+  for (std::size_t index = 0; index < places.size(); ++index) {
+    if (use.fonts[index]) font_numbers_[index] = numbers[places[index]];
+  }
+  own_bullet_font_ = order.empty() ? 0 : numbers[own_place];
 }
 
 std::int32_t CanonicalTables::BulletFont(const ListFormat& list) const {
@@ -135,7 +183,7 @@ bool CanonicalTables::NumbersCollide() const {
   std::size_t begin = 0;
   for (std::size_t index = 0; index < document_.paragraphs.size(); ++index) {
     const Paragraph& paragraph = document_.paragraphs[index];
-    if (index > 0 && paragraph.format != document_.paragraphs[index - 1].format && collide()) return true;
+    if (index > 0 && FormatChanges(index) && collide()) return true;
     while (run + 1 < document_.runs.size() && document_.runs[run + 1].begin <= begin) ++run;
     for (std::size_t at = run; at < document_.runs.size() && document_.runs[at].begin < paragraph.end; ++at) {
       numbers.push_back(ColourNumber(document_.characters[document_.runs[at].format].colour));

@@ -20,6 +20,8 @@ class CanonicalTables {
   std::int32_t ColourNumber(std::uint16_t id) const {
     return id == 0 ? 0 : colour_numbers_[id - std::size_t{1}];
   }
+  /// Whether a paragraph's format is not that of the one before, as written.
+  bool FormatChanges(std::size_t paragraph) const { return format_changes_[paragraph]; }
   /// Whether the control takes font 0 for granted at the start of a document.
   bool StartsInFontZero() const;
 
@@ -38,6 +40,7 @@ class CanonicalTables {
   std::vector<std::int32_t> font_numbers_;  // by index
   std::vector<Text> font_entries_;          // by number, what follows the number
   std::int32_t own_bullet_font_ = 0;
+  std::vector<bool> format_changes_;          // by paragraph
   std::vector<std::int32_t> colour_numbers_;  // by id - 1
   std::vector<Colour> colour_entries_;        // by number - 1
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/canonical_output.h"
+#include "platform/canonical_paragraphs.h"
 #include "platform/canonical_tables.h"
 
 namespace quillary::platform::rtf {
@@ -12,11 +13,6 @@ constexpr std::size_t kPictureLine = 39;  // bytes
 
 bool IsHigh(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
 bool IsLow(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
-
-void AppendNumber(Text& words, TextView word, std::int32_t number) {
-  words += word;
-  words += Decimal(number);
-}
 
 /// The formatting that is in force, in the numbers of the tables.
 struct WrittenFormat {
@@ -62,10 +58,8 @@ class Writer {
   void WriteData(const std::string& data);
   void WriteLabel(const ListFormat& list, const Paragraph& paragraph, bool with_list);
   void WriteAffix(TextView word, const Text& affix);
+  bool LosesOpeningMark(std::size_t index, const Text& character_words) const;
   void WriteRowDefinition(std::uint32_t row);
-  Text ParagraphWords(const ParagraphFormat& format, const Paragraph& paragraph) const;
-  bool IsTypedItem(const Paragraph& paragraph) const;
-  void AppendIndents(Text& words, const ParagraphFormat& format, bool is_item) const;
 
   const Document& document_;
   CanonicalTables tables_;
@@ -154,12 +148,12 @@ void Writer::WriteParagraphStart(std::size_t index) {
   if (paragraph.stray_bullet && last_list_ != 0) WriteLabel(document_.lists[last_list_], paragraph, false);
   const WrittenFormat first = Written(document_.runs[run_].format);
   const Text character_words = ChangeWords(first);
-  const bool changes = index == 0 || paragraph.format != document_.paragraphs[index - 1].format;
-  if (changes) {
+  if (tables_.FormatChanges(index)) {
     if (format.row != 0) WriteRowDefinition(format.row);
     output_.Words(u"\\pard");
     if (format.list != 0) WriteLabel(list, paragraph, true);
-    AddWords(ParagraphWords(format, paragraph));
+    const bool is_item = format.list != 0 || IsTypedItem(document_, begin_, paragraph.end);
+    AddWords(ParagraphWords(document_, format, is_item));
     AddWords(character_words);
   } else {
     AddWords(character_words);
@@ -167,8 +161,24 @@ void Writer::WriteParagraphStart(std::size_t index) {
     if (format.row != 0) output_.Words(u"\\intbl");
     if (format.list != 0) WriteLabel(list, paragraph, false);
   }
+  if (LosesOpeningMark(index, character_words)) output_.SettleBlank();
   format_ = first;
   last_list_ = format.list;
+}
+
+/// Whether the mark that the paragraph begins with, an empty cell as like as
+/// not, needs a blank in front of it: without one the page takes it for one of
+/// the paragraph's words and drops it.
+bool Writer::LosesOpeningMark(std::size_t index, const Text& character_words) const {
+  const Paragraph& paragraph = document_.paragraphs[index];
+  const ParagraphFormat& format = document_.formats[paragraph.format];
+  if (begin_ == paragraph.end || format.list != 0) return false;
+  const char16_t mark = document_.text[begin_];
+  const bool changes = tables_.FormatChanges(index);
+  if (format.row == 0) return changes && mark == marks::kLine;
+  if (mark != marks::kCell && mark != marks::kTab && mark != marks::kLine) return false;
+  if (!character_words.empty()) return true;
+  return changes && (mark != marks::kCell || ParagraphWords(document_, format, false) != u"\\intbl");
 }
 
 void Writer::WriteRowDefinition(std::uint32_t row) {
@@ -215,60 +225,6 @@ void Writer::WriteAffix(TextView word, const Text& affix) {
   if (!is_punctuation) output_.Words(u"");
   output_.Spell(affix);
   output_.Raw(u"}");
-}
-
-/// Whether the paragraph begins with a bullet, a dash or the like and a tab
-/// that its author typed.
-bool Writer::IsTypedItem(const Paragraph& paragraph) const {
-  std::size_t at = begin_;
-  while (at < paragraph.end && document_.text[at] == u' ') ++at;
-  if (at + 1 >= paragraph.end || document_.text[at + 1] != marks::kTab) return false;
-  const char16_t sign = document_.text[at];
-  const bool is_letter_or_digit = (sign >= u'0' && sign <= u'9') || (sign >= u'A' && sign <= u'Z') ||
-                                  (sign >= u'a' && sign <= u'z' && sign != u'o');
-  return sign > u' ' && !is_letter_or_digit;
-}
-
-// The page indents a paragraph by its left indent only where "\li" stands
-// first; the rules for lists know the other order.
-void Writer::AppendIndents(Text& words, const ParagraphFormat& format, bool is_item) const {
-  const auto add = [&](TextView word, std::int32_t measure) {
-    if (measure != 0) AppendNumber(words, word, measure);
-  };
-  if (is_item) add(u"\\fi", format.first_indent);
-  add(u"\\li", format.left_indent);
-  if (!is_item) add(u"\\fi", format.first_indent);
-  add(u"\\ri", format.right_indent);
-}
-
-Text Writer::ParagraphWords(const ParagraphFormat& format, const Paragraph& paragraph) const {
-  Text words;
-  if (format.row != 0) words += u"\\intbl";
-  if (format.right_to_left) {
-    words += u"\\rtlpar";
-  } else if (document_.right_to_left) {
-    words += u"\\ltrpar";
-  }
-  if (format.keep) words += u"\\keep";
-  if (format.keep_next) words += u"\\keepn";
-  if (format.no_widow_control && format.list == 0) words += u"\\nowidctlpar";
-  AppendIndents(words, format, format.list != 0 || IsTypedItem(paragraph));
-  if (format.space_before != 0) AppendNumber(words, u"\\sb", format.space_before);
-  if (format.space_after != 0) AppendNumber(words, u"\\sa", format.space_after);
-  if (format.line_spacing != 0) {
-    AppendNumber(words, u"\\sl", format.line_spacing);
-    AppendNumber(words, u"\\slmult", format.line_multiple);
-  }
-  if (format.alignment == Alignment::Centre) words += u"\\qc";
-  if (format.alignment == Alignment::Right) words += u"\\qr";
-  if (format.alignment == Alignment::Justified) words += u"\\qj";
-  for (const TabStop& stop : document_.tabs[format.tabs]) {
-    if (stop.kind == Alignment::Centre) words += u"\\tqc";
-    if (stop.kind == Alignment::Right) words += u"\\tqr";
-    if (stop.kind == Alignment::Justified) words += u"\\tqdec";
-    AppendNumber(words, u"\\tx", stop.position);
-  }
-  return words;
 }
 
 void Writer::WriteText(std::size_t begin, std::size_t end) {
