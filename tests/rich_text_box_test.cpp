@@ -91,9 +91,8 @@ TEST(RichTextBox, GivesItsOwnDocumentBack) {
       "\\par behind\r\n"
       "\\par \\trowd\\trgaph108\\trleft-108\\trbrdrt\\brdrs\\brdrw10 \\clbrdrt\\brdrw15\\brdrs "
       "\\cellx1391\\cellx2399\\pard\\intbl\\b one\\cell two\\cell\\row\r\n"
-      "\\b0\\trowd\\trgaph108\\trleft-108\\trbrdrt\\brdrs\\brdrw10 \\clbrdrt\\brdrw15\\brdrs "
-      "\\cellx1391\\cellx2399\\intbl 1\\cell\\cell\\row\r\n"
-      "\\intbl 2\\cf1\\cell 3\\cell\\cf0\\row\r\n"
+      "\\intbl\\b0 1\\cell\\cell\\row\r\n"
+      "\\intbl 2\\cf1\\cell\\cf0 3\\cell\\row\r\n"
       "\\pard{\\pntext\\f0 1.\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxta.}}\r\n"
       "\\fi-360\\li720 a number\r\n"
       "\\par {\\pntext\\f0 2.\\tab}\\endash  and \\ldblquote more\\rdblquote .\\f0 \r\n"
@@ -139,6 +138,38 @@ TEST(RichTextBox, SetsOpeningMarksApart) {
       {"a line break", Document("a\\par\\pard\\qc\\line b"),
        "\\pard\\f0\\fs24 a\r\n\\par \\pard\\qc \\line b"},
   });
+}
+
+/// The page carries bold type from cell to cell of a row, and no further; it
+/// takes words in front of "\row" for a cell, and a size in front of a font for
+/// the font's old one.
+TEST(RichTextBox, SettlesTheFormatsOfMarks) {
+  const std::string row = "\\trowd\\cellx1\\cellx2\\cellx3";
+  CheckBodies({
+      {"cells end what a cell before them had",
+       Document("x\\par" + row + "\\pard\\intbl\\b a\\b0\\cell b\\cell c\\cell\\row\\pard x"),
+       "\\pard\\f0\\fs24 x\r\n\\par " + row +
+           "\\pard\\intbl\\b a\\cell\\b0 b\\b\\cell\\b0 c\\cell\\row\r\n\\pard x"},
+      {"bold rows",
+       Document(row +
+                "\\pard\\intbl\\b a\\cell\\cell c\\cell\\row\\intbl a\\cell\\cell c\\cell\\row\\pard x"),
+       row + "\\pard\\intbl\\b\\f0\\fs24 a\\cell\\cell c\\b0\\cell\\row\r\n\\intbl\\b a\\cell\\cell "
+             "c\\b0\\cell\\row\r\n\\pard\\b x"},
+      {"the mark of a row", Document(row + "\\pard\\intbl a\\cell b\\cell c\\cell\\f1\\row\\pard x"),
+       row + "\\pard\\intbl\\f0\\fs24 a\\cell b\\cell c\\cell\\row\r\n\\pard\\f1 x"},
+      {"in front of a table and of an item",
+       Document("\\b x\\par" + row +
+                "\\pard\\intbl\\b0 a\\cell b\\cell c\\cell\\row\\pard\\i x\\par\\pard"
+                "{\\*\\pn\\pnlvlblt\\pnf2{\\pntxtb\\'B7}}\\i0 y"),
+       "\\pard\\b\\f0\\fs24 x\\b0 \r\n\\par " + row +
+           "\\pard\\intbl a\\cell b\\cell c\\cell\\row\r\n"
+           "\\pard\\i x\\i0 \r\n\\par "
+           "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}y"},
+  });
+  const std::string own =
+      "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil A1;}{\\f1\\fnil B1;}{\\f2\\fnil C1;}}\\viewkind4\\uc1\\pard";
+  EXPECT_EQ(Body(own + "\\f0\\fs32 Title\\f1\\fs24 \r\n\\par \\f2 x\r\n\\par }"),
+            "\\pard\\f0\\fs32 Title\\f1 \r\n\\par \\f2\\fs24 x");
 }
 
 /// Where two formats differ in what is not written, a second reading sees one.
@@ -334,8 +365,8 @@ TEST(RichTextBox, ReadsTables) {
              "c\\cell\\row\r\n\\pard "},
       {"formatting runs on across cells and rows",
        Document(two + "\\intbl\\b a\\cell b\\cell\\row\\intbl c\\b0\\cell d\\cell\\row"),
-       two +
-           "\\pard\\intbl\\b\\f0\\fs24 a\\cell b\\cell\\row\r\n\\intbl c\\b0\\cell d\\cell\\row\r\n\\pard "},
+       two + "\\pard\\intbl\\b\\f0\\fs24 a\\cell b\\b0\\cell\\row\r\n\\intbl\\b c\\cell\\b0 "
+             "d\\cell\\row\r\n\\pard "},
       {"paragraphs of a cell are lines", Document(two + "\\intbl a\\par b\\cell c\\cell\\row\\pard"),
        two + "\\pard\\intbl\\f0\\fs24 a\\line b\\cell c\\cell\\row\r\n\\pard "},
       {"a row without its end", Document(two + "\\intbl a\\cell b\\cell\\pard c\\par"),

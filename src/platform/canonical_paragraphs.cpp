@@ -5,7 +5,7 @@
 namespace quillary::platform::rtf {
 namespace {
 
-// The page indents a paragraph by its left indent only where "\\li" stands
+// The page indents a paragraph by its left indent only where "\li" stands
 // first; the rules for lists know the other order.
 void AppendIndents(Text& words, const ParagraphFormat& format, bool is_item) {
   const auto add = [&](TextView word, std::int32_t measure) {

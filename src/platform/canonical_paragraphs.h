@@ -15,12 +15,12 @@ void AppendNumber(Text& words, TextView word, std::int32_t number);
 /// or the like and a tab that its author typed.
 bool IsTypedItem(const Document& document, std::size_t begin, std::size_t end);
 
-/// The words of a paragraph format, which stand behind "\\pard" and the list.
+/// The words of a paragraph format, which stand behind "\pard" and the list.
 Text ParagraphWords(const Document& document, const ParagraphFormat& format, bool is_item);
 
 /// For each paragraph whether its format is written otherwise than that of the
-/// paragraph before, so that it needs a "\\pard". Formats also differ in what
-/// is not written: a "\\pard" for that would be gone when the text is read
+/// paragraph before, so that it needs a "\pard". Formats also differ in what
+/// is not written: a "\pard" for that would be gone when the text is read
 /// again. Asks the tables for the numbers of bullet fonts only.
 std::vector<bool> FindFormatChanges(const Document& document, const CanonicalTables& tables);
 

@@ -59,7 +59,6 @@ class Writer {
   void WriteLabel(const ListFormat& list, const Paragraph& paragraph, bool with_list);
   void WriteAffix(TextView word, const Text& affix);
   bool LosesOpeningMark(std::size_t index, const Text& character_words) const;
-  void WriteRowDefinition(std::uint32_t row);
 
   const Document& document_;
   CanonicalTables tables_;
@@ -70,8 +69,6 @@ class Writer {
   std::size_t begin_ = 0;  // of the paragraph
   bool item_start_ = false;
   std::uint32_t last_list_ = 0;
-  std::uint32_t last_row_ = 0;
-  std::size_t repeated_ = 0;  // units of row definitions
 };
 
 WrittenFormat Writer::Written(std::uint32_t id) const {
@@ -139,8 +136,9 @@ Text Writer::Write() {
 }
 
 /// A paragraph in the format of the one before says nothing of it. Its
-/// character words stand in front of a bullet or a row; behind "\pard" they
-/// stand last.
+/// character words stand in front of a bullet; behind "\pard" and in a row
+/// they stand last. A row says its definition only where that is new: the page
+/// drops words in front of a repeated one, and text behind it.
 void Writer::WriteParagraphStart(std::size_t index) {
   const Paragraph& paragraph = document_.paragraphs[index];
   const ParagraphFormat& format = document_.formats[paragraph.format];
@@ -149,16 +147,15 @@ void Writer::WriteParagraphStart(std::size_t index) {
   const WrittenFormat first = Written(document_.runs[run_].format);
   const Text character_words = ChangeWords(first);
   if (tables_.FormatChanges(index)) {
-    if (format.row != 0) WriteRowDefinition(format.row);
+    if (format.row != 0) output_.Words(document_.rows[format.row]);
     output_.Words(u"\\pard");
     if (format.list != 0) WriteLabel(list, paragraph, true);
     const bool is_item = format.list != 0 || IsTypedItem(document_, begin_, paragraph.end);
     AddWords(ParagraphWords(document_, format, is_item));
     AddWords(character_words);
   } else {
-    AddWords(character_words);
-    if (format.row != 0 && !character_words.empty()) WriteRowDefinition(format.row);
     if (format.row != 0) output_.Words(u"\\intbl");
+    AddWords(character_words);
     if (format.list != 0) WriteLabel(list, paragraph, false);
   }
   if (LosesOpeningMark(index, character_words)) output_.SettleBlank();
@@ -176,21 +173,8 @@ bool Writer::LosesOpeningMark(std::size_t index, const Text& character_words) co
   const char16_t mark = document_.text[begin_];
   const bool changes = tables_.FormatChanges(index);
   if (format.row == 0) return changes && mark == marks::kLine;
-  if (mark != marks::kCell && mark != marks::kTab && mark != marks::kLine) return false;
-  if (!character_words.empty()) return true;
-  return changes && (mark != marks::kCell || ParagraphWords(document_, format, false) != u"\\intbl");
-}
-
-void Writer::WriteRowDefinition(std::uint32_t row) {
-  // A definition may be long and its rows short, so there is a limit to repeating it.
-  constexpr std::size_t kFree = 65536;
-  const Text& words = document_.rows[row];
-  if (row == last_row_) {
-    repeated_ += words.size();
-    if (repeated_ > kFree + 4 * document_.text.size()) return;
-  }
-  output_.Words(words);
-  last_row_ = row;
+  const bool is_opening = mark == marks::kCell || mark == marks::kTab || mark == marks::kLine;
+  return is_opening && (changes || !character_words.empty());
 }
 
 void Writer::WriteLabel(const ListFormat& list, const Paragraph& paragraph, bool with_list) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/document_marks.h"
+
 namespace quillary::platform::rtf {
 
 void DocumentBuilder::UseFormat(std::uint32_t format) {
@@ -152,6 +154,7 @@ void DocumentBuilder::Finish(const ParagraphEnd& paragraph, std::uint32_t format
     last.in_table = false;
     EndParagraph(last, document_.runs.empty() ? format : LastFormat());
   }
+  SettleMarks(document_);
 }
 
 }  // namespace quillary::platform::rtf

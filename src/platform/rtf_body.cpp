@@ -62,7 +62,8 @@ std::uint32_t Reader::FormatId() {
 }
 
 /// The format of a mark that nobody sees. Word processors give their marks
-/// fonts, sizes and languages of their own; a change of them is noise. What
+/// fonts, sizes, colours and languages of their own; a change of them is noise,
+/// and one of colour costs the cell behind it its font on the page. What
 /// ends with the text in front of the mark ends there, though.
 std::uint32_t Reader::MarkFormatId() {
   const std::uint32_t own = FormatId();
@@ -70,7 +71,6 @@ std::uint32_t Reader::MarkFormatId() {
   const CharacterFormat& mark = document_.characters[own];
   CharacterFormat format = document_.characters[document_.runs.back().format];
   format.effects &= mark.effects;
-  if (mark.colour == 0) format.colour = 0;
   if (mark.highlight == 0) format.highlight = 0;
   if (mark.rise == 0) format.rise = 0;
   return document_.characters.Id(format);
