@@ -1,6 +1,5 @@
 #include "platform/document_marks.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -9,8 +8,10 @@
 namespace quillary::platform::rtf {
 namespace {
 
-constexpr char16_t kEnds[] = {marks::kCell, marks::kRow, marks::kParagraph, u'\0'};
-
+bool EndsCellOrParagraph(char16_t unit) {
+  return unit <= marks::kParagraph &&
+         (unit == marks::kCell || unit == marks::kRow || unit == marks::kParagraph);
+}
 bool IsMark(char16_t unit) { return unit == marks::kParagraph || unit == marks::kCell; }
 
 constexpr unsigned kCarried = kBold | kItalic | kUnderline;
@@ -81,7 +82,8 @@ void CarryEffectsOverCells(Document& document) {
     const std::uint32_t own = runs[index].format;
     const std::size_t end = index + 1 < runs.size() ? runs[index + 1].begin : document.text.size();
     for (std::size_t at = runs[index].begin; at < end; ++at) {
-      const std::size_t mark = std::min(end, document.text.find_first_of(kEnds, at));
+      std::size_t mark = at;
+      while (mark < end && !EndsCellOrParagraph(document.text[mark])) ++mark;
       if (mark > at) {
         carried.AddText(document.characters[own].effects);
         add(at, own);
@@ -90,9 +92,14 @@ void CarryEffectsOverCells(Document& document) {
       const std::size_t next = mark + (document.text[mark] == marks::kCell ? 2 : 1);
       while (behind + 1 < runs.size() && runs[behind + 1].begin <= next) ++behind;
       CharacterFormat format = document.characters[own];
-      format.effects =
+      const std::uint16_t effects =
           carried.AddMark(mark, format.effects, document.characters[runs[behind].format].effects);
-      add(mark, document.characters.Id(format));
+      if (effects == format.effects) {
+        add(mark, own);
+      } else {
+        format.effects = effects;
+        add(mark, document.characters.Id(format));
+      }
       at = mark;
     }
   }
