@@ -130,6 +130,19 @@ TEST(RichTextBox, NumbersBulletFontsWithinReachOfTheRules) {
       << "font 2 stays";
 }
 
+TEST(RichTextBox, TakesNoControlCharacterForAMark) {
+  CheckBodies({
+      {"in the label of a cell",
+       Document("\\trowd\\cellx9\\pard\\intbl{\\*\\pn\\pnlvlbody}{\\pntext 1\\'01\\tab}a\\cell\\row\\pard x"),
+       "\\trowd\\cellx9\\pard\\intbl\\f0\\fs24 1 a\\cell\\row\r\n\\pard x"},
+      {"in a level text that is none", Document("{\\*\\pn\\pnlvlbody{\\pntxtb{\\leveltext\\'01}}}\\intbl a"),
+       "\\pard\\f0\\fs24 1 a"},
+      {"in the target of a link",
+       Document("{\\field{\\*\\fldinst HYPERLINK \"http://a\\'07b\"}{\\fldrslt c}}"),
+       "\\pard\\f0\\fs24 c <http://ab>"},
+  });
+}
+
 TEST(RichTextBox, SetsOpeningMarksApart) {
   CheckBodies({
       {"an empty cell behind paragraph words",

@@ -67,7 +67,9 @@ bool Reader::OpenTable(const Token& token) {
     case Keyword::Listtable:
       return open(Destination::ListTable);
     case Keyword::Leveltext:
-      return open(Destination::LevelText);
+      if (Top().destination == Destination::ListTable) return open(Destination::LevelText);
+      SkipGroup();
+      return true;
     case Keyword::Listoverridetable:
       return open(Destination::ListOverrides);
     case Keyword::Label:
@@ -189,7 +191,7 @@ void Reader::EndDestination(const Group& closed) {
       if (outer == Destination::StyleSheet) EndStyle(closed);
       break;
     case Destination::LevelText:
-      if (outer == Destination::ListTable) lists_.SetLevelText(gathered_);
+      lists_.SetLevelText(gathered_);
       break;
     case Destination::Label:
       if (outer != Destination::Label) {

@@ -25,6 +25,13 @@ const std::array<char16_t, 256>& WesternTable() {
   return table;
 }
 
+/// Leaves out what would be a mark in the document's text.
+void AppendShown(Text& text, TextView added) {
+  for (const char16_t unit : added) {
+    if (unit >= u' ') text += unit;
+  }
+}
+
 }  // namespace
 
 Reader::Reader(TextView rtf) : rtf_(rtf), tokens_(rtf), last_close_(rtf.rfind(u'}')) {
@@ -264,15 +271,17 @@ void Reader::ReadDestinationText(TextView text) {
       object_data_.Add(text);
       break;
     case Destination::FieldInstruction:
-      fields_.back().instruction += text;
+      AppendShown(fields_.back().instruction, text);
+      break;
+    case Destination::LevelText:
+      gathered_ += text;
       break;
     case Destination::FontAlternative:
-    case Destination::LevelText:
     case Destination::Label:
     case Destination::NumberBefore:
     case Destination::NumberAfter:
     case Destination::ObjectClass:
-      gathered_ += text;
+      AppendShown(gathered_, text);
       break;
     default:
       break;
