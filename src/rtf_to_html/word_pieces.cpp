@@ -9,6 +9,9 @@ namespace quillary::modQuillary {
 WordPieces::WordPieces(TextView text, TextView start)
     : finder_(start, Compare::IgnoreCase), first_(start[0]), second_(FoldUnit(start[1])) {
   Length(text);
+  std::size_t words = 0;
+  for (std::size_t at = finder_.Next(text, 0); at != Finder::npos; at = finder_.Next(text, at + 1)) ++words;
+  pieces_.reserve(2 * words + 8);  // room to replace each
   pieces_.resize(1);
   InsertCut(0, text, 0);
   std::uint32_t order = 0;
@@ -152,7 +155,7 @@ WordPieces::Id WordPieces::WordFrom(std::size_t& place) {
 
 Text WordPieces::Join() const {
   Text text;
-  text.reserve(size_);
+  text.reserve(size_ + size_ / 4);  // other words are about to be replaced
   for (Id piece = pieces_[0].next; piece != 0; piece = pieces_[piece].next) {
     text.append(pieces_[piece].units, pieces_[piece].size);
   }
