@@ -85,16 +85,28 @@ bool MoveListItem(const RtfToHtmlState& state, Text& body) {
   return end.find(u"<BODY BGCOLOR=") == TextView::npos;
 }
 
-void WriteRun(RtfToHtmlState& state, const Segment& segment, Text& body) {
-  Text& page = state.HtmlOut;
-  if (segment.attributes.empty()) {
-    page.append(segment.opening).append(state.CarriedIndent).append(body).append(segment.closing);
+// Where the body is by far the longest piece, the rest is put around it.
+void AppendRun(Text& page, const Text& front, Text& body, const Text& end) {
+  constexpr std::size_t long_units = 65536;
+  if (body.size() < long_units || body.size() / 4 < page.size() + front.size()) {
+    page.append(front).append(body).append(end);
     return;
   }
-  const bool item_in_front = MoveListItem(state, body);
-  page.append(segment.opening).append(u"<font ").append(segment.attributes).append(u">");
-  if (item_in_front) page.append(u"<li>");
-  page.append(state.CarriedIndent).append(body).append(u"</font>").append(segment.closing);
+  body.insert(0, page.append(front));
+  body.append(end);
+  page = std::move(body);
+}
+
+void WriteRun(RtfToHtmlState& state, const Segment& segment, Text& body) {
+  Text front = segment.opening;
+  Text end;
+  if (!segment.attributes.empty()) {
+    const bool item_in_front = MoveListItem(state, body);
+    front.append(u"<font ").append(segment.attributes).append(u">");
+    if (item_in_front) front.append(u"<li>");
+    end = u"</font>";
+  }
+  AppendRun(state.HtmlOut, front.append(state.CarriedIndent), body, end.append(segment.closing));
 }
 
 // Where the last `name` of the page begins. What was searched before is not
