@@ -209,6 +209,11 @@ Text FontsByTheLetter(const RtfToHtmlState& state, Text body, std::int32_t& curr
       if (state.FontFaces[n].empty()) {
         body =
             ReplaceAll(ReplaceAll(body, find + u" ", u"", ignore_case), find + u"&nbsp;", u"", ignore_case);
+      } else if (WithoutFonts(state)) {
+        for (const TextView behind : {u"&nbsp;", u""}) {
+          body = ReplaceAll(body, find + Text(behind), u"", ignore_case);
+        }
+        body = ReplaceAll(body, find + u" ", u" ", ignore_case);
       } else {
         body = ReplaceAll(body, find + u"&nbsp;&nbsp;&#", tag + u"&#", ignore_case);
         for (const TextView behind : {u"&nbsp;", u" ", u""}) {
@@ -222,24 +227,57 @@ Text FontsByTheLetter(const RtfToHtmlState& state, Text body, std::int32_t& curr
 }
 
 TEST(FontWords, ComeOutAsByTheLetter) {
-  const std::vector<TextView> pieces = {
-      u"\\f", u"\\f1", u"\\F2 ", u"\\f0&nbsp;", u"\\f12", u"\\f3&nbsp;&nbsp;&#", u"\\f03 ", u"1", u"2 ",
-      u"é",   u"\\",   u"<",     u"x",          u" text "};
-  for (const Text& text : RandomTexts(pieces, 4000, 9)) {
-    RtfToHtmlState state;
-    state.FontCount = 12;
-    state.FontFaces.Size(12);
-    for (const int named : {0, 1, 12}) state.FontFaces.Set(named, u"face " + Decimal(named));
-    // A face that holds a font word itself.
-    state.FontFaces.Set(2, u"a\\f1 b");
-    Text none;
-    Segment segment(none);
-    rules::Rewriting body(text);
-    ReplaceFontWords(state, segment, body);
-    std::int32_t current = 0;
-    ASSERT_EQ(Show(FontsByTheLetter(state, text, current)), Show(body.text())) << Show(text);
-    ASSERT_EQ(current, static_cast<std::int16_t>(state.CurrentFontNumber)) << Show(text);
+  const std::vector<TextView> pieces[] = {
+      {u"\\f", u"\\f1", u"\\F2 ", u"\\f0&nbsp;", u"\\f12", u"\\f3&nbsp;&nbsp;&#", u"\\f03 ", u"1", u"2 ",
+       u"é", u"\\", u"<", u"x", u" text "},
+      // Words within words: what goes makes new ones, also ahead of the place.
+      {u"\\f", u"\\f", u"\\f", u"\\", u"F", u"3 ", u"3 ", u"1", u"1 ", u"4&nbsp;", u"12", u"0 ", u"x",
+       u"&nbsp;"}};
+  for (const char16_t* body_only : {u"no", u"yes"}) {
+    for (const std::vector<TextView>& some : pieces) {
+      for (const Text& text : RandomTexts(some, 4000, 14)) {
+        RtfToHtmlState state;
+        state.BodyOnly = body_only;
+        state.FontCount = 12;
+        state.FontFaces.Size(12);
+        for (const int named : {0, 1, 12}) state.FontFaces.Set(named, u"face " + Decimal(named));
+        // A face that holds a font word itself.
+        state.FontFaces.Set(2, u"a\\f1 b");
+        Text none;
+        Segment segment(none);
+        rules::Rewriting body(text);
+        ReplaceFontWords(state, segment, body);
+        std::int32_t current = 0;
+        ASSERT_EQ(Show(FontsByTheLetter(state, text, current)), Show(body.text())) << Show(text);
+        ASSERT_EQ(current, static_cast<std::int16_t>(state.CurrentFontNumber)) << Show(text);
+      }
+    }
   }
+}
+
+TEST(FontWords, TakeNoLongerForBeingNested) {
+  RtfToHtmlState state;
+  state.FontCount = 3;
+  state.FontFaces.Size(3);
+  Text nested;
+  for (int i = 0; i < 60000; ++i) nested += u"\\f";
+  for (int i = 0; i < 60000; ++i) nested += u"3 ";
+  Text none;
+  Segment segment(none);
+  rules::Rewriting body(nested);
+  ReplaceFontWords(state, segment, body);
+  // Each round takes a pair away and goes on to the third word, as long as words follow.
+  std::size_t pairs = 60000;
+  for (std::size_t place = 0; place < 2 * pairs; place += 6) --pairs;
+  EXPECT_EQ(4 * pairs, body.text().size());
+}
+
+TEST(CellWidths, TakeNoLongerForBeingMany) {
+  Text widths;
+  for (int twice = 0; twice < 2; ++twice) {
+    for (int i = 0; i < 60000; ++i) widths += u"\\cellx" + Decimal(100000 + i);
+  }
+  EXPECT_EQ(120000 * 7U, MarkCellWidths(widths).size());
 }
 
 // A document of two fonts, two colours and the usual sizes.

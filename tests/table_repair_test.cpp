@@ -10,6 +10,7 @@
 #include "table_repair/empty_cells.h"
 #include "table_repair/repair_tables.h"
 #include "table_repair/span_short_rows.h"
+#include "table_repair/table_rows.h"
 #include "table_repair/table_tags.h"
 
 namespace quillary::RepairHTMLTable {
@@ -174,6 +175,61 @@ TEST(BalanceTableTags, AgreesWithItsSlowTwin) {
 
 // A row that misses its end is raised again with its place in the table, and
 // leaves the page to the caller as it was.
+Text Visible(TextView cell, bool only_in_front) {
+  Text taken;
+  Text in_front;
+  bool in_tag = false;
+  for (const char16_t unit : cell) {
+    const bool bracket = unit == u'<' || unit == u'>';
+    if (bracket) in_tag = unit == u'<';
+    if (!bracket && !in_tag && unit >= 32) taken += unit;
+    if (taken.empty()) in_front += unit;
+  }
+  return only_in_front ? in_front : taken;
+}
+
+// Cell by cell, each replaced in its whole row.
+Text SlowCopyFirstCellFormat(const Text& table) {
+  Text format;
+  bool stopped = false;
+  Text result = table;
+  Attempt([&] {
+    const Text changed = RewriteRows(table, limits::working_units, [&](const TableRow& row, Text& output) {
+      if (format.empty() && row.cells.size() > 1) {
+        format = Visible(Trim(row.Between(row.cells[0], row.cells[1])), true);
+        stopped = stopped || format.empty();
+      }
+      Text text(row.text);
+      for (std::size_t i = 0; i + 1 < row.cells.size(); i += 2) {
+        const TableTag& open = row.cells[i];
+        const TableTag& close = row.cells[i + 1];
+        const Text cell = Mid(table, open.StartPos, close.EndPos - open.StartPos + 1);
+        const Text with = Mid(table, open.StartPos, open.EndPos - open.StartPos + 1) + format +
+                          Visible(row.Between(open, close), false) +
+                          Mid(table, close.StartPos, close.EndPos - close.StartPos + 1);
+        ReplaceIn(text, cell, with);
+      }
+      output += text;
+    });
+    if (!stopped) result = changed;
+  });
+  return result;
+}
+
+TEST(CopyFirstCellFormat, AgreesWithItsSlowTwin) {
+  constexpr TextView pieces[] = {
+      u"<td>", u"<td><b>a</td>", u"<td>a</td>", u"<td><b></td>", u"</td>", u"<tr>", u"</tr>", u"<b>", u"a",
+      u"<",    u"</TD>",         u"<TD x>",     u"</tr><tr>",    u"d>",    u"\r"};
+  std::mt19937 random(7);
+  for (int i = 0; i < 20000; ++i) {
+    Text table = random() % 2 == 0 ? u"<table><tr><td><b>a</td>" : u"<table><tr>";
+    for (auto count = random() % 9; count > 0; --count) table += pieces[random() % std::size(pieces)];
+    table += u"</tr></table>";
+    ASSERT_EQ(SlowCopyFirstCellFormat(table), CopyFirstCellFormat(table))
+        << std::string(table.begin(), table.end());
+  }
+}
+
 TEST(SpanShortRows, TellsWhereARowHasNoEnd) {
   const Text table = u"<table><tr><td>1</td></tr><tr><td>2</td></table>";
   try {

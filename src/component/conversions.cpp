@@ -52,7 +52,8 @@ Text MendHighlight(Text page) { return rules::RunOver(chains::XhtmlHighlights, s
 
 Text TidiedResult(Apartment& apartment, const Properties& properties) {
   Text result = TidyOutput(apartment, properties);
-  return CleaningOf(properties) == Cleaning::Xhtml ? MendHighlight(std::move(result)) : result;
+  if (CleaningOf(properties) == Cleaning::Xhtml) result = MendHighlight(std::move(result));
+  return result;
 }
 
 }  // namespace

@@ -5,10 +5,13 @@
 
 namespace quillary::html_finishing {
 
+namespace {
+constexpr TextView list_start = u"<ul><li>";
+}
+
 void FinishEntitiesAndLists(rules::Rewriting& page) { rules::Run(chains::FinishEntitiesAndLists, page); }
 
 Text CollapseFirstList(Text html) {
-  constexpr TextView list_start = u"<ul><li>";
   constexpr TextView list_end = u"</li></ul>";
   const std::size_t start = html.find(list_start);
   if (start == Text::npos) return html;
@@ -20,6 +23,10 @@ Text CollapseFirstList(Text html) {
   if (items < 2) return html;
   if (ReplaceIn(block, u"<br>", u"", Compare::Binary, items - 1)) html.replace(start, length, block);
   return html;
+}
+
+void CollapseFirstList(rules::Rewriting& page) {
+  if (page.Holds(list_start, Compare::Binary)) page.Assign(CollapseFirstList(page.Take()));
 }
 
 }  // namespace quillary::html_finishing

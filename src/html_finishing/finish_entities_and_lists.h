@@ -12,5 +12,6 @@ void FinishEntitiesAndLists(rules::Rewriting& page);
 
 /// Takes out of the first list as many breaks as it has items but one.
 Text CollapseFirstList(Text html);
+void CollapseFirstList(rules::Rewriting& page);
 
 }  // namespace quillary::html_finishing

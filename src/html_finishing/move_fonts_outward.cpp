@@ -2,6 +2,7 @@
 // font of the document and each size, in that order. What is looked for is in
 // the page or it is not: the cost follows the font tags of the page, not the
 // fonts times the sizes.
+#include <algorithm>
 #include <array>
 #include <string>
 #include <unordered_map>
@@ -11,6 +12,7 @@
 #include "html_finishing/faces_in_turn.h"
 #include "html_finishing/page_pieces.h"
 #include "rules/rewriting.h"
+#include "text/search.h"
 
 namespace quillary::html_finishing {
 namespace {
@@ -201,6 +203,20 @@ class FontMoves {
   std::uint64_t changes_ = 1;
 };
 
+// Whether any font tag stands behind something that it could be moved in front
+// of, or that is mended along with it.
+bool MayMove(TextView page) {
+  static constexpr TextView in_front[] = {u"<b>", u"<u>", u"<i>", u"<strike>", u"</ul>", kBullet, kBody};
+  const Finder starts(kFaceStart, Compare::Binary);
+  for (std::size_t at = starts.Next(page, 0); at != Finder::npos; at = starts.Next(page, at + 1)) {
+    const TextView before = page.substr(0, at);
+    if (!std::ranges::any_of(in_front, [&](TextView tag) { return before.ends_with(tag); })) continue;
+    const std::size_t end = page.find_first_of(u"<>", at + 1);
+    if (end != TextView::npos && page.substr(0, end + 1).ends_with(kTagEnd)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 void MoveFontsOutward(rules::Rewriting& text) {
@@ -210,6 +226,10 @@ void MoveFontsOutward(rules::Rewriting& text) {
     if (HasBrackets(*face)) {
       MoveByLiteral(text, *face);
       ++face;
+      continue;
+    }
+    if (!MayMove(text.text())) {
+      while (face != faces.end() && !HasBrackets(*face)) ++face;
       continue;
     }
     FontMoves moves(text.text());

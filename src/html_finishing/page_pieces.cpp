@@ -1,8 +1,14 @@
 #include "html_finishing/page_pieces.h"
 
+#include <algorithm>
+
 namespace quillary::html_finishing {
 
-PagePieces::PagePieces(TextView page) : pieces_(1) {
+PagePieces::PagePieces(TextView page) {
+  const auto brackets =
+      std::ranges::count_if(page, [](char16_t unit) { return unit == u'<' || unit == u'>'; });
+  pieces_.reserve(static_cast<std::size_t>(brackets) + 2);
+  pieces_.resize(1);
   std::size_t start = 0;
   while (start < page.size()) {
     std::size_t end = page.find_first_of(u"<>", page[start] == u'<' ? start + 1 : start);

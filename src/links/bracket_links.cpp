@@ -20,11 +20,10 @@ Text AnchorOf(TextView link, TextView prefix) {
   return Text(u"<a href=\"").append(scheme).append(link).append(u"\">").append(link).append(u"</a>");
 }
 
-}  // namespace
-
-void ScanBracketLinks(RtfToHtmlState& state, TextView copy) {
+void Scan(RtfToHtmlState& state, Text& text) {
   state.FoundLinks.Size(found_capacity);
-  PageText page(copy);
+  PageInPlace in_place(text);
+  PageText& page = in_place.text();
   LinkStretches stretches(state, page);
   std::int32_t count = 1;
   while (stretches.Next(false, longest_link)) {
@@ -47,7 +46,16 @@ void ScanBracketLinks(RtfToHtmlState& state, TextView copy) {
     if (stretches.start() > page.Size() - 2) break;
   }
   state.FoundLinks.Set(count, u"");
-  state.HtmlOut = page.Take();
 }
+
+}  // namespace
+
+void ScanBracketLinks(RtfToHtmlState& state, TextView copy) {
+  Text page(copy);
+  Scan(state, page);
+  state.HtmlOut = std::move(page);
+}
+
+void ScanBracketLinks(RtfToHtmlState& state) { Scan(state, state.HtmlOut); }
 
 }  // namespace quillary::links

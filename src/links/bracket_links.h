@@ -9,5 +9,7 @@ namespace quillary::links {
 /// `copy` is a copy of HtmlOut, which gets the page with its links; FoundLinks
 /// gets the links. Throws as ScanLinks.
 void ScanBracketLinks(RtfToHtmlState& state, TextView copy);
+/// The same on HtmlOut itself.
+void ScanBracketLinks(RtfToHtmlState& state);
 
 }  // namespace quillary::links

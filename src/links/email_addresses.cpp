@@ -202,21 +202,26 @@ bool EmailScan::LinkAddress() {
   return true;
 }
 
+void Scan(RtfToHtmlState& state, Text& text) {
+  state.FoundEmails.Size(found_capacity);
+  const std::int32_t at = FindText(1, text, u"@");
+  std::int32_t next_entry = 1;
+  if (at > 0) {
+    PageInPlace page(text);
+    next_entry = EmailScan(state, page.text()).Run(at);
+  }
+  state.FoundEmails.Set(next_entry, u"");
+}
+
 }  // namespace
 
 void ScanEmailAddresses(RtfToHtmlState& state, TextView copy) {
-  state.FoundEmails.Size(found_capacity);
-  const std::int32_t at = FindText(1, copy, u"@");
-  std::int32_t next_entry = 1;
-  Text html(copy);
-  if (at > 0) {
-    PageText page(copy);
-    next_entry = EmailScan(state, page).Run(at);
-    html = page.Take();
-  }
-  state.FoundEmails.Set(next_entry, u"");
-  state.HtmlOut = std::move(html);
+  Text page(copy);
+  Scan(state, page);
+  state.HtmlOut = std::move(page);
 }
+
+void ScanEmailAddresses(RtfToHtmlState& state) { Scan(state, state.HtmlOut); }
 
 Text ExtractEmailAddress(TextView stretch) {
   const Piece place = FindAddress(stretch);

@@ -9,6 +9,8 @@ namespace quillary::links {
 /// FoundEmails gets the addresses. Throws Failure (subscript) if the page holds
 /// an at sign and the delimiters were never loaded; HtmlOut is then as it was.
 void ScanEmailAddresses(RtfToHtmlState& state, TextView copy);
+/// The same on HtmlOut itself.
+void ScanEmailAddresses(RtfToHtmlState& state);
 
 /// The address in a stretch of text around one at sign, or an empty text.
 Text ExtractEmailAddress(TextView stretch);

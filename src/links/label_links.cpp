@@ -11,6 +11,8 @@ namespace quillary::links {
 namespace {
 
 constexpr TextView underline = u"<u>";
+constexpr TextView anchor_end = u"</a>&gt;</u>";
+constexpr TextView link_end = u"&gt;</u><font COLOR=\"#000000\">";
 constexpr TextView blue = u"<font COLOR=\"#0000ff\">";
 
 /// An underlined run in front of a marker: "<u>", fonts, label and, from the
@@ -83,14 +85,13 @@ bool MoveLabelIntoAnchor(Text& page, std::size_t end, const Run& run, TextView h
 }  // namespace
 
 Text RepairLabelAnchors(TextView html) {
-  constexpr TextView run_end = u"</a>&gt;</u>";
   Text page(html);
-  const Finder ends(run_end, Compare::IgnoreCase);
+  const Finder ends(anchor_end, Compare::IgnoreCase);
   std::size_t from = 0;
   for (int repair = 0; repair < most_repairs; ++repair) {
     const std::size_t hit = ends.Next(page, from);
     if (hit == Finder::npos) break;
-    const std::size_t end = hit + run_end.size();
+    const std::size_t end = hit + anchor_end.size();
     Run run;
     if (!ReadRun(page, end, u"&lt;<a ", 12, true, run)) return page;
     RemoveEach(run.label, {u" &lt;", u"&lt;", u"&lt", u"&l"});
@@ -107,9 +108,8 @@ Text RepairLabelAnchors(TextView html) {
 }
 
 Text RepairLabelLinks(TextView html) {
-  constexpr TextView marker = u"&gt;</u><font COLOR=\"#000000\">";
   Text page(html);
-  const Finder markers(marker, Compare::IgnoreCase);
+  const Finder markers(link_end, Compare::IgnoreCase);
   std::size_t from = 0;
   for (int repair = 0; repair < most_repairs; ++repair) {
     const std::size_t hit = markers.Next(page, from);
@@ -130,6 +130,17 @@ Text RepairLabelLinks(TextView html) {
     from = std::min(run.begin, places.first);
   }
   return page;
+}
+
+void RepairLabelAnchors(rules::Rewriting& page) {
+  const auto held = [&](TextView ending) { return page.Holds(ending, Compare::Binary); };
+  if (page.Holds(anchor_end, Compare::IgnoreCase) || std::ranges::any_of(picture_endings, held)) {
+    page.Assign(RepairLabelAnchors(page.text()));
+  }
+}
+
+void RepairLabelLinks(rules::Rewriting& page) {
+  if (page.Holds(link_end, Compare::IgnoreCase)) page.Assign(RepairLabelLinks(page.text()));
 }
 
 }  // namespace quillary::links

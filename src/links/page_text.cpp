@@ -14,12 +14,7 @@ constexpr std::size_t least_gap = 4096;
 
 }  // namespace
 
-PageText::PageText(TextView text) : gap_end_(least_gap + text.size() / 4) {
-  buffer_.reserve(gap_end_ + text.size());
-  buffer_.assign(gap_end_, u'\0');
-  buffer_.append(text);
-  Size();
-}
+PageText::PageText(Text text) : buffer_(std::move(text)) { Size(); }
 
 std::int32_t PageText::Size() const { return Length(TextView(buffer_).substr(gap_end_ - gap_begin_)); }
 
@@ -75,6 +70,10 @@ Text PageText::Take() {
 }
 
 void PageText::MoveGap(std::size_t offset) {
+  if (gap_begin_ == gap_end_) {
+    gap_begin_ = gap_end_ = std::min(offset, buffer_.size());
+    return;
+  }
   const auto at = [this](std::size_t place) { return buffer_.begin() + static_cast<std::ptrdiff_t>(place); };
   if (offset < gap_begin_) {
     const std::size_t units = gap_begin_ - offset;
@@ -92,7 +91,7 @@ void PageText::MoveGap(std::size_t offset) {
 void PageText::Widen(std::size_t units) {
   const std::size_t size = buffer_.size() - (gap_end_ - gap_begin_);
   if (size + units > limits::working_units) throw LimitReached(LimitReached::Limit::Growth);
-  const std::size_t more = units + least_gap + size / 4;
+  const std::size_t more = units + least_gap + size / 8;
   buffer_.insert(gap_end_, more, u'\0');
   gap_end_ += more;
 }

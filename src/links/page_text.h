@@ -3,13 +3,15 @@
 // thousand changes cost no more than one copy of the page.
 #pragma once
 
+#include <utility>
+
 #include "text/text.h"
 
 namespace quillary::links {
 
 class PageText {
  public:
-  explicit PageText(TextView text);
+  explicit PageText(Text text);
 
   std::int32_t Size() const;
   /// The unit at a 1-based position that lies inside the page.
@@ -37,6 +39,22 @@ class PageText {
   Text buffer_;  // the units before the gap, the gap, the units behind it
   std::size_t gap_begin_ = 0;
   std::size_t gap_end_ = 0;
+};
+
+/// A page that is edited in its own place: as it then is, it is back at the
+/// end, come what may.
+class PageInPlace {
+ public:
+  explicit PageInPlace(Text& page) : page_(page), text_(std::move(page)) {}
+  PageInPlace(const PageInPlace&) = delete;
+  PageInPlace& operator=(const PageInPlace&) = delete;
+  ~PageInPlace() { page_ = text_.Take(); }
+
+  PageText& text() { return text_; }
+
+ private:
+  Text& page_;
+  PageText text_;
 };
 
 }  // namespace quillary::links

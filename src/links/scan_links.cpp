@@ -47,7 +47,7 @@ bool IsPicture(TextView link) {
 
 class LinkScan {
  public:
-  LinkScan(RtfToHtmlState& state, TextView copy) : state_(state), page_(copy), stretches_(state, page_) {
+  LinkScan(RtfToHtmlState& state, PageText& page) : state_(state), page_(page), stretches_(state, page) {
     const std::int32_t last = state.LinkDelimiters.upper() - delimiters_of_addresses_only;
     bool blank_ends_links = false;
     for (std::int32_t i = 1; i <= last; ++i) blank_ends_links |= state.LinkDelimiters[i] == u" ";
@@ -67,7 +67,6 @@ class LinkScan {
       if (stretches_.start() > page_.Size() - 4) break;
     }
     state_.FoundLinks.Set(count_, u"");
-    state_.HtmlOut = page_.Take();
   }
 
  private:
@@ -79,7 +78,7 @@ class LinkScan {
   void Put(std::int32_t start, std::size_t count, TextView with);
 
   RtfToHtmlState& state_;
-  PageText page_;
+  PageText& page_;
   LinkStretches stretches_;
   std::int32_t count_ = 1;
   Text label_;
@@ -171,11 +170,20 @@ void LinkScan::Put(std::int32_t start, std::size_t count, TextView with) {
   page_.Replace(start, static_cast<std::int32_t>(count), with);
 }
 
+void Scan(RtfToHtmlState& state, Text& text) {
+  state.FoundLinks.Size(found_capacity);
+  PageInPlace page(text);
+  LinkScan(state, page.text()).Run();
+}
+
 }  // namespace
 
 void ScanLinks(RtfToHtmlState& state, TextView copy) {
-  state.FoundLinks.Size(found_capacity);
-  LinkScan(state, copy).Run();
+  Text page(copy);
+  Scan(state, page);
+  state.HtmlOut = std::move(page);
 }
+
+void ScanLinks(RtfToHtmlState& state) { Scan(state, state.HtmlOut); }
 
 }  // namespace quillary::links

@@ -11,5 +11,7 @@ namespace quillary::links {
 /// delimiters were never loaded, argument for an empty page. HtmlOut is then
 /// as it was.
 void ScanLinks(RtfToHtmlState& state, TextView copy);
+/// The same on HtmlOut itself.
+void ScanLinks(RtfToHtmlState& state);
 
 }  // namespace quillary::links

@@ -33,8 +33,11 @@ class Writer {
     if (tables_.StartsInFontZero()) format_.font = 0;
     format_.language = document.language;
     constexpr std::size_t kUnitsOfChange = 8;
-    output_.Reserve(document.text.size() +
-                    kUnitsOfChange * (document.runs.size() + document.paragraphs.size() + kUnitsOfChange));
+    const std::size_t least =
+        document.text.size() +
+        kUnitsOfChange * (document.runs.size() + document.paragraphs.size() + kUnitsOfChange);
+    // A canonical document comes back as long as it was; others rarely grow.
+    output_.Reserve(std::max(least, std::min(document.source_units, 4 * least)));
   }
 
   Text Write();

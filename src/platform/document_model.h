@@ -192,6 +192,7 @@ struct Document {
   bool right_to_left = false;  // \fbidis: every paragraph says its direction
   bool states_code_page = true;
   std::int32_t language = 1033;
+  std::size_t source_units = 0;  // length of the RTF that was read, 0 if it was none
 
   /// Ids of values, the same one for equal values.
   std::uint32_t TabsId(const std::vector<TabStop>& stops);

@@ -37,6 +37,7 @@ void AppendShown(Text& text, TextView added) {
 Reader::Reader(TextView rtf) : rtf_(rtf), tokens_(rtf), last_close_(rtf.rfind(u'}')) {
   document_.text.reserve(std::min(rtf.size(), kMostReserved));
   document_.states_code_page = false;
+  document_.source_units = rtf.size();
   groups_.emplace_back();
 }
 

@@ -173,8 +173,8 @@ void RecogniseLinks(Sequence& sequence, Apartment& apartment, TextView mode) {
   if (mode.empty() || Folded(mode, u"yes")) {
     sequence.Step("LoadLinkPrefixes", [&] { links::LoadLinkPrefixes(state); });
     sequence.Step("LoadLinkDelimiters", [&] { links::LoadLinkDelimiters(state); });
-    sequence.Step("ScanLinks", [&] { links::ScanLinks(state, Text(state.HtmlOut)); });
-    sequence.Step("ScanEmailAddresses", [&] { links::ScanEmailAddresses(state, Text(state.HtmlOut)); });
+    sequence.Step("ScanLinks", [&] { links::ScanLinks(state); });
+    sequence.Step("ScanEmailAddresses", [&] { links::ScanEmailAddresses(state); });
     sequence.Step("RestoreAtSigns", [&] { ReplaceIn(state.HtmlOut, sentinels::at_sign, u"@"); });
     apartment.stopped_short.links = FoundAllThatFit(state.FoundLinks) || FoundAllThatFit(state.FoundEmails);
     return;
@@ -182,7 +182,7 @@ void RecogniseLinks(Sequence& sequence, Apartment& apartment, TextView mode) {
   sequence.Step("LoadBracketPrefixes", [&] { links::LoadBracketPrefixes(state); });
   sequence.Step("LoadBracketDelimiters", [&] { links::LoadBracketDelimiters(state); });
   for (int scan = 0; scan < 2; ++scan) {
-    sequence.Step("ScanBracketLinks", [&] { links::ScanBracketLinks(state, Text(state.HtmlOut)); });
+    sequence.Step("ScanBracketLinks", [&] { links::ScanBracketLinks(state); });
   }
   apartment.stopped_short.links = FoundAllThatFit(state.FoundLinks);
 }
@@ -206,9 +206,8 @@ void RepairPage(Sequence& assembly, Apartment& apartment, const Text& colour) {
     sequence.Step("DropCellMarks", DropCellMarks);
     sequence.Step("IndentFirstNumbers", IndentFirstNumbers);
     sequence.Step("IndentSecondNumbers", IndentSecondNumbers);
-    sequence.Step("RepairLabelAnchors",
-                  [](Page& page) { page.Assign(links::RepairLabelAnchors(page.text())); });
-    sequence.Step("RepairLabelLinks", [](Page& page) { page.Assign(links::RepairLabelLinks(page.text())); });
+    sequence.Step("RepairLabelAnchors", [](Page& page) { links::RepairLabelAnchors(page); });
+    sequence.Step("RepairLabelLinks", [](Page& page) { links::RepairLabelLinks(page); });
     sequence.Step("SupplyDefaultFont", [&](Page& page) { SupplyDefaultFont(page, colour); });
     sequence.Step("MendSymbolBullets", MendSymbolBullets);
     sequence.Step("ShortenBulletIndents", ShortenBulletIndents);
@@ -225,8 +224,7 @@ void RepairPage(Sequence& assembly, Apartment& apartment, const Text& colour) {
   sequence.Step("DropCellWidths", DropCellWidths);
   sequence.Step("DropFirstCellWidth", DropFirstCellWidth);
   sequence.Step("FinishEntitiesAndLists", html_finishing::FinishEntitiesAndLists);
-  sequence.Step("CollapseFirstList",
-                [](Page& page) { page.Assign(html_finishing::CollapseFirstList(page.text())); });
+  sequence.Step("CollapseFirstList", [](Page& page) { html_finishing::CollapseFirstList(page); });
   sequence.Step("MergeAdjoiningFonts", MergeAdjoiningFonts);
   sequence.Step("DropEmptyCellForms", DropEmptyCellForms);
   sequence.Step("TidyDocumentEnd", TidyDocumentEnd);
@@ -273,7 +271,9 @@ Text ConvertToHtml(Apartment& apartment, ConversionTexts texts) {
   });
   sequence.Step("WriteBodyTag", [&] { state.HtmlOut += BodyTag(texts.colour); });
   sequence.Step("RewriteRtf", [&] {
-    Text rewritten = texts.source;
+    Text rewritten;
+    rewritten.reserve(texts.source.size() + texts.source.size() / 8);  // it grows
+    rewritten = texts.source;
     RewriteRtf(apartment, rewritten);
   });
 

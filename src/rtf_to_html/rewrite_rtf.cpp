@@ -59,6 +59,7 @@ void RewriteRtf(Apartment& apartment, Text& text) {
     CheckGrowth(apartment, text);
     state.SegmentIndex = 0;
     state.ParagraphOpen = u"no";
+    state.HtmlOut.reserve(state.HtmlOut.size() + text.size() + text.size() / 8);
     SplitSegments(apartment, text, [&](Text& segment) {
       TranslateSegment(apartment, segment);
       CheckGrowth(apartment, state.HtmlOut);

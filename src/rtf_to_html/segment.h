@@ -54,6 +54,9 @@ void ReplaceRemainingWords(RtfToHtmlState& state, Segment& segment, rules::Rewri
 /// The words of size, font, colour and highlight in the body.
 void ReplaceFontWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body);
 
+/// Of these, the font words.
+void ReplaceFaces(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body);
+
 /// Rows and cells in the body.
 void ReplaceTableWords(rules::Rewriting& body);
 

@@ -157,7 +157,9 @@ void SplitAtEscapedBrace(Segment& segment) {
 void CutAtSplit(Segment& segment) {
   const auto split = static_cast<std::size_t>(segment.splitAt);
   if (split > 0) segment.head.assign(segment.segment, 0, split - 1);
-  segment.body = split < segment.segment.size() ? segment.segment.substr(split) : Text();
+  const TextView body = TextView(segment.segment).substr(std::min(split, segment.segment.size()));
+  segment.body.reserve(body.size() + body.size() / 8);  // it grows
+  segment.body = body;
   // The line break of a padded head lies across the cut.
   if (Equal(MidView(segment.body, 1, 3), u"br>", ignore_case)) segment.body.insert(0, 1, u'<');
 }

@@ -1,8 +1,6 @@
-// The words of size, font, colour and highlight that are left in the body.
+// The words of size, colour and highlight that are left in the body.
 // Each is looked at where it stands, but replaced in the whole body at once.
-#include <algorithm>
 #include <map>
-#include <vector>
 
 #include "rtf_to_html/control_words.h"
 #include "rtf_to_html/segment.h"
@@ -13,21 +11,6 @@ namespace {
 
 constexpr Compare ignore_case = Compare::IgnoreCase;
 constexpr TextView blank_entity = u"&nbsp;";
-
-bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
-
-// Cuts a word off where it ends: at a blank if there is one, else at a
-// backslash, else at an ampersand, else at a tag. Returns whether it ends.
-bool CutWord(TextView& word) {
-  for (const char16_t end : {u' ', u'\\', u'&', u'<'}) {
-    const std::size_t at = word.find(end, 2);
-    if (at != TextView::npos) {
-      word = word.substr(0, at);
-      return true;
-    }
-  }
-  return false;
-}
 
 // Hands the places of `word` in the body to `convert`, one after the other,
 // until it returns false. The body may change meanwhile, so there are at most
@@ -52,25 +35,6 @@ void ForEachPlace(rules::Rewriting& body, TextView word, Convert convert) {
   }
 }
 
-// The numbers from 0 to `last`, in rising order, that stand behind `word`
-// somewhere in the text. "12" counts as 1 and as 12.
-std::vector<std::int32_t> NumbersBehind(TextView text, TextView word, std::int32_t last) {
-  std::vector<std::int32_t> numbers;
-  const Finder finder(word, ignore_case);
-  for (std::size_t at = finder.Next(text, 0); at != Finder::npos; at = finder.Next(text, at + 1)) {
-    std::int32_t number = 0;
-    for (std::size_t digit = at + word.size(); digit < text.size() && IsDigit(text[digit]); ++digit) {
-      number = number * 10 + (text[digit] - u'0');
-      if (number > last) break;
-      numbers.push_back(number);
-      if (number == 0) break;  // no number begins with a nought
-    }
-  }
-  std::sort(numbers.begin(), numbers.end());
-  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
-  return numbers;
-}
-
 class FontWords {
  public:
   FontWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body)
@@ -80,20 +44,6 @@ class FontWords {
     tag_.clear();
     settled_.clear();
     ForEachPlace(body_, u"\\fs", [this](TextView word) { return ReplaceSize(word); });
-  }
-
-  void ReplaceFonts() {
-    bool changed = true;
-    ForEachPlace(body_, u"\\f", [&](TextView word) {
-      Text cut(word);
-      // A letter of another alphabet ends the word as a blank does.
-      if (cut.size() > 3 && !IsDigit(cut[3]) && cut[3] >= 128) cut = cut.substr(0, 3) + u" ";
-      TextView end = cut;
-      if (!CutWord(end)) return true;
-      if (changed) changed = ReplaceAllFonts();
-      NoteCurrentFont(end);
-      return true;
-    });
   }
 
   void ReplaceColours() {
@@ -178,61 +128,6 @@ class FontWords {
     return changed;
   }
 
-  // The face of a font; an unknown font has an empty one.
-  TextView Face(std::int32_t number) const {
-    const Text* face = EntryAt(state_.FontFaces, number);
-    return face == nullptr ? TextView() : TextView(*face);
-  }
-
-  // Replaces every font from the last one down. Only numbers that stand in the
-  // body are tried; what a replacement brings may spell further ones, so they
-  // are taken anew behind each. Returns whether anything changed.
-  bool ReplaceAllFonts() {
-    const std::int32_t last = state_.FontCount;
-    for (std::int32_t n = 0; n <= last && !segment_.hadFontWord; ++n) {
-      if (!Face(n).empty()) segment_.hadFontWord = true;
-    }
-    bool changed = false;
-    std::vector<std::int32_t> numbers = NumbersBehind(body_.text(), u"\\f", last);
-    while (!numbers.empty()) {
-      const std::int32_t number = numbers.back();
-      if (ReplaceFont(number)) {
-        changed = true;
-        numbers = NumbersBehind(body_.text(), u"\\f", number - 1);
-      } else {
-        numbers.pop_back();
-      }
-    }
-    return changed;
-  }
-
-  bool ReplaceFont(std::int32_t number) {
-    const Text word = u"\\f" + Decimal(number);
-    const TextView face = Face(number);
-    bool changed = false;
-    if (face.empty()) {
-      changed |= Replace(word + u" ", u"");
-      changed |= Replace(word + Text(blank_entity), u"");
-    } else if (without_fonts_) {
-      changed |= Replace(word + Text(blank_entity), u"");
-      changed |= Replace(word, u"");
-      changed |= Replace(word + u" ", u" ");
-    } else {
-      tag_ = u"<font FACE=\"" + Text(face) + u"\">";
-      changed |= ReplaceForms(word);
-    }
-    return changed;
-  }
-
-  // The fonts are tried downwards, so the lowest one that the word names
-  // stays the current one.
-  void NoteCurrentFont(TextView word) {
-    const std::vector<std::int32_t> numbers = NumbersBehind(word, u"\\f", state_.FontCount);
-    if (numbers.empty()) return;
-    state_.CurrentFontNumber = numbers.front();
-    state_.CurrentFace = Face(numbers.front());
-  }
-
   bool ReplaceColour(TextView word) {
     if (!CutWord(word)) return true;
     const TextView digits = word.substr(3);
@@ -261,7 +156,7 @@ class FontWords {
 void ReplaceFontWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body) {
   FontWords words(state, segment, body);
   words.ReplaceSizes();
-  words.ReplaceFonts();
+  ReplaceFaces(state, segment, body);
   words.ReplaceColours();
   words.ReplaceHighlights();
 }

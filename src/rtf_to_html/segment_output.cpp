@@ -27,19 +27,24 @@ Text ReferencesFor(TextView word) {
 }
 
 // Drops every control word with what stands behind it, up to the next blank,
-// closing brace or tag; Unicode words become references.
+// closing brace or tag; Unicode words become references, which are as long. All
+// stays in its place: what is done with moves up to the front.
 void DropControlWords(Text& body, TextView opening) {
   std::size_t start = body.find(u'\\');
   if (start == Text::npos) return;
   const bool references_ahead = opening.find(u"&#") != TextView::npos;
   const std::size_t last_end = body.find_last_of(u" }");
-  Text done;
+  std::size_t written = 0;
   std::size_t at = 0;
+  std::size_t blanks = 0;  // due in front of the body
+  const auto keep = [&](const char16_t* units, std::size_t count) {
+    if (body.data() + written != units) std::char_traits<char16_t>::move(body.data() + written, units, count);
+    written += count;
+  };
   for (; start != Text::npos; start = body.find(u'\\', at)) {
-    done.append(body, at, start - at);
+    keep(body.data() + at, start - at);
     if (last_end == Text::npos || last_end < start) {
-      body.resize(start);  // all from the word on is lost
-      at = start;
+      at = body.size();  // all from the word on is lost
       break;
     }
     at = body.find_first_of(u" }<", start);
@@ -48,11 +53,12 @@ void DropControlWords(Text& body, TextView opening) {
     if (!IsUnicodeWord(word)) continue;
     const Text references = ReferencesFor(word);
     if (references.empty()) continue;
-    done += references;
-    if (references_ahead && Equal(word.substr(0, 2), u"\\u", Compare::IgnoreCase)) done.insert(0, 1, u' ');
+    blanks += references_ahead && Equal(word.substr(0, 2), u"\\u", Compare::IgnoreCase);
+    keep(references.data(), references.size());
   }
-  done.append(body, at, Text::npos);
-  body = std::move(done);
+  keep(body.data() + at, body.size() - at);
+  body.resize(written);
+  body.insert(0, blanks, u' ');
 }
 
 void FinishBody(const RtfToHtmlState& state, Text& body, TextView opening) {
@@ -79,16 +85,28 @@ bool MoveListItem(const RtfToHtmlState& state, Text& body) {
   return end.find(u"<BODY BGCOLOR=") == TextView::npos;
 }
 
-void WriteRun(RtfToHtmlState& state, const Segment& segment, Text& body) {
-  Text& page = state.HtmlOut;
-  if (segment.attributes.empty()) {
-    page.append(segment.opening).append(state.CarriedIndent).append(body).append(segment.closing);
+// Where the body is by far the longest piece, the rest is put around it.
+void AppendRun(Text& page, const Text& front, Text& body, const Text& end) {
+  constexpr std::size_t long_units = 65536;
+  if (body.size() < long_units || body.size() / 4 < page.size() + front.size()) {
+    page.append(front).append(body).append(end);
     return;
   }
-  const bool item_in_front = MoveListItem(state, body);
-  page.append(segment.opening).append(u"<font ").append(segment.attributes).append(u">");
-  if (item_in_front) page.append(u"<li>");
-  page.append(state.CarriedIndent).append(body).append(u"</font>").append(segment.closing);
+  body.insert(0, page.append(front));
+  body.append(end);
+  page = std::move(body);
+}
+
+void WriteRun(RtfToHtmlState& state, const Segment& segment, Text& body) {
+  Text front = segment.opening;
+  Text end;
+  if (!segment.attributes.empty()) {
+    const bool item_in_front = MoveListItem(state, body);
+    front.append(u"<font ").append(segment.attributes).append(u">");
+    if (item_in_front) front.append(u"<li>");
+    end = u"</font>";
+  }
+  AppendRun(state.HtmlOut, front.append(state.CarriedIndent), body, end.append(segment.closing));
 }
 
 // Where the last `name` of the page begins. What was searched before is not

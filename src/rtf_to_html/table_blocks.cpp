@@ -72,7 +72,7 @@ void TableBlocks::ReplaceFirstEqual(TextView text) {
 
 Text TableBlocks::Page() const {
   Text page;
-  page.reserve(size_);
+  page.reserve(size_ + size_ / 8);  // the stages behind let it grow
   for (const Piece& piece : pieces_) page += piece.text;
   return page;
 }

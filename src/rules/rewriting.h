@@ -41,6 +41,7 @@ class Rewriting {
   /// The text never grows beyond so many units: a replacement that would take
   /// it there throws LimitReached and leaves it as it was.
   void set_limit(std::size_t units) { limit_ = units; }
+  std::size_t limit() const { return limit_; }
   /// Where rules that fire are noted, or null.
   FiringLog* log() const { return log_; }
   void set_log(FiringLog* log) { log_ = log; }

@@ -1,7 +1,12 @@
 #include "table_repair/copy_first_cell_format.h"
 
+#include <algorithm>
+#include <unordered_map>
+#include <vector>
+
 #include "table_repair/table_rows.h"
 #include "text/integer16.h"
+#include "text/search.h"
 
 namespace quillary::RepairHTMLTable {
 namespace {
@@ -42,6 +47,102 @@ TextView OpeningFormat(TextView cell) {
   return cell.substr(0, length);
 }
 
+std::size_t CountTags(TextView text, TextView tag) {
+  const Finder finder(tag, Compare::IgnoreCase);
+  std::size_t count = 0;
+  for (std::size_t at = finder.Next(text, 0); at != Finder::npos; at = finder.Next(text, at + 1)) ++count;
+  return count;
+}
+
+// The formatting of the cells of one row. Every cell is replaced wherever its
+// text stands in the row, be it there from the start or for a replacement.
+class RowFormat {
+ public:
+  RowFormat(TextView table, const TableRow& row, TextView format, std::size_t limit)
+      : row_(row), format_(format), limit_(limit) {
+    for (std::size_t i = 0; i + 1 < row.cells.size(); i += 2) {
+      const TableTag& open = row.cells[i];
+      const TableTag& close = row.cells[i + 1];
+      cells_.push_back(MidView(table, open.StartPos, close.EndPos - open.StartPos + 1));
+    }
+  }
+
+  Text Apply() { return StandsCellByCell() ? CellByCell() : InWholeRow(); }
+
+ private:
+  // Whether the text of a cell can stand nowhere but in place of a cell, because
+  // each has one opening and one closing tag and so has all that is put there.
+  bool StandsCellByCell() const {
+    const std::vector<TableTag>& tags = row_.cells;
+    if (tags.empty() || tags.size() % 2 != 0 || tags[0].StartPos < row_.start) return false;
+    for (std::size_t i = 0; i < tags.size(); ++i) {
+      if (tags[i].Name != (i % 2 == 0 ? u"TD" : u"/TD")) return false;
+    }
+    if (CountTags(row_.text, u"<td") != cells_.size() || CountTags(row_.text, u"</td") != cells_.size())
+      return false;
+    const std::size_t bracket = format_.find_last_of(u"<>");
+    if (bracket != TextView::npos && format_[bracket] == u'<') return false;
+    return CountTags(format_, u"<td") == 0 && CountTags(format_, u"</td") == 0;
+  }
+
+  Text Formatted(std::size_t cell) const {
+    const TableTag& open = row_.cells[2 * cell];
+    const TableTag& close = row_.cells[2 * cell + 1];
+    const TextView text = cells_[cell];
+    Text changed(text.substr(0, static_cast<std::size_t>(open.EndPos - open.StartPos + 1)));
+    changed.append(format_).append(WithoutTags(row_.Between(open, close)));
+    return changed.append(text.substr(static_cast<std::size_t>(close.StartPos - open.StartPos)));
+  }
+
+  void CheckLimit(std::size_t units) const {
+    if (units > limit_) throw LimitReached(LimitReached::Limit::Growth);
+  }
+
+  Text InWholeRow() const {
+    Text text(row_.text);
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+      ReplaceIn(text, cells_[i], Formatted(i));
+      CheckLimit(text.size());
+    }
+    return text;
+  }
+
+  Text CellByCell() const {
+    std::vector<TextView> now = cells_;
+    std::vector<Text> formatted(cells_.size());
+    std::unordered_map<TextView, std::vector<std::size_t>> places;
+    for (std::size_t i = 0; i < cells_.size(); ++i) places[cells_[i]].push_back(i);
+    std::size_t units = row_.text.size();
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+      formatted[i] = Formatted(i);
+      const auto found = places.find(cells_[i]);
+      if (found != places.end() && formatted[i] != cells_[i]) {
+        const std::vector<std::size_t> changed = std::move(found->second);
+        places.erase(found);
+        for (const std::size_t place : changed) now[place] = formatted[i];
+        units = units + changed.size() * formatted[i].size() - changed.size() * cells_[i].size();
+        std::vector<std::size_t>& same = places[formatted[i]];
+        same.insert(same.end(), changed.begin(), changed.end());
+      }
+      CheckLimit(units);
+    }
+    Text text;
+    text.reserve(units);
+    std::size_t from = 0;
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+      const auto at = static_cast<std::size_t>(cells_[i].data() - row_.text.data());
+      text.append(row_.text.substr(from, at - from)).append(now[i]);
+      from = at + cells_[i].size();
+    }
+    return text.append(row_.text.substr(from));
+  }
+
+  const TableRow& row_;
+  TextView format_;
+  std::size_t limit_;
+  std::vector<TextView> cells_;
+};
+
 }  // namespace
 
 Text CopyFirstCellFormat(TextView table, std::size_t limit) {
@@ -55,19 +156,8 @@ Text CopyFirstCellFormat(TextView table, std::size_t limit) {
       stopped = format.empty();
       if (stopped) return;
     }
-    Text text(row.text);
-    for (std::size_t i = 0; i + 1 < cells.size(); i += 2) {
-      const TextView cell = MidView(table, cells[i].StartPos, cells[i + 1].EndPos - cells[i].StartPos + 1);
-      const TextView open = MidView(table, cells[i].StartPos, cells[i].EndPos - cells[i].StartPos + 1);
-      const TextView close = MidView(table, cells[i + 1].StartPos);
-      Text changed(open);
-      changed.append(format).append(WithoutTags(row.Between(cells[i], cells[i + 1])));
-      changed.append(
-          close.substr(0, static_cast<std::size_t>(cells[i + 1].EndPos - cells[i + 1].StartPos + 1)));
-      ReplaceIn(text, cell, changed);
-      if (output.size() + text.size() > limit) throw LimitReached(LimitReached::Limit::Growth);
-    }
-    output += text;
+    const std::size_t room = limit - std::min(limit, output.size());
+    output += RowFormat(table, row, format, room).Apply();
   };
   Text result(table);
   Attempt([&] {

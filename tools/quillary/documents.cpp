@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <system_error>
 
 namespace quillary::command_line {
 namespace {
@@ -20,7 +21,13 @@ std::string ReadDocument(const std::string& name) {
   errno = 0;
   std::ifstream file(name, std::ios::binary);
   if (!file) throw ErrorOf(name);
-  std::string bytes{std::istreambuf_iterator<char>(file), {}};
+  std::string bytes;
+  std::error_code no_size;  // a pipe has none
+  const std::uintmax_t size = std::filesystem::file_size(name, no_size);
+  if (!no_size) bytes.reserve(static_cast<std::size_t>(size));
+  for (char block[1 << 16]; file.read(block, sizeof block), file.gcount() > 0;) {
+    bytes.append(block, static_cast<std::size_t>(file.gcount()));
+  }
   if (file.bad()) throw ErrorOf(name);
   return bytes;
 }
