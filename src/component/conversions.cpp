@@ -39,20 +39,22 @@ void CutBodyTag(Text& page) {
 
 // Pages that come out of a mail program are laid out as the forms they were;
 // documents of one house name a font which pages do not have.
-void LayOutForms(Text& page) {
-  if (modQuillary::IsMailForm(page)) page = modQuillary::MailFormLayout(std::move(page));
-  if (modQuillary::IsCalendarForm(page)) page = modQuillary::CalendarFormLayout(std::move(page));
-  if (modQuillary::IsMemoForm(page)) page = modQuillary::MemoFormLayout(std::move(page));
+void LayOutForms(Apartment& apartment, Text& page) {
+  if (modQuillary::IsMailForm(page)) page = modQuillary::MailFormLayout(std::move(page), &apartment);
+  if (modQuillary::IsCalendarForm(page)) page = modQuillary::CalendarFormLayout(std::move(page), &apartment);
+  if (modQuillary::IsMemoForm(page)) page = modQuillary::MemoFormLayout(std::move(page), &apartment);
   if (!Holds(page, u"ADMISSION HISTORY AND PHYSICAL:", Compare::IgnoreCase)) return;
   ReplaceIn(page, u"font FACE=\"MS Sans Serif\"", u"font FACE=\"Arial\"", Compare::IgnoreCase, 1);
 }
 
 // The cleaner's XHTML opens a highlight behind a font that it has not opened.
-Text MendHighlight(Text page) { return rules::RunOver(chains::XhtmlHighlights, std::move(page)); }
+Text MendHighlight(Apartment& apartment, Text page) {
+  return rules::RunOver(chains::XhtmlHighlights, std::move(page), &apartment);
+}
 
 Text TidiedResult(Apartment& apartment, const Properties& properties) {
   Text result = TidyOutput(apartment, properties);
-  if (CleaningOf(properties) == Cleaning::Xhtml) result = MendHighlight(std::move(result));
+  if (CleaningOf(properties) == Cleaning::Xhtml) result = MendHighlight(apartment, std::move(result));
   return result;
 }
 
@@ -71,7 +73,7 @@ Text TidyOutput(Apartment& apartment, const Properties& properties) {
   if (!cleaner) throw Failure(Failure::Kind::Raised, 0, "HTML cleaner", "There is no HTML cleaner.");
   Text page = cleaning == Cleaning::Xhtml ? cleaner->TidyDLL_ToXHTML(properties.HTML_Text)
                                           : cleaner->TidyDLL_CleanHTML(properties.HTML_Text);
-  html_finishing::LateFinish(page);
+  html_finishing::LateFinish(page, &apartment);
   return page;
 }
 
@@ -81,7 +83,7 @@ Text ConvertRTF(Apartment& apartment, Properties& properties) {
   }
   RoundTripUnlessOff(apartment, properties, properties.RTF_Text);
   properties.HTML_Text = RunDriver(apartment, properties, properties.RTF_Text, u"no");
-  LayOutForms(properties.HTML_Text);
+  LayOutForms(apartment, properties.HTML_Text);
   return TidiedResult(apartment, properties);
 }
 
@@ -107,14 +109,14 @@ Text ConvertNoBody(Apartment& apartment, Properties& properties) {
   properties.HTML_Text = RunDriver(apartment, properties, properties.RTF_Text, u"no");
   Text& page = properties.HTML_Text;
   if (CleaningOf(properties) != Cleaning::None) {
-    page = rules::RunOver(chains::DocumentTypes, TidyOutput(apartment, properties));
+    page = rules::RunOver(chains::DocumentTypes, TidyOutput(apartment, properties), &apartment);
   }
   if (!ReplaceIn(page, u"</body></html>", u"")) {
     // The end tags as the driver writes them are 20 units long.
     page = Left(page, Length(page) - 20) + u"\r\n";
   }
   CutBodyTag(page);
-  return CleaningOf(properties) == Cleaning::Xhtml ? MendHighlight(page) : page;
+  return CleaningOf(properties) == Cleaning::Xhtml ? MendHighlight(apartment, page) : page;
 }
 
 Text ConvertRTFPlain(Apartment& apartment, Properties& properties) {

@@ -1,14 +1,13 @@
 #include "html_finishing/late_finish.h"
 
+#include "apartment/apartment.h"
 #include "html_finishing/late_finish.rules.h"
 #include "rules/run.h"
 
 namespace quillary::html_finishing {
 
-void LateFinish(Text& html) {
-  rules::Rewriting page(std::move(html));
-  rules::Run(chains::LateFinish, page);
-  html = page.Take();
+void LateFinish(Text& html, Apartment* apartment) {
+  html = rules::RunOver(chains::LateFinish, std::move(html), apartment);
 }
 
 }  // namespace quillary::html_finishing

@@ -3,10 +3,15 @@
 
 #include "text/text.h"
 
+namespace quillary {
+struct Apartment;
+}
+
 namespace quillary::html_finishing {
 
 /// Brings wrapped attributes back to their tags and removes the empty shells
-/// that the cleaner leaves.
-void LateFinish(Text& html);
+/// that the cleaner leaves. The apartment, if there is one, notes the rules
+/// that fire.
+void LateFinish(Text& html, Apartment* apartment = nullptr);
 
 }  // namespace quillary::html_finishing

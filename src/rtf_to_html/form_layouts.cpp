@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "apartment/apartment.h"
 #include "rtf_to_html/form_layouts.rules.h"
 #include "rules/rewriting.h"
 #include "rules/run.h"
@@ -17,20 +18,20 @@ constexpr TextView memo_head =
     u"<table BORDER=\"1\" CELLSPACING=\"0\" WIDTH=\"590\" bordercolorlight=\"#000000\" "
     u"bordercolordark=\"#000000\" bordercolor=\"#000000\"><tr>";
 
-Text RunOn(Text page, const rules::Chain& chain) {
-  rules::Rewriting rewriting(std::move(page));
-  rules::Run(chain, rewriting);
-  return rewriting.Take();
-}
-
 }  // namespace
 
 bool IsMailForm(TextView page) { return Holds(page, mail_fonts, Compare::IgnoreCase); }
 bool IsCalendarForm(TextView page) { return Holds(page, calendar_title, Compare::IgnoreCase); }
 bool IsMemoForm(TextView page) { return Holds(page, memo_head, Compare::IgnoreCase); }
 
-Text MailFormLayout(Text page) { return RunOn(std::move(page), chains::MailFormLayout); }
-Text CalendarFormLayout(Text page) { return RunOn(std::move(page), chains::CalendarFormLayout); }
-Text MemoFormLayout(Text page) { return RunOn(std::move(page), chains::MemoFormLayout); }
+Text MailFormLayout(Text page, Apartment* apartment) {
+  return rules::RunOver(chains::MailFormLayout, std::move(page), apartment);
+}
+Text CalendarFormLayout(Text page, Apartment* apartment) {
+  return rules::RunOver(chains::CalendarFormLayout, std::move(page), apartment);
+}
+Text MemoFormLayout(Text page, Apartment* apartment) {
+  return rules::RunOver(chains::MemoFormLayout, std::move(page), apartment);
+}
 
 }  // namespace quillary::modQuillary

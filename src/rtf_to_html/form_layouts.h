@@ -4,14 +4,19 @@
 
 #include "text/text.h"
 
+namespace quillary {
+struct Apartment;
+}
+
 namespace quillary::modQuillary {
 
 bool IsMailForm(TextView page);
 bool IsCalendarForm(TextView page);
 bool IsMemoForm(TextView page);
 
-Text MailFormLayout(Text page);
-Text CalendarFormLayout(Text page);
-Text MemoFormLayout(Text page);
+/// The apartment, if there is one, notes the rules that fire.
+Text MailFormLayout(Text page, Apartment* apartment = nullptr);
+Text CalendarFormLayout(Text page, Apartment* apartment = nullptr);
+Text MemoFormLayout(Text page, Apartment* apartment = nullptr);
 
 }  // namespace quillary::modQuillary

@@ -89,7 +89,7 @@ Text DecodeHexEscapes(Apartment& apartment, TextView text, const EscapeHead& hea
     RunMap(chains::TurkishBytes, decoded);
   } else {
     if (Holds(decoded, u"\\lang")) {
-      rules::Rewriting rewriting(std::move(decoded));
+      rules::Rewriting rewriting(std::move(decoded), &apartment);
       rules::Run(chains::RemoveWesternLanguages, rewriting);
       decoded = rewriting.Take();
     }
@@ -118,7 +118,7 @@ void SegmentHexEscapes(Apartment& apartment, Text& body, TextView head) {
   // Without an escape only the maps have work to do: they take language words.
   const bool escapes = Holds(body, kEscape);
   if (!escapes && !Holds(body, u"\\lang")) return;
-  rules::Rewriting rewriting(std::move(body));
+  rules::Rewriting rewriting(std::move(body), &apartment);
   if (escapes) {
     rules::Run(chains::HideEscapedEscapes, rewriting);
     if (state.ForeignCharsets == u"yes" && rewriting.Holds(kEscape, Compare::Binary)) {

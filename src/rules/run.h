@@ -18,6 +18,14 @@ inline Text RunOver(const Chain& chain, Text text) {
   return rewriting.Take();
 }
 
+/// The same with the limit and the firing log of an apartment, which may be null.
+template <class Home>
+Text RunOver(const Chain& chain, Text text, Home* apartment) {
+  Rewriting rewriting(std::move(text), apartment);
+  Run(chain, rewriting);
+  return rewriting.Take();
+}
+
 /// One stage alone; stages count from 1. Throws Failure (subscript) for a
 /// number outside the chain.
 void RunStage(const Chain& chain, int stage, Rewriting& text);
