@@ -79,7 +79,9 @@ FontNames::FontNames(const RtfToHtmlState& state) {
   for (std::int32_t colour = 1; has_colours && colour <= state.ColourCount; ++colour) {
     colours_.push_back(Trim(state.ColourTable[colour]));
   }
-  plain_ = Register(faces_, face_index_) & Register(colours_, colour_index_);
+  const bool plain_faces = Register(faces_, face_index_);
+  const bool plain_colours = Register(colours_, colour_index_);
+  plain_ = plain_faces && plain_colours;
 }
 
 }  // namespace quillary::html_finishing

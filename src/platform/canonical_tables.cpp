@@ -37,7 +37,7 @@ std::vector<std::size_t> BulletFontsInReach(const std::vector<bool>& of_bullets)
     (of_bullets[place] ? bullets : others).push_back(place);
   }
   std::vector<std::size_t> order;
-  const std::size_t moved = std::min<std::size_t>(bullets.size(), 2);
+  const auto moved = static_cast<std::ptrdiff_t>(std::min<std::size_t>(bullets.size(), 2));
   const auto in_reach = [](std::size_t place) { return place == 1 || place == 2; };
   const bool moves = !others.empty() && !std::all_of(bullets.begin(), bullets.begin() + moved, in_reach);
   if (moves) {

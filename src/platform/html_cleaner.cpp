@@ -4,10 +4,12 @@
 #include <tidy.h>
 #include <tidybuffio.h>
 
+#include <functional>
 #include <string>
 #include <utility>
 
 #include "platform/code_pages.h"
+#include "platform/large_stack.h"
 #include "platform/page_bounds.h"
 #include "platform/page_text.h"
 
@@ -179,29 +181,42 @@ void SetDocumentType(std::string& page) {
 class TidyCleaner : public HtmlCleaner {
  public:
   Text TidyDLL_CleanHTML(TextView html) override {
-    Document document(Form::Html);
-    document.Parse(Admitted(html));
-    document.Repair();
-    std::string page = document.Write();
-    SetDocumentType(page);
-    return FromWindows1252(LineBreaks(page).Mark());
+    return OnLargeStack([&] {
+      Document document(Form::Html);
+      document.Parse(Admitted(html));
+      document.Repair();
+      std::string page = document.Write();
+      SetDocumentType(page);
+      return LineBreaks(page).Mark();
+    });
   }
 
   Text TidyDLL_ToXHTML(TextView html) override {
-    Document document(Form::Xhtml);
-    document.Parse(WithoutForeignElements(Admitted(html)));
-    document.DropForeignAttributes();
-    document.Repair();
-    return FromWindows1252(LineBreaks(document.Write()).Mark());
+    return OnLargeStack([&] {
+      Document document(Form::Xhtml);
+      document.Parse(WithoutForeignElements(Admitted(html)));
+      document.DropForeignAttributes();
+      document.Repair();
+      return LineBreaks(document.Write()).Mark();
+    });
   }
 
   Text TidyDLL_ParseHTML(TextView html) override {
-    Document document(Form::Html);
-    document.Parse(Admitted(html));
-    return FromWindows1252(document.Write());
+    return OnLargeStack([&] {
+      Document document(Form::Html);
+      document.Parse(Admitted(html));
+      return document.Write();
+    });
   }
 
  private:
+  // The library works through nested elements by recursion.
+  static Text OnLargeStack(const std::function<std::string()>& run) {
+    std::string page;
+    RunOnLargeStack([&] { page = run(); });
+    return FromWindows1252(page);
+  }
+
   static std::string Admitted(TextView html) {
     std::string page = PageBytes(html);
     if (!IsWithinBounds(page)) Refuse("The page nests too deep, or leaves too many elements open.");

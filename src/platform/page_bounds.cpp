@@ -11,9 +11,11 @@ namespace {
 
 /// Most elements that may be open at a time, those that the library supplies
 /// (a row and a cell for a table) included.
-constexpr std::size_t most_open = 3000;
+constexpr std::size_t most_open = 8000;
 /// Most inline elements that the library may have to open again in new blocks.
 constexpr std::size_t most_reopened = 200000;
+/// Most comparisons for that; it looks for each of them among all that are open.
+constexpr std::size_t most_compared = 100000000;
 /// Most attributes of one tag; the library compares each with all others.
 constexpr std::size_t most_attributes = 1000;
 
@@ -64,14 +66,17 @@ class Bounds {
     if (element.kind == Kind::Cell) EndCell();
     const bool block =
         element.kind == Kind::Block || element.kind == Kind::Table || element.kind == Kind::Item;
-    if (block) reopened_ += inlines_;
+    if (block) {
+      reopened_ += inlines_;
+      compared_ += inlines_ * inlines_;
+    }
     if (element.weight > 0) {
       open_.push_back({name, element.weight, element.kind});
       ++open_by_name_[name];
       weight_ += element.weight;
       if (element.kind == Kind::Inline) ++inlines_;
     }
-    return weight_ <= most_open && reopened_ <= most_reopened;
+    return weight_ <= most_open && reopened_ <= most_reopened && compared_ <= most_compared;
   }
 
   // Closes a block and all that was opened in it, or an inline element alone,
@@ -117,6 +122,7 @@ class Bounds {
   std::size_t weight_ = 0;
   std::size_t inlines_ = 0;
   std::size_t reopened_ = 0;
+  std::size_t compared_ = 0;
 };
 
 }  // namespace
