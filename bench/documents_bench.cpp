@@ -72,7 +72,7 @@ void Convert(benchmark::State& state, TextView start, Text (*piece)(int)) {
     properties.RTF_Text = document;
     benchmark::DoNotOptimize(component::ConvertRTF(apartment, properties));
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * document.size()));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(document.size()));
 }
 
 constexpr std::int64_t megabyte = 1000000;

@@ -62,7 +62,7 @@ void RulesThatCannotMatch(benchmark::State& state) {
   std::size_t asked = 0;
   for (auto _ : state) {
     for (const rules::Rule& rule : TwoThousandRules().rules) {
-      asked += again.Where(rule.find, TwoThousandRules().GramsOf(rule)) == 0 ? 1 : 0;
+      asked += again.Where(rule.find, TwoThousandRules().GramsOf(rule)) == 0 ? std::size_t{1} : 0;
     }
   }
   state.counters["ns_per_rule"] = benchmark::Counter(
