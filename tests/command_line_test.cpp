@@ -145,6 +145,8 @@ TEST_F(CommandLine, ExplainsWhichRulesFired) {
   const std::string lines = Run("explain --json --clean-rtf nono a.rtf").out;
   EXPECT_TRUE(lines.starts_with("{\"chain\":")) << lines;
   EXPECT_TRUE(Has(lines, "\"find\":\"\\\\pard\\\\\"")) << lines;
+  const std::string cleaned = Run("explain --clean-rtf nono --clean-html yes a.rtf").out;
+  EXPECT_TRUE(Has(cleaned, "src/html_finishing/late_finish.rules:")) << cleaned;
   EXPECT_EQ(Run("explain missing.rtf").status, 1);
   EXPECT_EQ(Run("explain").status, 2);
 }
