@@ -5,10 +5,12 @@
 #include <tidybuffio.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "platform/code_pages.h"
+#include "platform/inline_order.h"
 #include "platform/large_stack.h"
 #include "platform/page_bounds.h"
 #include "platform/page_text.h"
@@ -218,9 +220,9 @@ class TidyCleaner : public HtmlCleaner {
   }
 
   static std::string Admitted(TextView html) {
-    std::string page = PageBytes(html);
-    if (!IsWithinBounds(page)) Refuse("The page nests too deep, or leaves too many elements open.");
-    return page;
+    std::optional<std::string> page = WithInlinesInOrder(PageBytes(html));
+    if (!page || !IsWithinBounds(*page)) Refuse("The page nests too deep.");
+    return std::move(*page);
   }
 };
 

@@ -6,18 +6,16 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/page_text.h"
+
 namespace quillary::platform {
 namespace {
 
 /// Most elements that may be open at a time, those that the library supplies
 /// (a row and a cell for a table) included.
 constexpr std::size_t most_open = 8000;
-/// Most inline elements that the library may have to open again in new blocks.
-constexpr std::size_t most_reopened = 200000;
-/// Most comparisons for that; it looks for each of them among all that are open.
-constexpr std::size_t most_compared = 100000000;
 /// Most attributes of one tag; the library compares each with all others.
-constexpr std::size_t most_attributes = 1000;
+constexpr std::ptrdiff_t most_attributes = 1000;
 
 enum class Kind { Inline, Block, Table, Cell, Item, Empty };
 
@@ -27,8 +25,7 @@ struct Element {
   std::size_t weight;  // elements that the library opens for it
 };
 
-// What the library treats in a way of its own. Any other element is inline,
-// which costs most.
+// What the library treats in a way of its own. Any other element is inline.
 constexpr std::array elements{Element{"table", Kind::Table, 4},      Element{"tr", Kind::Cell, 0},
                               Element{"td", Kind::Cell, 0},          Element{"th", Kind::Cell, 0},
                               Element{"tbody", Kind::Cell, 0},       Element{"thead", Kind::Cell, 0},
@@ -53,30 +50,17 @@ Element ElementOf(std::string_view name) {
   return known == elements.end() ? Element{name, Kind::Inline, 1} : *known;
 }
 
-char Lower(char sign) { return sign >= 'A' && sign <= 'Z' ? static_cast<char>(sign + 32) : sign; }
-bool IsNameSign(char sign) {
-  const char lower = Lower(sign);
-  return (lower >= 'a' && lower <= 'z') || (sign >= '0' && sign <= '9');
-}
-
 class Bounds {
  public:
   bool Open(const std::string& name) {
     const Element element = ElementOf(name);
     if (element.kind == Kind::Cell) EndCell();
-    const bool block =
-        element.kind == Kind::Block || element.kind == Kind::Table || element.kind == Kind::Item;
-    if (block) {
-      reopened_ += inlines_;
-      compared_ += inlines_ * inlines_;
-    }
     if (element.weight > 0) {
       open_.push_back({name, element.weight, element.kind});
       ++open_by_name_[name];
       weight_ += element.weight;
-      if (element.kind == Kind::Inline) ++inlines_;
     }
-    return weight_ <= most_open && reopened_ <= most_reopened && compared_ <= most_compared;
+    return weight_ <= most_open;
   }
 
   // Closes a block and all that was opened in it, or an inline element alone,
@@ -112,7 +96,6 @@ class Bounds {
   // Takes the element opened last out of all counts.
   void Forget() {
     weight_ -= open_.back().weight;
-    if (open_.back().kind == Kind::Inline) --inlines_;
     --open_by_name_[open_.back().name];
     open_.pop_back();
   }
@@ -120,34 +103,21 @@ class Bounds {
   std::vector<OpenElement> open_;
   std::unordered_map<std::string, std::size_t> open_by_name_;
   std::size_t weight_ = 0;
-  std::size_t inlines_ = 0;
-  std::size_t reopened_ = 0;
-  std::size_t compared_ = 0;
 };
 
 }  // namespace
 
 bool IsWithinBounds(std::string_view page) {
   Bounds bounds;
-  std::string name;
-  std::size_t at = 0;
-  while ((at = page.find('<', at)) != std::string_view::npos) {
-    ++at;
-    const bool closes = at < page.size() && page[at] == '/';
-    if (closes) ++at;
-    name.clear();
-    while (at < page.size() && IsNameSign(page[at])) name += Lower(page[at++]);
-    if (name.empty()) continue;
-    const std::size_t end = std::min(page.find_first_of("<>", at), page.size());
-    if (std::count(page.begin() + static_cast<std::ptrdiff_t>(at),
-                   page.begin() + static_cast<std::ptrdiff_t>(end),
-                   '=') > static_cast<std::ptrdiff_t>(most_attributes)) {
-      return false;
-    }
-    at = end;
-    if (closes) {
-      bounds.Close(name);
-    } else if (!bounds.Open(name)) {
+  for (std::size_t at = page.find('<'); at != std::string_view::npos; at = page.find('<', at)) {
+    const Tag tag = ReadTag(page, at);
+    const std::string_view text = page.substr(at, tag.end - at);
+    at = tag.end;
+    if (tag.name.empty()) continue;
+    if (std::count(text.begin(), text.end(), '=') > most_attributes) return false;
+    if (tag.closes) {
+      bounds.Close(tag.name);
+    } else if (!bounds.Open(tag.name)) {
       return false;
     }
   }

@@ -1,6 +1,5 @@
-// What a page may ask of the HTML library. It works through open elements by
-// recursion and opens all inline ones again in every new block, so that a few
-// thousand of them are more than its stack or anyone's patience can bear.
+// What a page may ask of the HTML library, which works through open elements
+// by recursion and compares the attributes of a tag with each other.
 #pragma once
 
 #include <string_view>

@@ -54,12 +54,8 @@ std::size_t ForeignElement(std::string_view text) {
     if (!StartsWithWord(text.substr(1), name)) continue;
     const std::string_view behind = text.substr(1 + name.size());
     if (!behind.empty() && (IsLetter(behind[0]) || IsDigit(behind[0]))) continue;
-    for (std::size_t at = text.find("</"); at != std::string_view::npos; at = text.find("</", at + 2)) {
-      if (!StartsWithWord(text.substr(at + 2), name)) continue;
-      const std::size_t end = text.find('>', at);
-      return end == std::string_view::npos ? text.size() : end + 1;
-    }
-    return text.size();
+    const std::size_t end = text.find('>', EndTagOf(text, name, 0));
+    return end == std::string_view::npos ? text.size() : end + 1;
   }
   return 0;
 }
@@ -82,7 +78,40 @@ std::string WithoutForeignElements(std::string_view page) {
   return kept;
 }
 
+Tag ReadTag(std::string_view page, std::size_t at) {
+  Tag tag{page.substr(at + 1).starts_with('/'), {}, page.size()};
+  for (at += tag.closes ? 2 : 1; at < page.size() && (IsLetter(page[at]) || IsDigit(page[at])); ++at) {
+    tag.name += Lower(page[at]);
+  }
+  // A ">" in a value ends the tag only where the value has no end.
+  std::size_t quoted_end = page.size();
+  char quote = 0;
+  for (; at < page.size() && page[at] != '<'; ++at) {
+    if (quote != 0) {
+      if (page[at] == '>' && quoted_end == page.size()) quoted_end = at + 1;
+      if (page[at] != quote) continue;
+      quote = 0;
+      quoted_end = page.size();
+    } else if (page[at] == '"' || page[at] == '\'') {
+      quote = page[at];
+    } else if (page[at] == '>') {
+      tag.end = at + 1;
+      return tag;
+    }
+  }
+  tag.end = std::min(quoted_end, at);
+  return tag;
+}
+
+std::size_t EndTagOf(std::string_view page, std::string_view name, std::size_t from) {
+  std::size_t at = page.find("</", from);
+  while (at != std::string_view::npos && !StartsWithWord(page.substr(at + 2), name))
+    at = page.find("</", at + 2);
+  return std::min(at, page.size());
+}
+
 bool IsLetter(char sign) { return (sign >= 'a' && sign <= 'z') || (sign >= 'A' && sign <= 'Z'); }
+char Lower(char sign) { return IsLetter(sign) ? static_cast<char>(sign | 0x20) : sign; }
 
 bool IsPlainName(std::string_view name) {
   if (name.empty() || !(IsLetter(name[0]) || name[0] == '_')) return false;

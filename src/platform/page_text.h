@@ -9,6 +9,19 @@
 namespace quillary::platform {
 
 bool IsLetter(char sign);
+char Lower(char sign);
+
+struct Tag {
+  bool closes;
+  std::string name;  // in lower case; none for a declaration
+  std::size_t end;   // behind its ">", or where the next tag begins without one
+};
+
+/// The tag that begins at this "<".
+Tag ReadTag(std::string_view page, std::size_t at);
+
+/// Where the end tag of this name begins, the end of the page if nowhere.
+std::size_t EndTagOf(std::string_view page, std::string_view name, std::size_t from);
 
 /// Whether a name is one in XML and has no prefix.
 bool IsPlainName(std::string_view name);
