@@ -212,9 +212,13 @@ TEST(RichTextBox, LeavesOutWhatThePageWouldMisread) {
       {"an escape behind a backslash", Document("\\\\\\'e9\\\\\\rquote\\\\\\~"),
        "\\pard\\f0\\fs24 \\u92?\\'e9\\u92?\\rquote \\u92?\\~\\lang1033 "},
       {"a backslash in front of words", Document("c:\\\\\\b x\\\\\\b0\\tab\\\\\\tab"),
-       "\\pard\\f0\\fs24 c:\\u92?\\b x\\u92?\\b0\\tab \\u92?\\tab "},
+       "\\pard\\f0\\fs24 c:\\u92?\\b x\\u92?\\b0\\tab \\u92?\\tab\\lang1033 "},
       {"what looks like an entity", Document("a & b &amp; &#12; R&D"),
        "\\pard\\f0\\fs24 a & b \\u38?amp; \\u38?#12; R\\u38?D\\lang1033 "},
+      {"an address with parameters", Document("x://a?b=1&c=2 www.d/?e&f&b;g &h"),
+       "\\pard\\f0\\fs24 x://a?b=1&c=2 www.d/?e&f&b;g \\u38?h\\lang1033 "},
+      {"braces in front of blanks and words", Document("\\{x\\}\\{ \\}\\{\\{\\b y\\b0\\}\\{\\'e9\\}\\{"),
+       "\\pard\\f0\\fs24 \\{x\\}\\u123? \\}\\u123?\\u123?\\b y\\b0 \\}\\u123?\\'e9\\}\\u123?\\lang1033 "},
       {"two blanks behind a bullet",
        Document("{\\pntext\\f2\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf2}\\fi-1\\li2   x\\par   y"),
        "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\fi-"
@@ -317,7 +321,7 @@ TEST(RichTextBox, DecodesEachFontsOwnCodePage) {
       {"UTF-8", "{\\rtf1\\ansi\\ansicpg65001 \\'c3\\'a9\\'e2\\'82{\\'ac}}", "é€"},
       {"Symbol", Document("{\\f2 ab\\'b7}{\\f3 \\'fc}"), "αβ•✓"},
   });
-  EXPECT_EQ(Body(fonts + "\\f1\\'cf\\f0\\'cf}"), "\\pard\\f1\\fs24 \\u1055?\\f0 \\'cf");
+  EXPECT_EQ(Body(fonts + "\\f1\\'cf\\f0\\'cf}"), "\\pard\\f1\\fs24 \\u1055?\\f0 \\'cf\\lang1033 ");
 }
 
 TEST(RichTextBox, ReadsListsOfEveryDialect) {

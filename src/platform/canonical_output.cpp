@@ -1,11 +1,14 @@
 #include "platform/canonical_output.h"
 
+#include <algorithm>
+
 #include "platform/byte_text.h"
 #include "platform/document_model.h"
 
 namespace quillary::platform::rtf {
 namespace {
 
+constexpr TextView paragraph_end = u"\r\n\\par ";
 constexpr char16_t kHexDigits[] = u"0123456789abcdef";
 
 bool BeginsEntity(char16_t unit) {
@@ -18,20 +21,26 @@ bool IsWrittenAsWord(char16_t unit) {
          unit == marks::kRow;
 }
 
+/// Whether a unit may be written with a backslash in front.
+bool MayBecomeWord(char16_t unit) {
+  return IsWrittenAsWord(unit) || unit < u' ' || unit == u'\\' || unit == u'{' || unit == u'}' ||
+         unit == u'&' || unit == u'?';
+}
+
 }  // namespace
 
 void CanonicalOutput::SettleBlank() {
   if (!blank_due_) return;
   text_ += u' ';
   blank_due_ = false;
-  in_unicode_ = false;
+  if (ends_unicode_) in_unicode_ = false;
 }
 
 void CanonicalOutput::Raw(TextView raw) {
   text_ += raw;
   blank_due_ = false;
   ends_in_backslash_ = false;
-  if (in_unicode_ && raw.find(u' ') != TextView::npos) in_unicode_ = false;
+  NoteText(raw == paragraph_end ? u" " : raw);
 }
 
 void CanonicalOutput::Spell(TextView text) {
@@ -48,14 +57,55 @@ void CanonicalOutput::Plain(TextView plain) {
   SettleBlank();
   text_ += plain;
   ends_in_backslash_ = false;
-  if (in_unicode_ && plain.find(u' ') != TextView::npos) in_unicode_ = false;
+  NoteText(plain);
+}
+
+// Neither the blank of a word nor two blanks in a row part a \u word from what follows.
+void CanonicalOutput::NoteText(TextView text) {
+  for (const char16_t unit : text) {
+    if (last_unicode_ == LastUnicode::Safe) break;
+    const bool one_blank = last_unicode_ == LastUnicode::OneBlank;
+    if (unit == u' ') {
+      last_unicode_ = last_unicode_ == LastUnicode::Open ? LastUnicode::OneBlank : LastUnicode::Blanks;
+    } else {
+      last_unicode_ = one_blank ? LastUnicode::Safe : LastUnicode::Open;
+    }
+  }
+  if (last_unicode_ == LastUnicode::Safe) in_unicode_ = false;
+}
+
+// The page loses a \u word with no blank behind it, and what follows. A language
+// word leaves a blank and nothing else; it needs one in front where the word
+// there takes its own away, and none behind a blank.
+void CanonicalOutput::PartUnicode(std::int32_t language) {
+  if (last_unicode_ == LastUnicode::Safe) return;
+  if (!blank_due_ && text_.ends_with(u' ') && !text_.ends_with(paragraph_end)) {
+    text_.pop_back();
+    text_ += u"\\~";
+  }
+  const auto keeps = [&](TextView word) { return text_.ends_with(word); };
+  const bool keeps_blank = keeps(u"\\tab") || keeps(u"\\line") || keeps(u"\\bullet") || keeps(u"\\cell");
+  if (!keeps_blank) SettleBlank();
+  Words(u"\\lang" + Decimal(language));
+  SettleBlank();
+  last_unicode_ = LastUnicode::Safe;
 }
 
 void CanonicalOutput::Unicode(std::int32_t number) {
   SettleBlank();
   text_ += u"\\u" + Decimal(number) + u"?";
   in_unicode_ = true;
+  last_unicode_ = LastUnicode::Open;
   ends_in_backslash_ = false;
+}
+
+// Whether the text since the last blank is an address that the page makes a link.
+bool CanonicalOutput::InAddress() const {
+  constexpr std::size_t longest = 200;
+  const TextView text = TextView(text_).substr(text_.size() - std::min(text_.size(), longest));
+  const std::size_t blank = text.rfind(u' ');
+  const TextView piece = blank == TextView::npos ? text : text.substr(blank + 1);
+  return !blank_due_ && (Holds(piece, u"://") || Holds(piece, u"www.", Compare::IgnoreCase));
 }
 
 // An escape straight behind an escaped backslash is read as text.
@@ -63,6 +113,7 @@ void CanonicalOutput::Escape(unsigned char byte) {
   const char16_t escape[] = {u'\\', u'\'', kHexDigits[byte >> 4], kHexDigits[byte & 0xF]};
   SettleBlank();
   text_.append(escape, 4);
+  NoteText(u"x");
 }
 
 void CanonicalOutput::Name(TextView word, char16_t character) {
@@ -72,6 +123,8 @@ void CanonicalOutput::Name(TextView word, char16_t character) {
   }
   SettleBlank();
   Words(word);
+  ends_unicode_ = false;
+  NoteText(u"x");
 }
 
 void CanonicalOutput::SymbolByte(unsigned char byte, char16_t next, bool words_follow) {
@@ -95,24 +148,31 @@ void CanonicalOutput::Character(char16_t unit, char16_t next, bool words_follow)
       } else {
         SettleBlank();
         text_ += u"\\\\";
+        NoteText(u"\\");
         ends_in_backslash_ = true;
       }
       return;
     case u'{':
+      // The page takes it for a group where a blank or a word follows.
+      if (words_follow || next == u' ' || MayBecomeWord(next)) return Unicode(unit);
       SettleBlank();
       text_ += u"\\{";
+      NoteText(u"{");
       break;
     case u'}':
       SettleBlank();
       text_ += u"\\}";
+      NoteText(u"}");
       break;
     case u'&':
-      // The page does not escape it.
-      if (BeginsEntity(next)) return Unicode(unit);
+      // The page does not escape it. An address would end at the ";" of a \u word's reference.
+      if (BeginsEntity(next) && !words_follow && !InAddress()) return Unicode(unit);
       return Plain({&unit, 1});
     case u'?':
       // It would be taken for the end of the \u word in front of it.
-      if (in_unicode_ && !blank_due_) return Unicode(unit);
+      if (in_unicode_ && last_unicode_ != LastUnicode::OneBlank && !(blank_due_ && ends_unicode_)) {
+        return Unicode(unit);
+      }
       return Plain({&unit, 1});
     case 0xA0:
       if (ends_in_backslash_) return Unicode(unit);

@@ -17,7 +17,13 @@ class CanonicalOutput {
   void Words(TextView words) {
     text_ += words;
     blank_due_ = true;
+    ends_unicode_ = true;
     ends_in_backslash_ = false;
+  }
+  /// Adds the word that starts a paragraph anew, where the page begins its work anew.
+  void StartAnew() {
+    Words(u"\\pard");
+    last_unicode_ = LastUnicode::Safe;
   }
   /// Adds what needs no blank behind it: groups and line ends.
   void Raw(TextView raw);
@@ -40,20 +46,27 @@ class CanonicalOutput {
   /// Whether a blank added now would be the second in a row.
   bool EndsInBlank() const { return blank_due_ || (!text_.empty() && text_.back() == u' '); }
 
-  /// Whether a \u word came after the last blank.
-  bool EndsInUnicode() const { return in_unicode_; }
+  /// Adds a word of the language in force where the last \u word needs it: at
+  /// the end of the document, and of a row that a paragraph starts anew behind.
+  void PartUnicode(std::int32_t language);
 
   void Reserve(std::size_t units) { text_.reserve(units); }
   Text Take() { return std::move(text_); }
 
  private:
+  enum class LastUnicode { Safe, Open, OneBlank, Blanks };  // what has followed it
+
   void Escape(unsigned char byte);
   void Name(TextView word, char16_t character);
+  bool InAddress() const;
+  void NoteText(TextView text);
 
   Text text_;
   bool blank_due_ = false;
   bool ends_in_backslash_ = false;  // an escaped one
   bool in_unicode_ = false;         // a \u word came after the last blank
+  bool ends_unicode_ = false;       // what the due blank is of ends it too
+  LastUnicode last_unicode_ = LastUnicode::Safe;
 };
 
 /// Whether Character treats this unit apart from plain text.

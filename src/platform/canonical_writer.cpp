@@ -69,7 +69,8 @@ class Writer {
   WrittenFormat format_;
   std::size_t run_ = 0;
   std::size_t inline_ = 0;
-  std::size_t begin_ = 0;  // of the paragraph
+  std::size_t begin_ = 0;      // of the paragraph
+  bool ends_stretch_ = false;  // the next paragraph starts anew
   bool item_start_ = false;
   std::uint32_t last_list_ = 0;
 };
@@ -122,18 +123,16 @@ Text Writer::Write() {
     const ParagraphFormat& format = document_.formats[paragraph.format];
     if (index > 0) output_.Raw(after_row ? u"\r\n" : u"\r\n\\par ");
     WriteParagraphStart(index);
+    ends_stretch_ = index + 1 == document_.paragraphs.size() || tables_.FormatChanges(index + 1);
     item_start_ = format.list != 0;
     WriteText(begin_, paragraph.end);
-    if (format.row == 0) output_.SettleBlank();
+    const bool is_last = index + 1 == document_.paragraphs.size();
+    if (format.row == 0 && !is_last) output_.SettleBlank();
     after_row = format.row != 0;
     begin_ = paragraph.end;
   }
-  // At the very end the page loses a \u word with no blank behind it. A
-  // language word leaves a blank there and nothing else.
-  if (output_.EndsInUnicode()) {
-    output_.Words(u"\\lang" + Decimal(format_.language));
-    output_.SettleBlank();
-  }
+  output_.PartUnicode(format_.language);
+  output_.SettleBlank();
   output_.Raw(u"\r\n\\par }");
   return output_.Take();
 }
@@ -151,7 +150,7 @@ void Writer::WriteParagraphStart(std::size_t index) {
   const Text character_words = ChangeWords(first);
   if (tables_.FormatChanges(index)) {
     if (format.row != 0) output_.Words(document_.rows[format.row]);
-    output_.Words(u"\\pard");
+    output_.StartAnew();
     if (format.list != 0) WriteLabel(list, paragraph, true);
     const bool is_item = format.list != 0 || IsTypedItem(document_, begin_, paragraph.end);
     AddWords(ParagraphWords(document_, format, is_item));
@@ -255,6 +254,7 @@ std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
   const char16_t unit = text[at];
   const char16_t next = at + 1 < text.size() ? text[at + 1] : u'\0';
   if (unit < u' ') {
+    if (unit == marks::kCell && next == marks::kRow && ends_stretch_) output_.PartUnicode(format_.language);
     WriteMark(unit);
   } else if (symbol && unit >= kSymbolBase + u' ' && unit <= kSymbolBase + 0xFF) {
     output_.SymbolByte(static_cast<unsigned char>(unit - kSymbolBase), next, words_follow);
