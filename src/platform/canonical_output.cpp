@@ -83,6 +83,8 @@ void CanonicalOutput::PartUnicode(std::int32_t language) {
     text_.pop_back();
     text_ += u"\\~";
   }
+  const TextView last_word = TextView(text_).substr(std::min(text_.rfind(u'\\'), text_.size()));
+  if (blank_due_ && last_word.starts_with(u"\\lang")) return SettleBlank();
   const auto keeps = [&](TextView word) { return text_.ends_with(word); };
   const bool keeps_blank = keeps(u"\\tab") || keeps(u"\\line") || keeps(u"\\bullet") || keeps(u"\\cell");
   if (!keeps_blank) SettleBlank();
