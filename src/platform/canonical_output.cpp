@@ -85,8 +85,10 @@ void CanonicalOutput::PartUnicode(std::int32_t language) {
   }
   const TextView last_word = TextView(text_).substr(std::min(text_.rfind(u'\\'), text_.size()));
   if (blank_due_ && last_word.starts_with(u"\\lang")) return SettleBlank();
-  const auto keeps = [&](TextView word) { return text_.ends_with(word); };
-  const bool keeps_blank = keeps(u"\\tab") || keeps(u"\\line") || keeps(u"\\bullet") || keeps(u"\\cell");
+  constexpr TextView keep_blank[] = {u"\\tab",  u"\\line",    u"\\bullet",
+                                     u"\\cell", u"\\strike0", u"\\highlight0"};
+  const bool keeps_blank = std::any_of(std::begin(keep_blank), std::end(keep_blank),
+                                       [&](TextView word) { return text_.ends_with(word); });
   if (!keeps_blank) SettleBlank();
   Words(u"\\lang" + Decimal(language));
   SettleBlank();
