@@ -157,8 +157,12 @@ void Writer::WriteParagraphStart(std::size_t index) {
     AddWords(character_words);
   } else {
     if (format.row != 0) output_.Words(u"\\intbl");
-    AddWords(character_words);
+    // The page takes font 1 right in front of a bullet in font 2 for an item without text.
+    const bool misread =
+        format.list != 0 && list.bullet && tables_.BulletFont(list) == 2 && character_words == u"\\f1";
+    if (!misread) AddWords(character_words);
     if (format.list != 0) WriteLabel(list, paragraph, false);
+    if (misread) AddWords(character_words);
   }
   if (LosesOpeningMark(index, character_words)) output_.SettleBlank();
   format_ = first;
