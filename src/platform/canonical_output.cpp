@@ -81,6 +81,7 @@ void CanonicalOutput::PartUnicode(std::int32_t language) {
   if (last_unicode_ == LastUnicode::Safe) return;
   if (!blank_due_ && text_.ends_with(u' ') && !text_.ends_with(paragraph_end)) {
     text_.pop_back();
+    if (text_.ends_with(u'\\')) text_.replace(text_.size() - 2, 2, u"\\u92?");
     text_ += u"\\~";
   }
   const TextView last_word = TextView(text_).substr(std::min(text_.rfind(u'\\'), text_.size()));
