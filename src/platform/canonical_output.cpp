@@ -180,7 +180,8 @@ void CanonicalOutput::Character(char16_t unit, char16_t next, bool words_follow)
       }
       return Plain({&unit, 1});
     case 0xA0:
-      if (ends_in_backslash_) return Unicode(unit);
+      // Behind an escaped brace the page takes it for a word.
+      if (ends_in_backslash_ || (!blank_due_ && text_.ends_with(u"\\}"))) return Unicode(unit);
       SettleBlank();
       text_ += u"\\~";
       break;
