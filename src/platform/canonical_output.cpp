@@ -77,9 +77,9 @@ void CanonicalOutput::NoteText(TextView text) {
 // The page loses a \u word with no blank behind it, and what follows. A language
 // word leaves a blank and nothing else; it needs one in front where the word
 // there takes its own away, and none behind a blank.
-void CanonicalOutput::PartUnicode(std::int32_t language) {
+void CanonicalOutput::PartUnicode(std::int32_t language, bool symbol) {
   if (last_unicode_ == LastUnicode::Safe) return;
-  if (!blank_due_ && text_.ends_with(u' ') && !text_.ends_with(paragraph_end)) {
+  if (!symbol && !blank_due_ && text_.ends_with(u' ') && !text_.ends_with(paragraph_end)) {
     text_.pop_back();
     if (text_.ends_with(u'\\')) text_.replace(text_.size() - 2, 2, u"\\u92?");
     text_ += u"\\~";

@@ -48,7 +48,8 @@ class CanonicalOutput {
 
   /// Adds a word of the language in force where the last \u word needs it: at
   /// the end of the document, and of a row that a paragraph starts anew behind.
-  void PartUnicode(std::int32_t language);
+  /// In a symbol font a blank at the end stays what it is.
+  void PartUnicode(std::int32_t language, bool symbol);
 
   void Reserve(std::size_t units) { text_.reserve(units); }
   Text Take() { return std::move(text_); }

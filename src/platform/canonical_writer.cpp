@@ -53,6 +53,7 @@ class Writer {
   }
   void WriteParagraphStart(std::size_t index);
   void WriteText(std::size_t begin, std::size_t end);
+  bool InSymbolFont() const;
   void WriteStretch(std::size_t begin, std::size_t end, bool words_follow, bool symbol);
   std::size_t WriteUnit(std::size_t at, bool words_follow, bool symbol);
   void WriteMark(char16_t mark);
@@ -131,7 +132,7 @@ Text Writer::Write() {
     after_row = format.row != 0;
     begin_ = paragraph.end;
   }
-  output_.PartUnicode(format_.language);
+  output_.PartUnicode(format_.language, InSymbolFont());
   output_.SettleBlank();
   output_.Raw(u"\r\n\\par }");
   return output_.Take();
@@ -222,7 +223,7 @@ void Writer::WriteText(std::size_t begin, std::size_t end) {
   while (at < end) {
     const std::size_t run_end = RunEnd(run_);
     const std::size_t stop = std::min(end, run_end);
-    const bool symbol = document_.fonts[document_.characters[document_.runs[run_].format].font].IsSymbol();
+    const bool symbol = InSymbolFont();
     const bool more = stop < end;
     const WrittenFormat next = more ? Written(document_.runs[run_ + 1].format) : format_;
     const Text words = more ? ChangeWords(next) : Text();
@@ -232,6 +233,10 @@ void Writer::WriteText(std::size_t begin, std::size_t end) {
     if (stop == run_end && run_ + 1 < document_.runs.size()) ++run_;
     at = stop;
   }
+}
+
+bool Writer::InSymbolFont() const {
+  return document_.fonts[document_.characters[document_.runs[run_].format].font].IsSymbol();
 }
 
 void Writer::WriteStretch(std::size_t begin, std::size_t end, bool words_follow, bool symbol) {
@@ -258,7 +263,8 @@ std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
   const char16_t unit = text[at];
   const char16_t next = at + 1 < text.size() ? text[at + 1] : u'\0';
   if (unit < u' ') {
-    if (unit == marks::kCell && next == marks::kRow && ends_stretch_) output_.PartUnicode(format_.language);
+    if (unit == marks::kCell && next == marks::kRow && ends_stretch_)
+      output_.PartUnicode(format_.language, symbol);
     WriteMark(unit);
   } else if (symbol && unit >= kSymbolBase + u' ' && unit <= kSymbolBase + 0xFF) {
     output_.SymbolByte(static_cast<unsigned char>(unit - kSymbolBase), next, words_follow);
