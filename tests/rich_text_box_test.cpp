@@ -218,6 +218,8 @@ TEST(RichTextBox, LeavesOutWhatThePageWouldMisread) {
       {"a blank at the end, behind a Unicode run", Document("\\u945?b  "),
        "\\pard\\f0\\fs24 \\u945?b \\~\\lang1033 "},
       {"and behind a backslash", Document("\\u945?\\\\ "), "\\pard\\f0\\fs24 \\u945?\\u92?\\~\\lang1033 "},
+      {"braces that close at the start of a line", Document("\\}\\}\\par\\}\\}\\}\\par\\} x"),
+       "\\pard\\f0\\fs24 \\}\\}\r\n\\par \\u125?\\}\\}\r\n\\par \\} x"},
       {"an address with parameters", Document("x://a?b=1&c=2 www.d/?e&f&b;g &h"),
        "\\pard\\f0\\fs24 x://a?b=1&c=2 www.d/?e&f&b;g \\u38?h\\lang1033 "},
       {"braces in front of blanks and words", Document("\\{x\\}\\{ \\}\\{\\{\\b y\\b0\\}\\{\\'e9\\}\\{"),

@@ -34,6 +34,7 @@ void CanonicalOutput::SettleBlank() {
   text_ += u' ';
   blank_due_ = false;
   if (ends_unicode_) in_unicode_ = false;
+  if (last_unicode_ == LastUnicode::Open) last_unicode_ = LastUnicode::Blanks;
 }
 
 void CanonicalOutput::Raw(TextView raw) {
@@ -165,6 +166,8 @@ void CanonicalOutput::Character(char16_t unit, char16_t next, bool words_follow)
       NoteText(u"{");
       break;
     case u'}':
+      // The page drops two of them at the start of a line.
+      if (next == u'}' && !blank_due_ && text_.ends_with(paragraph_end)) return Unicode(unit);
       SettleBlank();
       text_ += u"\\}";
       NoteText(u"}");
