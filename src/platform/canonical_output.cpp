@@ -83,7 +83,7 @@ void CanonicalOutput::PartUnicode(std::int32_t language, bool symbol) {
   if (!symbol && !blank_due_ && text_.ends_with(u' ') && !text_.ends_with(paragraph_end)) {
     text_.pop_back();
     if (text_.ends_with(u'\\')) text_.replace(text_.size() - 2, 2, u"\\u92?");
-    text_ += u"\\~";
+    Character(0xA0, u'\0', false);
   }
   const TextView last_word = TextView(text_).substr(std::min(text_.rfind(u'\\'), text_.size()));
   if (blank_due_ && last_word.starts_with(u"\\lang")) return SettleBlank();
