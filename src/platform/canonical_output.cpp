@@ -57,6 +57,7 @@ void CanonicalOutput::Spell(TextView text) {
 void CanonicalOutput::Plain(TextView plain) {
   SettleBlank();
   text_ += plain;
+  blank_end_ = plain.ends_with(u' ') ? text_.size() : 0;
   ends_in_backslash_ = false;
   NoteText(plain);
 }
@@ -80,7 +81,7 @@ void CanonicalOutput::NoteText(TextView text) {
 // there takes its own away, and none behind a blank.
 void CanonicalOutput::PartUnicode(std::int32_t language, bool symbol) {
   if (last_unicode_ == LastUnicode::Safe) return;
-  if (!symbol && !blank_due_ && text_.ends_with(u' ') && !text_.ends_with(paragraph_end)) {
+  if (!symbol && text_.size() == blank_end_) {
     text_.pop_back();
     if (text_.ends_with(u'\\')) text_.replace(text_.size() - 2, 2, u"\\u92?");
     Character(0xA0, u'\0', false);
@@ -105,7 +106,6 @@ void CanonicalOutput::Unicode(std::int32_t number) {
   ends_in_backslash_ = false;
 }
 
-// Whether the text since the last blank is an address that the page makes a link.
 bool CanonicalOutput::InAddress() const {
   constexpr std::size_t longest = 200;
   const TextView text = TextView(text_).substr(text_.size() - std::min(text_.size(), longest));

@@ -51,6 +51,9 @@ class CanonicalOutput {
   /// In a symbol font a blank at the end stays what it is.
   void PartUnicode(std::int32_t language, bool symbol);
 
+  /// Whether the text since the last blank is an address that the page makes a link.
+  bool InAddress() const;
+
   void Reserve(std::size_t units) { text_.reserve(units); }
   Text Take() { return std::move(text_); }
 
@@ -59,11 +62,11 @@ class CanonicalOutput {
 
   void Escape(unsigned char byte);
   void Name(TextView word, char16_t character);
-  bool InAddress() const;
   void NoteText(TextView text);
 
   Text text_;
   bool blank_due_ = false;
+  std::size_t blank_end_ = 0;       // where the text ended when its last sign was a blank
   bool ends_in_backslash_ = false;  // an escaped one
   bool in_unicode_ = false;         // a \u word came after the last blank
   bool ends_unicode_ = false;       // what the due blank is of ends it too

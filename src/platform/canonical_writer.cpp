@@ -26,6 +26,24 @@ struct WrittenFormat {
   std::uint16_t effects = 0;
 };
 
+bool IsMailSign(char16_t unit) {
+  return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9') ||
+         unit == u'.' || unit == u'-' || unit == u'_';
+}
+
+/// Whether a sign stands in front of a mail address that the page would cut out
+/// at the wrong place, since it takes the sign for a part of the word and then
+/// drops it. The target of a link it has to find as it is.
+bool StandsBeforeMail(TextView text, std::size_t at) {
+  constexpr std::size_t longest = 64;
+  if (TextView(u":,+=%~$").find(text[at]) == TextView::npos) return false;
+  std::size_t end = at + 1;
+  while (end < text.size() && end - at <= longest && IsMailSign(text[end])) ++end;
+  const bool is_mail =
+      end > at + 1 && end + 1 < text.size() && text[end] == u'@' && IsMailSign(text[end + 1]);
+  return is_mail && !text.substr(0, at).ends_with(u"<mailto");
+}
+
 class Writer {
  public:
   explicit Writer(const Document& document)
@@ -251,7 +269,7 @@ void Writer::WriteStretch(std::size_t begin, std::size_t end, bool words_follow,
     if (at == end) return;
     item_start_ = false;
     std::size_t plain = at;
-    while (plain < end && !NeedsSpelling(text[plain])) ++plain;
+    while (plain < end && !NeedsSpelling(text[plain]) && !StandsBeforeMail(text, plain)) ++plain;
     if (plain > at) output_.Plain(TextView(text).substr(at, plain - at));
     at = plain < end ? WriteUnit(plain, words_follow && plain + 1 == end, symbol) : end;
   }
@@ -273,6 +291,8 @@ std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
     return at + 2;
   } else if (IsHigh(unit) || IsLow(unit)) {
     output_.Unicode(0xFFFD);
+  } else if (StandsBeforeMail(text, at) && !output_.InAddress()) {
+    output_.Unicode(unit);
   } else {
     output_.Character(unit, next, words_follow);
   }
