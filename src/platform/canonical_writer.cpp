@@ -31,12 +31,17 @@ bool IsMailSign(char16_t unit) {
          unit == u'.' || unit == u'-' || unit == u'_';
 }
 
+bool IsDroppedFromMail(char16_t unit) {
+  return unit == u':' || unit == u',' || unit == u'+' || unit == u'=' || unit == u'%' || unit == u'~' ||
+         unit == u'$';
+}
+
 /// Whether a sign stands in front of a mail address that the page would cut out
 /// at the wrong place, since it takes the sign for a part of the word and then
 /// drops it. The target of a link it has to find as it is.
 bool StandsBeforeMail(TextView text, std::size_t at) {
   constexpr std::size_t longest = 64;
-  if (TextView(u":,+=%~$").find(text[at]) == TextView::npos) return false;
+  if (!IsDroppedFromMail(text[at])) return false;
   std::size_t end = at + 1;
   while (end < text.size() && end - at <= longest && IsMailSign(text[end])) ++end;
   const bool is_mail =
