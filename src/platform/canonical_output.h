@@ -68,8 +68,8 @@ class CanonicalOutput {
   bool blank_due_ = false;
   std::size_t blank_end_ = 0;       // where the text ended when its last sign was a blank
   bool ends_in_backslash_ = false;  // an escaped one
-  bool in_unicode_ = false;         // a \u word came after the last blank
-  bool ends_unicode_ = false;       // what the due blank is of ends it too
+  bool in_unicode_ = false;         // no formatting words since the last \u word
+  bool ends_unicode_ = false;       // the due blank is of formatting words
   LastUnicode last_unicode_ = LastUnicode::Safe;
 };
 
