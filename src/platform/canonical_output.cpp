@@ -48,7 +48,7 @@ void CanonicalOutput::Spell(TextView text) {
   for (std::size_t at = 0; at < text.size(); ++at) {
     if (text[at] > u'~') {
       Unicode(text[at]);
-    } else {
+    } else if (text[at] >= u' ') {
       Character(text[at], at + 1 < text.size() ? text[at + 1] : u'\0', false);
     }
   }

@@ -38,7 +38,7 @@ class CanonicalOutput {
   /// Adds a character as a \u word: one that Windows-1252 lacks or whose escape would be misread.
   void Unicode(std::int32_t number);
   /// Adds a short text that stands apart from what surrounds it and means the
-  /// same in every font.
+  /// same in every font. Control characters are left out.
   void Spell(TextView text);
   /// Adds a byte of a symbol font.
   void SymbolByte(unsigned char byte, char16_t next, bool words_follow);
