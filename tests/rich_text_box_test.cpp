@@ -197,6 +197,10 @@ TEST(RichTextBox, StartsAParagraphAnewOnlyForWhatIsWritten) {
        Document("\\pard" + item + list + "\\nowidctlpar a\\par\\widctlpar " + item + "b"),
        "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\f0\\fs24 a\r\n"
        "\\par {\\pntext\\f1\\'B7\\tab}b"},
+      {"only those, of several in a row", Document("a \\i x\\par{\\pn\\pnlvlblt}\\par\\plain\\fs24\\par"),
+       "\\pard\\f0\\fs24 a \\i x\\i0 \r\n\\par "
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0"
+       "{\\pntxtb\\'B7}}\r\n\\par {\\pntext\\f1\\'B7\\tab}"},
   });
 }
 

@@ -23,15 +23,15 @@ constexpr unsigned kCarried = kBold | kItalic | kUnderline;
 /// must say so anew; else that text ends them. In front of a row they end.
 class CarriedEffects {
  public:
-  explicit CarriedEffects(const Document& document) : document_(document) {}
+  CarriedEffects(const Document& document, const std::vector<Run>& runs) : document_(document), runs_(runs) {}
 
   void AddText(unsigned effects) {
     last_ = effects & kCarried;
     seen_ |= last_;
   }
   /// The effects of the mark at `at`, which has `own`. The unit behind the row
-  /// that it may end has `behind`.
-  std::uint16_t AddMark(std::size_t at, unsigned own, unsigned behind) {
+  /// that it may end is in the run `behind`.
+  std::uint16_t AddMark(std::size_t at, unsigned own, std::size_t behind) {
     const bool ends_cell = document_.text[at] == marks::kCell;
     const bool ends_row = document_.text[at + (ends_cell ? 1 : 0)] == marks::kRow;
     unsigned carried = own & kCarried;
@@ -51,19 +51,34 @@ class CarriedEffects {
   }
 
  private:
-  bool IsRow(std::size_t paragraph) const {
-    return paragraph < document_.paragraphs.size() &&
-           document_.formats[document_.paragraphs[paragraph].format].row != 0;
+  const ParagraphFormat* FormatOf(std::size_t paragraph) const {
+    if (paragraph >= document_.paragraphs.size()) return nullptr;
+    return &document_.formats[document_.paragraphs[paragraph].format];
   }
-  /// The effects that will be in force at the start of a paragraph.
-  unsigned Said(std::size_t at, std::size_t paragraph, unsigned own) const {
-    if (at == document_.text.size()) return 0;
-    const char16_t unit = document_.text[at];
-    if (unit == marks::kCell || (unit == marks::kParagraph && IsRow(paragraph + 1))) return 0;
-    return own;
+  bool IsRow(std::size_t paragraph) const {
+    const ParagraphFormat* const format = FormatOf(paragraph);
+    return format != nullptr && format->row != 0;
+  }
+  bool IsItem(std::size_t paragraph) const {
+    const ParagraphFormat* const format = FormatOf(paragraph);
+    return format != nullptr && format->list != 0;
+  }
+  /// The effects that will be in force at the start of a paragraph. The mark of
+  /// an empty one keeps in front of an item only those that the item has.
+  unsigned Said(std::size_t at, std::size_t paragraph, std::size_t run) const {
+    unsigned said = kCarried;
+    for (; at < document_.text.size(); ++at, ++paragraph) {
+      while (run + 1 < runs_.size() && runs_[run + 1].begin <= at) ++run;
+      const char16_t unit = document_.text[at];
+      if (unit == marks::kCell || (unit == marks::kParagraph && IsRow(paragraph + 1))) return 0;
+      said &= document_.characters[runs_[run].format].effects;
+      if (unit != marks::kParagraph || !IsItem(paragraph + 1)) return said;
+    }
+    return 0;
   }
 
   const Document& document_;
+  const std::vector<Run>& runs_;
   std::size_t paragraph_ = 0;
   unsigned seen_ = 0;  // in the row
   unsigned last_ = 0;  // of the row's last text
@@ -76,7 +91,7 @@ void CarryEffectsOverCells(Document& document) {
     if (document.runs.empty() || document.runs.back().format != format)
       document.runs.push_back({begin, format});
   };
-  CarriedEffects carried(document);
+  CarriedEffects carried(document, runs);
   std::size_t behind = 0;  // the run of the unit behind a row
   for (std::size_t index = 0; index < runs.size(); ++index) {
     const std::uint32_t own = runs[index].format;
@@ -92,8 +107,7 @@ void CarryEffectsOverCells(Document& document) {
       const std::size_t next = mark + (document.text[mark] == marks::kCell ? 2 : 1);
       while (behind + 1 < runs.size() && runs[behind + 1].begin <= next) ++behind;
       CharacterFormat format = document.characters[own];
-      const std::uint16_t effects =
-          carried.AddMark(mark, format.effects, document.characters[runs[behind].format].effects);
+      const std::uint16_t effects = carried.AddMark(mark, format.effects, behind);
       if (effects == format.effects) {
         add(mark, own);
       } else {
@@ -105,7 +119,7 @@ void CarryEffectsOverCells(Document& document) {
   }
 }
 
-/// The runs, with a run of its own for each mark in front of a change. A row's
+/// The runs, with a run of its own for each of the marks in front of a change. A row's
 /// mark has the format of what it ends: words in front of it would be a cell.
 std::vector<Run> SplitOffMarks(const Document& document) {
   std::vector<Run> runs;
@@ -114,8 +128,12 @@ std::vector<Run> SplitOffMarks(const Document& document) {
     const bool is_last = index + 1 == document.runs.size();
     const std::size_t end = is_last ? document.text.size() : document.runs[index + 1].begin;
     if (index > 0 && document.text[run.begin] == marks::kRow && ++run.begin == end) continue;
-    if (run.begin > 0 && IsMark(document.text[run.begin - 1]) && runs.back().begin + 1 < run.begin)
-      runs.push_back({run.begin - 1, runs.back().format});
+    if (index > 0) {
+      const Run in_front = runs.back();
+      std::size_t mark = run.begin;
+      while (mark > in_front.begin + 1 && IsMark(document.text[mark - 1])) --mark;
+      for (; mark < run.begin; ++mark) runs.push_back({mark, in_front.format});
+    }
     runs.push_back(run);
   }
   return runs;
