@@ -291,6 +291,8 @@ std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
     WriteMark(unit);
   } else if (symbol && unit >= kSymbolBase + u' ' && unit <= kSymbolBase + 0xFF) {
     output_.SymbolByte(static_cast<unsigned char>(unit - kSymbolBase), next, words_follow);
+  } else if (symbol && unit == 0xA0) {
+    output_.SymbolByte(0xA0, next, words_follow);  // as which it is read again
   } else if (IsHigh(unit) && IsLow(next)) {
     output_.Unicode(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
     return at + 2;
