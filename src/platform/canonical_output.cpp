@@ -1,6 +1,7 @@
 #include "platform/canonical_output.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/byte_text.h"
 #include "platform/document_model.h"
