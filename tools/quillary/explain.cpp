@@ -60,6 +60,14 @@ void PrintLine(const Firing& firing) {
   std::cout << line.dump() << '\n';
 }
 
+void PrintFailed(const FailedStep& failed, bool json) {
+  if (json) {
+    std::cout << nlohmann::ordered_json{{"step", failed.step}, {"failure", failed.failure}}.dump() << '\n';
+  } else {
+    std::cout << failed.step << "  failed (" << failed.failure << ") and was skipped\n";
+  }
+}
+
 }  // namespace
 
 int Run(const Explain& command) {
@@ -79,6 +87,7 @@ int Run(const Explain& command) {
       }
       previous = &firing;
     }
+    for (const FailedStep& failed : apartment.failed_steps) PrintFailed(failed, command.json);
     std::cout.flush();
   });
 }

@@ -1,21 +1,21 @@
 // Every chain, and each of its stages, as a routine of one text; and all rules
 // as JSON rows.
+#include "component/all_chains.h"
 #include "registry.h"
-#include "rules/all_chains.h"
 #include "rules/listing.h"
 #include "rules/run.h"
 
 namespace quillary::routine {
 
 void AddChainRoutines(Registry& registry) {
-  for (const rules::Chain* chain : rules::AllChains()) {
+  for (const rules::Chain* chain : component::AllChains()) {
     const auto add = [&](const std::string& name, int stage) {
       registry.Add(name, {Kind::Text}, [chain, stage](Call& call) {
-        rules::Rewriting text(call.text(0), &call.apartment());
+        rules::Rewriting text = StartRewriting(call.apartment(), call.text(0));
         if (stage == 0) {
-          rules::Run(*chain, text);
+          rules::Run(*chain, text, &call.state());
         } else {
-          rules::RunStage(*chain, stage, text);
+          rules::RunStage(*chain, stage, text, &call.state());
         }
         call.result = ToJson(text.text());
       });
@@ -29,7 +29,7 @@ void AddChainRoutines(Registry& registry) {
 
 std::vector<Json> RuleRows() {
   std::vector<Json> rows;
-  for (const rules::Chain* chain : rules::AllChains()) {
+  for (const rules::Chain* chain : component::AllChains()) {
     for (const rules::RuleRow& row : rules::ListRules(*chain)) {
       rows.push_back({{"chain", chain->name},
                       {"stage", row.stage},

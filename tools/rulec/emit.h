@@ -12,7 +12,5 @@ namespace quillary::rulec {
 std::string EmitTables(const std::vector<FlatChain>& chains, const std::string& name);
 std::string EmitHeader(const std::vector<FlatChain>& chains, const std::string& name);
 std::string EmitSentinels(const Sentinels& sentinels);
-/// The registry of all chains, in the given order.
-std::string EmitRegistry(const std::vector<std::string>& chain_names);
 
 }  // namespace quillary::rulec

@@ -2,13 +2,11 @@
 //
 //   rulec --sentinels FILE --name src/links/foo.rules INPUT OUT.cpp OUT.h
 //   rulec --sentinels-header FILE OUT.h
-//   rulec --registry ORDER OUT.cpp INPUT...
 //   rulec --masking SENTINELS INPUT...
 //
 // The last prints the rules that an earlier rule of their stage always eats.
 //
 // A malformed rule file ends it with "file:line: cause" and status 1.
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -75,34 +73,6 @@ void Compile(const std::string& sentinels, const std::string& name, const std::s
   WriteFile(tables, EmitTables(chains, name));
 }
 
-// The names of the chains of a rule file, without the rest of it.
-std::vector<std::string> ChainNames(const std::string& path) {
-  std::vector<std::string> names;
-  std::ifstream in(path);
-  if (!in) throw BadFile(path + ": cannot be read");
-  std::string line;
-  while (std::getline(in, line)) {
-    if (line.starts_with("chain ")) names.push_back(line.substr(6, line.find(' ', 6) - 6));
-  }
-  return names;
-}
-
-void Register(const std::string& order, const std::string& output, const Arguments& inputs) {
-  std::vector<std::string> ranks;
-  std::ifstream in(order);
-  if (!in) throw BadFile(order + ": cannot be read");
-  for (std::string line; std::getline(in, line);) ranks.push_back(line);
-  std::vector<std::string> chains;
-  for (const std::string& input : inputs) {
-    for (std::string& name : ChainNames(input)) chains.push_back(std::move(name));
-  }
-  const auto rank = [&](const std::string& name) { return std::find(ranks.begin(), ranks.end(), name); };
-  std::stable_sort(chains.begin(), chains.end(), [&](const std::string& left, const std::string& right) {
-    return rank(left) < rank(right);
-  });
-  WriteFile(output, EmitRegistry(chains));
-}
-
 void ReportMasked(const std::string& sentinels, const Arguments& inputs) {
   const Sentinels known = SentinelsOf(sentinels);
   for (const std::string& input : inputs) {
@@ -125,14 +95,11 @@ int Main(const Arguments& arguments) {
     Compile(arguments[1], arguments[3], arguments[4], arguments[5], arguments[6]);
   } else if (arguments.size() == 3 && arguments[0] == "--sentinels-header") {
     WriteFile(arguments[2], EmitSentinels(SentinelsOf(arguments[1])));
-  } else if (arguments.size() >= 3 && arguments[0] == "--registry") {
-    Register(arguments[1], arguments[2], {arguments.begin() + 3, arguments.end()});
   } else if (arguments.size() >= 2 && arguments[0] == "--masking") {
     ReportMasked(arguments[1], {arguments.begin() + 2, arguments.end()});
   } else {
     std::cerr << "usage: rulec --sentinels FILE --name NAME INPUT OUT.cpp OUT.h\n"
                  "       rulec --sentinels-header FILE OUT.h\n"
-                 "       rulec --registry ORDER OUT.cpp INPUT...\n"
                  "       rulec --masking SENTINELS INPUT...\n";
     return 2;
   }

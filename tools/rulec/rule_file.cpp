@@ -99,6 +99,7 @@ class Reader {
     chain.scan_namespace = default_namespace_;
     if (const auto mode = TakeMode(line)) chain.mode = *mode;
     if (line.Take("namespace")) chain.scan_namespace = Name(line, "namespace without a name");
+    if (line.Take("state")) chain.state = Name(line, "state without a type");
     line.End();
     for (const ChainSource& other : chains_) {
       if (other.name == chain.name) line.Fail("duplicate chain: " + chain.name);
@@ -141,6 +142,12 @@ class Reader {
       node.kind = Node::Kind::Scan;
       node.scan = Name(line, "scan without a name");
       if (chains_.back().scan_namespace.empty()) line.Fail("scan in a chain without a namespace");
+      if (line.Take("reads")) node.state_use = StateUse::Reads;
+      if (line.Take("changes")) node.state_use = StateUse::Changes;
+      if (node.state_use != StateUse::None) {
+        if (!line.Take("state")) line.Fail("a scan reads or changes state");
+        if (chains_.back().state.empty()) line.Fail("scan with state in a chain without one");
+      }
       line.End();
     } else if (line.NextIsLiteral()) {
       ReadRule(line, node);

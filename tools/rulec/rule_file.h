@@ -52,6 +52,9 @@ struct Asked {
   std::uint32_t units = 0;
 };
 
+/// What a scan does with the state of its chain.
+enum class StateUse { None, Reads, Changes };
+
 struct Node {
   enum class Kind { Rule, When, For, Scan };
   Kind kind = Kind::Rule;
@@ -63,7 +66,8 @@ struct Node {
   std::vector<Family> families;   // of a rule or a for block, the first outermost
   std::vector<Asked> conditions;  // of a guard
   std::string scan;
-  std::vector<Node> body;  // of a guard or a for block
+  StateUse state_use = StateUse::None;  // of a scan
+  std::vector<Node> body;               // of a guard or a for block
 };
 
 struct StageSource {
@@ -75,6 +79,7 @@ struct StageSource {
 struct ChainSource {
   std::string name;
   std::string scan_namespace;
+  std::string state;  // the type of the state that its scans use, empty if none does
   Compare mode = Compare::Binary;
   std::vector<StageSource> stages;
 };

@@ -182,7 +182,7 @@ TEST(RewriteChains, CutListGroupsAsTheLoopDoes) {
     // Without the rules in front of it: they would change the fonts.
     rules::Rewriting rewriting(text);
     for (const rules::Step& step : Headings().steps) {
-      if (step.kind == rules::Step::Kind::Scan) step.scan(rewriting);
+      if (step.kind == rules::Step::Kind::Scan) step.scan(rewriting, nullptr);
     }
     ASSERT_EQ(rewriting.text(), looped) << rulec::ToUtf8(text);
   }

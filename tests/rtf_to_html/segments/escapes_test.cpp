@@ -84,7 +84,7 @@ Text SlowForeignRuns(Apartment& apartment, Text body, const Text& head) {
 Apartment ForeignDocument() {
   Apartment apartment;
   RtfToHtmlState& state = apartment.rtf_to_html;
-  state.ForeignCharsets = u"yes";
+  state.ForeignCharsets = true;
   const std::int16_t charsets[] = {0, 204, 128, 238, 161, 2, 136, 162, 0, 0, 0, 222, 134};
   state.FontCount = 12;
   state.FontCharsets.Size(12);
@@ -163,7 +163,7 @@ TEST(ForeignRuns, WithoutADecoderTheTextStays) {
 
 TEST(ForeignRuns, WesternDocumentsCreateNoDecoder) {
   Apartment apartment = ForeignDocument();
-  apartment.rtf_to_html.ForeignCharsets = u"no";
+  apartment.rtf_to_html.ForeignCharsets = false;
   bool created = false;
   apartment.services.code_page_decoder = [&created] {
     created = true;
@@ -189,8 +189,8 @@ TEST(ByteMaps, EveryByte) {
                   {0xF0, u"&#287;"},
                   {0xFD, u"&#305;"},
                   {0xFE, u"&#351;"}});
-  const std::pair<TextView, std::map<int, Text>*> maps[] = {
-      {u"english", nullptr}, {u"greek", &greek}, {u"turkish", &turkish}};
+  const std::pair<LanguageModes, std::map<int, Text>*> maps[] = {
+      {LanguageModes::English, nullptr}, {LanguageModes::Greek, &greek}, {LanguageModes::Turkish, &turkish}};
   for (const auto& [language, special] : maps) {
     Apartment apartment;
     apartment.rtf_to_html.LanguageMode = language;

@@ -1,15 +1,10 @@
-#include "html_finishing/finish_entities_and_lists.h"
-
-#include "html_finishing/finish_entities_and_lists.rules.h"
-#include "rules/run.h"
+#include "html_finishing/collapse_first_list.h"
 
 namespace quillary::html_finishing {
 
 namespace {
 constexpr TextView list_start = u"<ul><li>";
 }
-
-void FinishEntitiesAndLists(rules::Rewriting& page) { rules::Run(chains::FinishEntitiesAndLists, page); }
 
 Text CollapseFirstList(Text html) {
   constexpr TextView list_end = u"</li></ul>";
