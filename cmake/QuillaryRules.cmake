@@ -21,15 +21,17 @@ function(quillary_rules target)
 endfunction()
 
 # quillary_chain_registry(TARGET): adds the list of every chain compiled so
-# far to the target, in the order of src/rules/running_order.
+# far to the target, in the order of src/rules/running_order; a shared name that
+# no rule file uses is an error here.
 function(quillary_chain_registry target)
   get_property(files GLOBAL PROPERTY QUILLARY_RULE_FILES)
+  set(sentinels ${PROJECT_SOURCE_DIR}/src/rules/sentinels.rules)
   set(order ${PROJECT_SOURCE_DIR}/src/rules/running_order)
   set(output ${PROJECT_BINARY_DIR}/rules/rules/all_chains.cpp)
   add_custom_command(
     OUTPUT ${output}
-    COMMAND rulec --registry ${order} ${output} ${files}
-    DEPENDS rulec ${order} ${files}
+    COMMAND rulec --registry ${sentinels} ${order} ${output} ${files}
+    DEPENDS rulec ${sentinels} ${order} ${files}
     VERBATIM)
   target_sources(${target} PRIVATE ${output})
 endfunction()

@@ -45,13 +45,13 @@ Literal ReadLiteral(const std::string& source, std::size_t line, const Scope& sc
       plain += u'\n';
     } else if (unit < 0x20) {
       throw Malformed(line, "control character in a literal");
-    } else if (const std::string sentinel = unit == u'‹' ? NameAt(text, at - 1, u'›') : "";
-               !sentinel.empty()) {
-      const auto found = std::find_if(scope.sentinels.begin(), scope.sentinels.end(),
-                                      [&](const Sentinel& known) { return known.name == sentinel; });
-      if (found == scope.sentinels.end()) throw Malformed(line, "unknown sentinel: " + sentinel);
+    } else if (const std::string used = unit == u'‹' ? NameAt(text, at - 1, u'›') : ""; !used.empty()) {
+      const auto found = std::find_if(scope.names.begin(), scope.names.end(),
+                                      [&](const Named& known) { return known.name == used; });
+      if (found == scope.names.end()) throw Malformed(line, "unknown name: " + used);
+      if (scope.used != nullptr) scope.used->insert(used);
       plain += found->text;
-      at += sentinel.size() + 1;
+      at += used.size() + 1;
     } else if (const std::string name = unit == u'<' ? NameAt(text, at - 1, u'>') : "";
                scope.placeholders.contains(name)) {
       literal.push_back({true, name, u""});

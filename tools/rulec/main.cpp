@@ -2,7 +2,7 @@
 //
 //   rulec --sentinels FILE --name src/links/foo.rules INPUT OUT.cpp OUT.h
 //   rulec --sentinels-header FILE OUT.h
-//   rulec --registry ORDER OUT.cpp INPUT...
+//   rulec --registry SENTINELS ORDER OUT.cpp INPUT...
 //   rulec --masking SENTINELS INPUT...
 //
 // The last prints the rules that an earlier rule of their stage always eats.
@@ -13,6 +13,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -54,11 +55,11 @@ auto Of(const std::string& path, Action&& action) {
   }
 }
 
-Sentinels SentinelsOf(const std::string& path) {
-  return Of(path, [&] { return ReadSentinels(ReadFile(path)); });
+Names NamesOf(const std::string& path, std::set<std::string>* used = nullptr) {
+  return Of(path, [&] { return ReadSentinels(ReadFile(path), used); });
 }
 
-std::vector<FlatChain> ChainsOf(const std::string& path, const Sentinels& known, const std::string& folder) {
+std::vector<FlatChain> ChainsOf(const std::string& path, const Names& known, const std::string& folder) {
   return Of(path, [&] {
     std::vector<FlatChain> flat;
     for (const ChainSource& chain : ReadRules(ReadFile(path), known, folder)) flat.push_back(Expand(chain));
@@ -69,33 +70,26 @@ std::vector<FlatChain> ChainsOf(const std::string& path, const Sentinels& known,
 void Compile(const std::string& sentinels, const std::string& name, const std::string& input,
              const std::string& tables, const std::string& header) {
   const std::string folder = std::filesystem::path(name).parent_path().filename();
-  std::vector<FlatChain> chains = ChainsOf(input, SentinelsOf(sentinels), folder);
+  std::vector<FlatChain> chains = ChainsOf(input, NamesOf(sentinels), folder);
   for (FlatChain& chain : chains) CutIntoBlocks(chain);
   WriteFile(header, EmitHeader(chains, name));
   WriteFile(tables, EmitTables(chains, name));
 }
 
-// The names of the chains of a rule file, without the rest of it.
-std::vector<std::string> ChainNames(const std::string& path) {
-  std::vector<std::string> names;
-  std::ifstream in(path);
-  if (!in) throw BadFile(path + ": cannot be read");
-  std::string line;
-  while (std::getline(in, line)) {
-    if (line.starts_with("chain ")) names.push_back(line.substr(6, line.find(' ', 6) - 6));
-  }
-  return names;
-}
-
-void Register(const std::string& order, const std::string& output, const Arguments& inputs) {
+void Register(const std::string& sentinels, const std::string& order, const std::string& output,
+              const Arguments& inputs) {
   std::vector<std::string> ranks;
   std::ifstream in(order);
   if (!in) throw BadFile(order + ": cannot be read");
   for (std::string line; std::getline(in, line);) ranks.push_back(line);
+  std::set<std::string> used;
+  const Names known = NamesOf(sentinels, &used);
   std::vector<std::string> chains;
   for (const std::string& input : inputs) {
-    for (std::string& name : ChainNames(input)) chains.push_back(std::move(name));
+    const auto read = [&] { return ReadRules(ReadFile(input), known, "any", &used); };
+    for (const ChainSource& chain : Of(input, read)) chains.push_back(chain.name);
   }
+  Of(sentinels, [&] { CheckAllUsed(known, used); });
   const auto rank = [&](const std::string& name) { return std::find(ranks.begin(), ranks.end(), name); };
   std::stable_sort(chains.begin(), chains.end(), [&](const std::string& left, const std::string& right) {
     return rank(left) < rank(right);
@@ -104,7 +98,7 @@ void Register(const std::string& order, const std::string& output, const Argumen
 }
 
 void ReportMasked(const std::string& sentinels, const Arguments& inputs) {
-  const Sentinels known = SentinelsOf(sentinels);
+  const Names known = NamesOf(sentinels);
   for (const std::string& input : inputs) {
     for (const FlatChain& chain :
          ChainsOf(input, known, std::filesystem::path(input).parent_path().filename())) {
@@ -124,15 +118,15 @@ int Main(const Arguments& arguments) {
   if (arguments.size() == 7 && arguments[0] == "--sentinels" && arguments[2] == "--name") {
     Compile(arguments[1], arguments[3], arguments[4], arguments[5], arguments[6]);
   } else if (arguments.size() == 3 && arguments[0] == "--sentinels-header") {
-    WriteFile(arguments[2], EmitSentinels(SentinelsOf(arguments[1])));
-  } else if (arguments.size() >= 3 && arguments[0] == "--registry") {
-    Register(arguments[1], arguments[2], {arguments.begin() + 3, arguments.end()});
+    WriteFile(arguments[2], EmitSentinels(NamesOf(arguments[1])));
+  } else if (arguments.size() >= 4 && arguments[0] == "--registry") {
+    Register(arguments[1], arguments[2], arguments[3], {arguments.begin() + 4, arguments.end()});
   } else if (arguments.size() >= 2 && arguments[0] == "--masking") {
     ReportMasked(arguments[1], {arguments.begin() + 2, arguments.end()});
   } else {
     std::cerr << "usage: rulec --sentinels FILE --name NAME INPUT OUT.cpp OUT.h\n"
                  "       rulec --sentinels-header FILE OUT.h\n"
-                 "       rulec --registry ORDER OUT.cpp INPUT...\n"
+                 "       rulec --registry SENTINELS ORDER OUT.cpp INPUT...\n"
                  "       rulec --masking SENTINELS INPUT...\n";
     return 2;
   }
