@@ -1,4 +1,5 @@
-// Literals: visible spaces and line ends, names and placeholders.
+// Literals: visible spaces and line ends, characters by number, names and
+// placeholders.
 #pragma once
 
 #include <set>
