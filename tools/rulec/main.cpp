@@ -4,8 +4,10 @@
 //   rulec --sentinels-header FILE OUT.h
 //   rulec --registry SENTINELS ORDER OUT.cpp INPUT...
 //   rulec --masking SENTINELS INPUT...
+//   rulec --format [--check] FILE...
 //
-// The last prints the rules that an earlier rule of their stage always eats.
+// --masking prints the rules that an earlier rule of their stage always eats.
+// --format lays rule files out; with --check it only names those that are not.
 //
 // A malformed rule file ends it with "file:line: cause" and status 1.
 #include <algorithm>
@@ -20,8 +22,10 @@
 #include "emit.h"
 #include "expand.h"
 #include "grams.h"
+#include "layout.h"
 #include "masking.h"
 #include "rule_file.h"
+#include "rules/notation.h"
 
 namespace quillary::rulec {
 namespace {
@@ -104,8 +108,8 @@ void ReportMasked(const std::string& sentinels, const Arguments& inputs) {
          ChainsOf(input, known, std::filesystem::path(input).parent_path().filename())) {
       for (const Masked& masked : FindMasked(chain)) {
         std::cout << input << ':' << masked.rule->line << ": " << chain.name << ": "
-                  << ToUtf8(masked.rule->find) << "\n    is eaten in line " << masked.by->line << " by "
-                  << ToUtf8(masked.by->find) << '\n';
+                  << ToUtf8(rules::Written(masked.rule->find)) << "\n    is eaten in line " << masked.by->line
+                  << " by " << ToUtf8(rules::Written(masked.by->find)) << '\n';
         if (masked.joined_by != nullptr) {
           std::cout << "    unless line " << masked.joined_by->line << " joins its parts again\n";
         }
@@ -114,8 +118,33 @@ void ReportMasked(const std::string& sentinels, const Arguments& inputs) {
   }
 }
 
+void Format(const Arguments& files) {
+  for (const std::string& file : files) {
+    const std::string source = ReadFile(file);
+    const std::string laid_out = Of(file, [&] { return LaidOut(source); });
+    if (laid_out != source) WriteFile(file, laid_out);
+  }
+}
+
+// Names the files that are not laid out; whether there are none.
+bool CheckFormat(const Arguments& files) {
+  bool all_are = true;
+  for (const std::string& file : files) {
+    const std::string source = ReadFile(file);
+    if (Of(file, [&] { return LaidOut(source); }) == source) continue;
+    std::cerr << file << ": not laid out; rulec --format does it\n";
+    all_are = false;
+  }
+  return all_are;
+}
+
 int Main(const Arguments& arguments) {
-  if (arguments.size() == 7 && arguments[0] == "--sentinels" && arguments[2] == "--name") {
+  if (arguments.size() >= 3 && arguments[0] == "--format" && arguments[1] == "--check") {
+    return CheckFormat({arguments.begin() + 2, arguments.end()}) ? 0 : 1;
+  }
+  if (arguments.size() >= 2 && arguments[0] == "--format") {
+    Format({arguments.begin() + 1, arguments.end()});
+  } else if (arguments.size() == 7 && arguments[0] == "--sentinels" && arguments[2] == "--name") {
     Compile(arguments[1], arguments[3], arguments[4], arguments[5], arguments[6]);
   } else if (arguments.size() == 3 && arguments[0] == "--sentinels-header") {
     WriteFile(arguments[2], EmitSentinels(NamesOf(arguments[1])));
@@ -127,7 +156,8 @@ int Main(const Arguments& arguments) {
     std::cerr << "usage: rulec --sentinels FILE --name NAME INPUT OUT.cpp OUT.h\n"
                  "       rulec --sentinels-header FILE OUT.h\n"
                  "       rulec --registry SENTINELS ORDER OUT.cpp INPUT...\n"
-                 "       rulec --masking SENTINELS INPUT...\n";
+                 "       rulec --masking SENTINELS INPUT...\n"
+                 "       rulec --format [--check] FILE...\n";
     return 2;
   }
   return 0;
