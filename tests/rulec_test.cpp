@@ -74,7 +74,7 @@ TEST(RuleFile, RefusesWhatIsMalformed) {
   EXPECT_EQ(Refusal("let x ⟨y⟩\n" + used), "1: let without its meaning");
   EXPECT_EQ(Refusal("let x ⟨⟩ \"why\"\n" + used), "1: empty let");
   EXPECT_EQ(Refusal(used + "\nlet x ⟨y⟩ \"why\""), "3: unknown name: x");
-  EXPECT_EQ(Refusal(head + "let x ⟨y⟩ \"why\""), "3: let behind a chain");
+  EXPECT_EQ(Refusal(head + "let x ⟨y⟩ \"why\""), "3: let after a chain");
   EXPECT_EQ(Refusal("⟨a⟩ -> ⟨b⟩"), "1: step outside a stage");
   EXPECT_EQ(Refusal("chain Trial\n⟨a⟩ -> ⟨b⟩"), "2: step outside a stage");
 }

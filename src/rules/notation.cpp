@@ -26,7 +26,7 @@ bool IsNameUnit(char16_t unit) {
   return (unit >= u'a' && unit <= u'z') || (unit >= u'0' && unit <= u'9') || unit == u'_';
 }
 
-// Whether `close` stands behind one or more units of the kind.
+// Whether `close` stands after one or more units of the kind.
 bool Encloses(TextView rest, bool (*kind)(char16_t), char16_t close) {
   const auto end = std::find_if_not(rest.begin(), rest.end(), kind);
   return end != rest.begin() && end != rest.end() && *end == close;

@@ -49,7 +49,7 @@ std::string Name(Line& line, const std::string& cause) {
 
 Text Digits(std::int32_t value) { return FromUtf8(std::to_string(value)); }
 
-// What stands behind "sentinel" or "let" becomes one name more; its literal may
+// What stands after "sentinel" or "let" becomes one name more; its literal may
 // use the names before it.
 void ReadNamed(Named::Kind kind, Line& line, Names& names, std::set<std::string>* used) {
   const bool is_sentinel = kind == Named::Kind::Sentinel;
@@ -79,7 +79,7 @@ class Reader {
       Line line = NextLine();
       if (line.empty()) continue;
       if (line.Take("let")) {
-        if (!chains_.empty()) line.Fail("let behind a chain");
+        if (!chains_.empty()) line.Fail("let after a chain");
         ReadNamed(Named::Kind::Literal, line, names_, &used_);
       } else if (line.Take("chain")) {
         ReadChain(line);
