@@ -33,6 +33,7 @@ function(quillary_room folder)
       DEPENDS rulec ${file} ${QUILLARY_SENTINELS}
       VERBATIM)
     list(APPEND sources ${output}.cpp ${output}.h)
+    set_property(GLOBAL APPEND PROPERTY QUILLARY_RULE_FILES ${file})
   endforeach()
 
   if(sources)

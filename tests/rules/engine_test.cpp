@@ -6,7 +6,7 @@
 #include <random>
 
 #include "rules/chain_twin.h"
-#include "rules/explain.h"
+#include "rules/firing_log.h"
 #include "text/failure.h"
 #include "text/search.h"
 
@@ -235,15 +235,6 @@ TEST(FiringLog, NotesEachRuleOnceWithItsFirstHit) {
   EXPECT_EQ(first.after, u"-bb-bb-");
   EXPECT_EQ(log.firings()[1].count, 2U);
   EXPECT_EQ(log.firings()[1].after, u"--bb-");
-}
-
-TEST(FiringLog, IsToldInTheLanguageOfTheRules) {
-  const MadeChain made("chain Told binary\nstage one \"A.\"\n  ⟨a b⏎⟩ -> ⟨c⟩\n");
-  const rules::Chain* const chains[] = {&made.chain()};
-  const std::vector<rules::Firing> firings = rules::Explain(chains, u"xa b\r\n\r");
-  ASSERT_EQ(firings.size(), 1U);
-  EXPECT_EQ(rules::Described(firings[0]),
-            u"made.rules:3  Told/1 one  x1\n  rule    ⟨a␣b⏎⟩ -> ⟨c⟩\n  before  ⟨xa␣b⏎␍⟩\n  after   ⟨xc␍⟩\n");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "component/all_chains.h"
 #include "registry.h"
 #include "rules/listing.h"
+#include "rules/notation.h"
 #include "rules/run.h"
 
 namespace quillary::routine {
@@ -38,7 +39,8 @@ std::vector<Json> RuleRows() {
                       {"with", ToJson(row.rule->with)},
                       {"mode", static_cast<int>(row.rule->mode)},
                       {"limit", row.rule->limit < 0 ? Json(nullptr) : Json(row.rule->limit)},
-                      {"where", rules::Where(*chain, *row.rule)}});
+                      {"where", rules::Where(*chain, *row.rule)},
+                      {"rule", ToJson(rules::Written(*row.rule))}});
     }
   }
   return rows;

@@ -219,10 +219,11 @@ std::string EmitHeader(const std::vector<FlatChain>& chains, const std::string& 
   return out.str();
 }
 
-std::string EmitSentinels(const Sentinels& sentinels) {
+std::string EmitSentinels(const Names& names) {
   std::ostringstream out;
   out << made_by << "#pragma once\n\n#include \"text/text.h\"\n\nnamespace quillary::sentinels {\n\n";
-  for (const Sentinel& sentinel : sentinels) {
+  for (const Named& sentinel : names) {
+    if (sentinel.kind != Named::Kind::Sentinel) continue;
     out << "/// " << sentinel.meaning << "\ninline constexpr TextView " << sentinel.name << " = "
         << Quoted(sentinel.text) << ";\n";
   }

@@ -11,6 +11,7 @@ namespace quillary::rulec {
 /// `name` is the file's path as diagnostics show it, "src/links/foo.rules".
 std::string EmitTables(const std::vector<FlatChain>& chains, const std::string& name);
 std::string EmitHeader(const std::vector<FlatChain>& chains, const std::string& name);
-std::string EmitSentinels(const Sentinels& sentinels);
+/// The sentinels among the names as constants.
+std::string EmitSentinels(const Names& names);
 
 }  // namespace quillary::rulec

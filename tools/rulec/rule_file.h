@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <map>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -23,12 +24,17 @@ class Malformed : public std::runtime_error {
   std::size_t line_;
 };
 
-struct Sentinel {
+/// A text that literals may write as ‹name›: a sentinel, which C++ code knows
+/// too, or a text that stands so often in rules that it was given a name.
+struct Named {
+  enum class Kind { Sentinel, Literal };
+  Kind kind = Kind::Sentinel;
   std::string name;
   Text text;
   std::string meaning;
+  std::size_t line = 0;
 };
-using Sentinels = std::vector<Sentinel>;
+using Names = std::vector<Named>;
 
 /// A literal is a row of texts and placeholders.
 struct Piece {
@@ -84,10 +90,19 @@ struct ChainSource {
   std::vector<StageSource> stages;
 };
 
+/// The names that all rule files share, "sentinels.rules"; adds those that it
+/// uses itself to `used`, unless that is null. Throws Malformed.
+Names ReadSentinels(std::string_view source, std::set<std::string>* used = nullptr);
+
+/// Adds the shared names that the file uses to `used`, unless that is null.
 /// Throws Malformed.
-Sentinels ReadSentinels(std::string_view source);
-std::vector<ChainSource> ReadRules(std::string_view source, const Sentinels& sentinels,
-                                   const std::string& default_namespace);
+std::vector<ChainSource> ReadRules(std::string_view source, const Names& shared,
+                                   const std::string& default_namespace,
+                                   std::set<std::string>* used = nullptr);
+
+/// Throws Malformed for a shared literal that no rule file uses. A sentinel
+/// may be used by code alone.
+void CheckAllUsed(const Names& shared, const std::set<std::string>& used);
 
 Text FromUtf8(std::string_view bytes);
 std::string ToUtf8(TextView text);

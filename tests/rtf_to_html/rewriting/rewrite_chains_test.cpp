@@ -11,6 +11,7 @@
 #include "rtf_to_html/rewriting/rewrite_bullets.rules.h"
 #include "rtf_to_html/rewriting/rewrite_headings.rules.h"
 #include "rules/chain_twin.h"
+#include "rules/notation.h"
 
 namespace quillary {
 namespace {
@@ -142,7 +143,7 @@ TEST(RewriteChains, DoStageByStageWhatIsWanted) {
   };
   for (const StageCase& one : cases) {
     EXPECT_EQ(RanStage(one.chain, one.stage, Text(one.before)), one.after)
-        << one.chain.name << "/" << one.stage << " on \"" << rulec::ToUtf8(one.before) << "\"";
+        << one.chain.name << "/" << one.stage << " on " << rulec::ToUtf8(rules::Written(one.before));
   }
 }
 
@@ -184,7 +185,7 @@ TEST(RewriteChains, CutListGroupsAsTheLoopDoes) {
     for (const rules::Step& step : Headings().steps) {
       if (step.kind == rules::Step::Kind::Scan) step.scan(rewriting, nullptr);
     }
-    ASSERT_EQ(rewriting.text(), looped) << rulec::ToUtf8(text);
+    ASSERT_EQ(rewriting.text(), looped) << rulec::ToUtf8(rules::Written(text));
   }
 }
 
