@@ -153,13 +153,6 @@ TEST(RewriteChains, MendDoubledFontsInShortTextsOnly) {
   EXPECT_EQ(RanStage(Headings(), stage, Text(9991, u'x') + doubled), Text(9991, u'x') + doubled);
 }
 
-TEST(RewriteChains, HaveAsManyRulesAndStagesAsWereTakenDown) {
-  EXPECT_EQ(Bullets().rules.size(), 267U);
-  EXPECT_EQ(Bullets().stages.size(), 14U);
-  EXPECT_EQ(Headings().rules.size(), 887U);
-  EXPECT_EQ(Headings().stages.size(), 23U);
-}
-
 // The scan over groups against the loop it stands for.
 TEST(RewriteChains, CutListGroupsAsTheLoopDoes) {
   const Text start = u"{\\*\\pn\\pnlvlblt\\pnf1\\";

@@ -3,9 +3,6 @@
 //   rulec --sentinels FILE --name src/links/foo.rules INPUT OUT.cpp OUT.h
 //   rulec --sentinels-header FILE OUT.h
 //   rulec --registry ORDER OUT.cpp INPUT...
-//   rulec --masking SENTINELS INPUT...
-//
-// The last prints the rules that an earlier rule of their stage always eats.
 //
 // A malformed rule file ends it with "file:line: cause" and status 1.
 #include <algorithm>
@@ -19,7 +16,6 @@
 #include "emit.h"
 #include "expand.h"
 #include "grams.h"
-#include "masking.h"
 #include "rule_file.h"
 
 namespace quillary::rulec {
@@ -103,23 +99,6 @@ void Register(const std::string& order, const std::string& output, const Argumen
   WriteFile(output, EmitRegistry(chains));
 }
 
-void ReportMasked(const std::string& sentinels, const Arguments& inputs) {
-  const Sentinels known = SentinelsOf(sentinels);
-  for (const std::string& input : inputs) {
-    for (const FlatChain& chain :
-         ChainsOf(input, known, std::filesystem::path(input).parent_path().filename())) {
-      for (const Masked& masked : FindMasked(chain)) {
-        std::cout << input << ':' << masked.rule->line << ": " << chain.name << ": "
-                  << ToUtf8(masked.rule->find) << "\n    is eaten in line " << masked.by->line << " by "
-                  << ToUtf8(masked.by->find) << '\n';
-        if (masked.joined_by != nullptr) {
-          std::cout << "    unless line " << masked.joined_by->line << " joins its parts again\n";
-        }
-      }
-    }
-  }
-}
-
 int Main(const Arguments& arguments) {
   if (arguments.size() == 7 && arguments[0] == "--sentinels" && arguments[2] == "--name") {
     Compile(arguments[1], arguments[3], arguments[4], arguments[5], arguments[6]);
@@ -127,13 +106,10 @@ int Main(const Arguments& arguments) {
     WriteFile(arguments[2], EmitSentinels(SentinelsOf(arguments[1])));
   } else if (arguments.size() >= 3 && arguments[0] == "--registry") {
     Register(arguments[1], arguments[2], {arguments.begin() + 3, arguments.end()});
-  } else if (arguments.size() >= 2 && arguments[0] == "--masking") {
-    ReportMasked(arguments[1], {arguments.begin() + 2, arguments.end()});
   } else {
     std::cerr << "usage: rulec --sentinels FILE --name NAME INPUT OUT.cpp OUT.h\n"
                  "       rulec --sentinels-header FILE OUT.h\n"
-                 "       rulec --registry ORDER OUT.cpp INPUT...\n"
-                 "       rulec --masking SENTINELS INPUT...\n";
+                 "       rulec --registry ORDER OUT.cpp INPUT...\n";
     return 2;
   }
   return 0;

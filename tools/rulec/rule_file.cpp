@@ -71,6 +71,8 @@ class Reader {
     return std::move(chains_);
   }
 
+  std::vector<Family> Families(Line& line) { return ReadFamilies(line); }
+
  private:
   Line NextLine() {
     const std::string_view source = lines_[next_++];
@@ -304,6 +306,10 @@ Sentinels ReadSentinels(std::string_view source) {
 std::vector<ChainSource> ReadRules(std::string_view source, const Sentinels& sentinels,
                                    const std::string& default_namespace) {
   return Reader(source, sentinels, default_namespace).Read();
+}
+
+std::vector<Family> ReadFamilies(Line& line, const Sentinels& sentinels) {
+  return Reader("", sentinels, "").Families(line);
 }
 
 }  // namespace quillary::rulec

@@ -84,6 +84,10 @@ Sentinels ReadSentinels(std::string_view source);
 std::vector<ChainSource> ReadRules(std::string_view source, const Sentinels& sentinels,
                                    const std::string& default_namespace);
 
+class Line;
+/// The families after a "for" that stands outside a rule file.
+std::vector<Family> ReadFamilies(Line& line, const Sentinels& sentinels);
+
 Text FromUtf8(std::string_view bytes);
 std::string ToUtf8(TextView text);
 

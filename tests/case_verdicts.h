@@ -1,0 +1,38 @@
+// Whether rules do what a case promises, and which of them fired.
+#pragma once
+
+#include <set>
+
+#include "case_file.h"
+#include "rules/rule.h"
+
+namespace quillary {
+
+using Fired = std::set<const rules::Rule*>;
+
+/// What targets make of a text.
+struct Outcome {
+  Text text;
+  Fired fired;
+  std::string unknown;  // a target that does not exist
+};
+
+Outcome RanOver(const std::vector<CaseTarget>& targets, const Text& text);
+
+/// A text as a case file writes it.
+std::string Spelled(TextView text);
+
+struct Verdict {
+  std::size_t line = 0;
+  Fired fired;          // by a case that holds
+  std::string failure;  // empty if it holds
+};
+
+/// `manner` says what a failure of the case is. `folded` compares without
+/// regard to case.
+Verdict Judge(const RuleCase& one, const char* manner, bool folded = false);
+
+/// Of every from with its to; an any-case has two.
+std::vector<Verdict> JudgeChanges(const CaseFile& file, const rulec::Sentinels& sentinels);
+
+}  // namespace quillary
