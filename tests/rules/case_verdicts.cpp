@@ -1,4 +1,4 @@
-#include "case_verdicts.h"
+#include "rules/case_verdicts.h"
 
 #include <algorithm>
 

@@ -9,9 +9,9 @@
 #include <optional>
 #include <set>
 
-#include "case_file.h"
-#include "case_verdicts.h"
 #include "rules/all_chains.h"
+#include "rules/case_file.h"
+#include "rules/case_verdicts.h"
 #include "rules/explain.h"
 #include "rules/listing.h"
 

@@ -3,7 +3,7 @@
 
 #include <set>
 
-#include "case_file.h"
+#include "rules/case_file.h"
 #include "rules/rule.h"
 
 namespace quillary {

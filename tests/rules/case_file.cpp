@@ -1,4 +1,4 @@
-#include "case_file.h"
+#include "rules/case_file.h"
 
 #include <functional>
 #include <optional>
