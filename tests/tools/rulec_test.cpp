@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "expand.h"
-#include "masking.h"
 #include "rule_file.h"
 
 namespace quillary::rulec {
@@ -104,33 +103,6 @@ TEST(RuleFile, WritesFamiliesOutInOrder) {
   ASSERT_EQ(chain.steps.size(), 5U);
   EXPECT_EQ(chain.steps[1].skip, 3U);
   EXPECT_EQ(chain.steps[3].skip, 5U);
-}
-
-TEST(Masking, NamesTheRuleThatEatsAnother) {
-  const FlatChain chain = Compiled(
-      "⟨ab⟩ -> ⟨x⟩\n"
-      "⟨cABc⟩ -> ⟨y⟩ binary\n"  // eaten by line 3
-      "⟨cd⟩ -> ⟨x⟩ binary\n"
-      "⟨cde⟩ -> ⟨y⟩\n"  // "CDE" is left
-      "⟨12⟩ -> ⟨x⟩ binary\n"
-      "⟨123⟩ -> ⟨y⟩\n"  // eaten by line 7
-      "⟨p⟩ -> ⟨pp⟩\n"
-      "⟨pp⟩ -> ⟨q⟩\n"  // brought back
-      "⟨f⟩ -> ⟨⟩ first 1\n"
-      "⟨ff⟩ -> ⟨⟩\n"                            // one is left
-      "when ⟨u⟩\n⟨g⟩ -> ⟨⟩\n⟨gg⟩ -> ⟨⟩\nend\n"  // eaten by line 14
-      "⟨ggg⟩ -> ⟨⟩\n"                           // without a "u" it is left
-      "⟨k⟩ -> ⟨⟩\n⟨z⟩ -> ⟨kk⟩\n⟨kk⟩ -> ⟨⟩\n"
-      "⟨<td>␣⟩ -> ⟨</td><td>⟩\n⟨<td>␣</td>⟩ -> ⟨⟩\n"  // eaten by line 21, not joined
-      "⟨<table></td><td>␣</td>⟩ -> ⟨⟩\n");            // eaten by the nearest, line 22
-  std::vector<std::array<std::size_t, 3>> lines;
-  for (const Masked& masked : FindMasked(chain)) {
-    const std::size_t joined_by = masked.joined_by == nullptr ? 0 : masked.joined_by->line;
-    lines.push_back({masked.rule->line, masked.by->line, joined_by});
-  }
-  const std::vector<std::array<std::size_t, 3>> expected = {
-      {4, 3, 3}, {8, 7, 7}, {15, 14, 14}, {22, 21, 0}, {23, 22, 22}};
-  EXPECT_EQ(lines, expected);
 }
 
 TEST(RuleFile, PutsInNamedLiteralsAndTellsSharedOnesThatNobodyUses) {

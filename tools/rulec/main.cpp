@@ -3,10 +3,8 @@
 //   rulec --sentinels FILE --name src/links/foo.rules INPUT OUT.cpp OUT.h
 //   rulec --sentinels-header FILE OUT.h
 //   rulec --check-names SENTINELS STAMP INPUT...
-//   rulec --masking SENTINELS INPUT...
 //   rulec --format [--check] FILE...
 //
-// --masking prints the rules that an earlier rule of their stage always eats.
 // --format lays rule files out; with --check it only names those that are not.
 //
 // A malformed rule file ends it with "file:line: cause" and status 1.
@@ -22,9 +20,7 @@
 #include "expand.h"
 #include "grams.h"
 #include "layout.h"
-#include "masking.h"
 #include "rule_file.h"
-#include "rules/notation.h"
 
 namespace quillary::rulec {
 namespace {
@@ -90,23 +86,6 @@ void CheckNames(const std::string& sentinels, const std::string& stamp, const Ar
   WriteFile(stamp, "");
 }
 
-void ReportMasked(const std::string& sentinels, const Arguments& inputs) {
-  const Names known = NamesOf(sentinels);
-  for (const std::string& input : inputs) {
-    for (const FlatChain& chain :
-         ChainsOf(input, known, std::filesystem::path(input).parent_path().filename())) {
-      for (const Masked& masked : FindMasked(chain)) {
-        std::cout << input << ':' << masked.rule->line << ": " << chain.name << ": "
-                  << ToUtf8(rules::Written(masked.rule->find)) << "\n    is eaten in line " << masked.by->line
-                  << " by " << ToUtf8(rules::Written(masked.by->find)) << '\n';
-        if (masked.joined_by != nullptr) {
-          std::cout << "    unless line " << masked.joined_by->line << " joins its parts again\n";
-        }
-      }
-    }
-  }
-}
-
 void Format(const Arguments& files) {
   for (const std::string& file : files) {
     const std::string source = ReadFile(file);
@@ -139,13 +118,10 @@ int Main(const Arguments& arguments) {
     WriteFile(arguments[2], EmitSentinels(NamesOf(arguments[1])));
   } else if (arguments.size() >= 4 && arguments[0] == "--check-names") {
     CheckNames(arguments[1], arguments[2], {arguments.begin() + 3, arguments.end()});
-  } else if (arguments.size() >= 2 && arguments[0] == "--masking") {
-    ReportMasked(arguments[1], {arguments.begin() + 2, arguments.end()});
   } else {
     std::cerr << "usage: rulec --sentinels FILE --name NAME INPUT OUT.cpp OUT.h\n"
                  "       rulec --sentinels-header FILE OUT.h\n"
                  "       rulec --check-names SENTINELS STAMP INPUT...\n"
-                 "       rulec --masking SENTINELS INPUT...\n"
                  "       rulec --format [--check] FILE...\n";
     return 2;
   }

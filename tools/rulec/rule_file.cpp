@@ -94,6 +94,7 @@ class Reader {
 
   const Names& names() const { return names_; }
   const std::set<std::string>& used() const { return used_; }
+  std::vector<Family> Families(Line& line) { return ReadFamilies(line); }
 
  private:
   Line NextLine() {
@@ -339,6 +340,10 @@ void CheckAllUsed(const Names& shared, const std::set<std::string>& used) {
       throw Malformed(named.line, "unused name: " + named.name);
     }
   }
+}
+
+std::vector<Family> ReadFamilies(Line& line, const Names& names) {
+  return Reader("", names, "").Families(line);
 }
 
 }  // namespace quillary::rulec

@@ -104,6 +104,10 @@ std::vector<ChainSource> ReadRules(std::string_view source, const Names& shared,
 /// may be used by code alone.
 void CheckAllUsed(const Names& shared, const std::set<std::string>& used);
 
+class Line;
+/// The families after a "for" that stands outside a rule file.
+std::vector<Family> ReadFamilies(Line& line, const Names& names);
+
 Text FromUtf8(std::string_view bytes);
 std::string ToUtf8(TextView text);
 

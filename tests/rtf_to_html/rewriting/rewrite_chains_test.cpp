@@ -88,7 +88,6 @@ struct StageCase {
 
 TEST(RewriteChains, DoStageByStageWhatIsWanted) {
   namespace bullets = chains::RewriteChainBullets_stages;
-  namespace headings = chains::RewriteChainHeadings_stages;
   const StageCase cases[] = {
       // Two starts get the backslash, the third does not; an empty one counts.
       {Bullets(), bullets::openers, u"\\par \\pard \r\n\\par \\pard a\\par \\pard b",
@@ -116,30 +115,6 @@ TEST(RewriteChains, DoStageByStageWhatIsWanted) {
       {Bullets(), bullets::numbered_items,
        u"\\par {\\pntext\\f0 1)\\tab}\\pard \\par {\\pntext\\f0 9)\\tab}\\pard ",
        u"\\par {\\pntext\\f0 1)\\tab}\\pard \\par \\pard "},
-      // The tenth rule hides the full group that the ones before it made.
-      {Headings(), headings::full_bullet_groups, u"\\par \\par \\pard\\fi-360\\li360\\f1\\'b7\\tab\\f0 x",
-       u"\\par \\pard\\{\\pntext\\f2\\'B7\\tab}\\fi-360\\li360 x"},
-      {Headings(), headings::sizes_before_quotes, u"\\fs1\"\\fs30\"\\fs31\"", u"\\fs1 \"\\fs30 \"\\fs31\""},
-      {Headings(), headings::heading_numbers,
-       u"{\\pntext\\f1 19\\tab}\\pard\\li1440\\sa240\\tx1440 19\\tab a{\\pntext\\f1 "
-       u"20\\tab}\\pard\\li1440\\sa240\\tx1440 20\\tab b",
-       u"a{\\pntext\\f1 20\\tab}\\pard\\li1440\\sa240\\tx1440 20\\tab b"},
-      {Headings(), headings::picture_ends, u"K9iûJ±¢jÍ}}}}}}x k9IÛJ±¢JÍ }y", u"K9iûJ±¢jÍ x K9iûJ±¢jÍ y"},
-      // A prefix is enough.
-      {Headings(), headings::heading_styles, u"\\pard\\keepn\\s12 ", u"2 "},
-      // The marks come first once; a group that the cut completes goes too.
-      {Headings(), headings::list_groups, u"a{\\*\\pn\\pnlvlblt\\pnf7\\x{\\pntxtb\\'b7}}b", u"ab"},
-      {Headings(), headings::list_groups,
-       u"{\\*\\pn\\{\\*\\pn\\pnlvlblt\\pnf1\\x{\\pntxtb\\'b7}}pnlvlblt\\pnf1\\y{\\pntxtb\\'b7}}z", u"z"},
-      {Headings(), headings::list_groups, u"{\\pntxtb\\'b7}}{\\*\\pn\\pnlvlblt\\pnf1\\x{\\pntxtb\\'b7}}",
-       u"{\\pntxtb\\'b7}}{\\*\\pn\\pnlvlblt\\pnf1\\x{\\pntxtb\\'b7}}"},
-      {Headings(), headings::list_groups,
-       u"{\\*\\pn\\pnlvlblt\\pnf1\\x{\\pntxtb\\'b7}}{\\pntxtb\\'b7}}{\\*\\pn\\pnlvlblt\\pnf1\\",
-       u"{\\pntxtb\\'b7}}{\\*\\pn\\pnlvlblt\\pnf1\\"},
-      {Headings(), headings::paragraph_split, u"\\viewkind4\\uc1\\pard\\b\\\\pard\\\\a\\pard\\qc\\b ",
-       u"\\plain\\pard\\pard\\bÓ34:ì|+xxxx|©a\\plain\\pard\\qc\\b "},
-      {Headings(), headings::left_borders, u"\\brsp40 ", u"\\brsp40 "},
-      {Headings(), headings::left_borders, u"\\brdrl\\brdrs\\brdrw10\\brsp90 x", u"x"},
   };
   for (const StageCase& one : cases) {
     EXPECT_EQ(RanStage(one.chain, one.stage, Text(one.before)), one.after)
@@ -152,13 +127,6 @@ TEST(RewriteChains, MendDoubledFontsInShortTextsOnly) {
   const Text doubled = u"\\f0  \\f1 ";
   EXPECT_EQ(RanStage(Headings(), stage, Text(9990, u'x') + doubled), Text(9990, u'x') + u"\\f1  ");
   EXPECT_EQ(RanStage(Headings(), stage, Text(9991, u'x') + doubled), Text(9991, u'x') + doubled);
-}
-
-TEST(RewriteChains, HaveAsManyRulesAndStagesAsWereTakenDown) {
-  EXPECT_EQ(Bullets().rules.size(), 267U);
-  EXPECT_EQ(Bullets().stages.size(), 14U);
-  EXPECT_EQ(Headings().rules.size(), 887U);
-  EXPECT_EQ(Headings().stages.size(), 23U);
 }
 
 // The scan over groups against the loop it stands for.
