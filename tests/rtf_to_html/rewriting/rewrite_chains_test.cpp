@@ -79,49 +79,6 @@ TEST(RewriteChains, GiveWhatRuleByRuleGivesOnTheirOwnLiterals) {
   }
 }
 
-struct StageCase {
-  const rules::Chain& chain;
-  int stage;
-  TextView before;
-  TextView after;
-};
-
-TEST(RewriteChains, DoStageByStageWhatIsWanted) {
-  namespace bullets = chains::RewriteChainBullets_stages;
-  const StageCase cases[] = {
-      // Two starts get the backslash, the third does not; an empty one counts.
-      {Bullets(), bullets::openers, u"\\par \\pard \r\n\\par \\pard a\\par \\pard b",
-       u"\\par \\pard\\ \r\n\\par \\pard\\ a\\par \\pard b"},
-      // No more than the blanks that the rules name make a bullet empty.
-      {Bullets(), bullets::empty_bullets, u"\\par {\\pntext\\f2\\'B7\\tab}   \r\n", u"\\par \\pard \r\n"},
-      {Bullets(), bullets::empty_bullets, u"\\par {\\pntext\\f2\\'B7\\tab}    \r\n",
-       u"\\par {\\pntext\\f2\\'B7\\tab}    \r\n"},
-      {Bullets(), bullets::empty_bullets, u"\\par {\\pntext\\f1\\'b7\\tab} \r\n",
-       u"\\par {\\pntext\\f1\\'b7\\tab} \r\n"},
-      {Bullets(), bullets::euro, u"a \\'880 b\\'885 c \\'88x", u"a €0 b\\'885 c \\'88x"},
-      // Only a text with a table; the rules behind the guarded ones always run.
-      {Bullets(), bullets::cell_ends, u"\\cell\\fs20\\row\\pard{\\pntext\\f2\\'b7\\tab}",
-       u"\\cell\\fs20\\row\\pard {\\pntext\\f2\\'B7\\tab}"},
-      {Bullets(), bullets::cell_ends, u"\\CELLX1\\cell\\fs20\\row\\cell\\fs26\\row\\fs16\\cell\\b ",
-       u"\\CELLX1\\fs20\\cell\\row\\cell\\fs26\\row\\fs16 \\cell\\b "},
-      // Seventeen dashes; the guards' lists of fonts differ.
-      {Bullets(), bullets::rulers, u"\\par \\f0 ----------------", u"\\par \\f0 ----------------"},
-      {Bullets(), bullets::rulers, u"\\par \\f0 ----------------- \\par \\f3 --------------",
-       u"\\par \\pard\\f0 ----------------- \\par \\f3 --------------"},
-      {Bullets(), bullets::rulers,
-       u"\\par \\f1 -----------------\\par \\f3 ---------------- \\par \\f5 -----------------",
-       u"\\par \\pard\\f1 -----------------\\par \\f3 ---------------- \\par \\pard\\f5 -----------------"},
-      // The number 1 keeps its number in front of \pard.
-      {Bullets(), bullets::numbered_items,
-       u"\\par {\\pntext\\f0 1)\\tab}\\pard \\par {\\pntext\\f0 9)\\tab}\\pard ",
-       u"\\par {\\pntext\\f0 1)\\tab}\\pard \\par \\pard "},
-  };
-  for (const StageCase& one : cases) {
-    EXPECT_EQ(RanStage(one.chain, one.stage, Text(one.before)), one.after)
-        << one.chain.name << "/" << one.stage << " on " << rulec::ToUtf8(rules::Written(one.before));
-  }
-}
-
 TEST(RewriteChains, MendDoubledFontsInShortTextsOnly) {
   const int stage = chains::RewriteChainHeadings_stages::doubled_fonts;
   const Text doubled = u"\\f0  \\f1 ";

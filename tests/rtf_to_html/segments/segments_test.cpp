@@ -1,5 +1,5 @@
 // Segments: the fast scans against slow ones that do every step by the letter,
-// and what one segment leaves for the next. Single rules are in
+// and what one segment leaves for the next. Single operations are in
 // segments.jsonl.
 #include <gtest/gtest.h>
 
