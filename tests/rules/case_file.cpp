@@ -43,6 +43,13 @@ CaseTarget ReadTarget(Line& line) {
   return {word.substr(0, slash), word.substr(slash + 1)};
 }
 
+Change ReadChange(Line& line) {
+  for (const auto& [change, word] : all_changes) {
+    if (line.Take(word)) return change;
+  }
+  line.Fail("same without what is done to the rule");
+}
+
 using Values = std::map<std::string, Text>;
 
 // The first family is the outermost loop.
@@ -80,7 +87,10 @@ class Reader {
     open_ = nullptr;
     if (line.Take("unreachable")) {
       Finish();
-      ReadUnreachable(line);
+      ReadNamed(line, "unreachable", [&] { return &file_.unreachable; });
+    } else if (line.Take("same")) {
+      Finish();
+      ReadNamed(line, "same", [&] { return &file_.same[ReadChange(line)]; });
     } else if (line.Take("case")) {
       Finish();
       block_.emplace();
@@ -114,19 +124,22 @@ class Reader {
     open_ = &written;
   }
 
-  void ReadUnreachable(Line& line) {
+  // `list_of` reads what stands between the find text and the reason.
+  void ReadNamed(Line& line, const std::string& word,
+                 const std::function<std::vector<NamedRules>*()>& list_of) {
     const CaseTarget target = ReadTarget(line);
-    if (target.stage.empty()) line.Fail("unreachable without a stage");
+    if (target.stage.empty()) line.Fail(word + " without a stage");
     Written find{line.number(), {}};
     TakeLiterals(line, find);
-    if (find.literals.empty()) line.Fail("unreachable without a find");
-    if (line.Expect(Word::Kind::Quoted, "unreachable without a reason").empty()) line.Fail("an empty reason");
+    if (find.literals.empty()) line.Fail(word + " without a find");
+    std::vector<NamedRules>& list = *list_of();
+    if (line.Expect(Word::Kind::Quoted, word + " without a reason").empty()) line.Fail("an empty reason");
     std::vector<Family> families;
     if (line.Take("for")) families = rulec::ReadFamilies(line, sentinels_);
     line.End();
     Values values;
     OverFamilies(families, 0, values, [&] {
-      file_.unreachable.push_back({line.number(), target, Resolved(find, values)});
+      list.push_back({line.number(), target, Resolved(find, values)});
     });
   }
 
@@ -142,12 +155,17 @@ class Reader {
     Values values;
     OverFamilies(block.families, 0, values, [&] {
       if (block.from) {
-        file_.changes.push_back({block.line, block.targets, Resolved(*block.from, values),
-                                 Resolved(*block.to, values), block.any_case});
+        RuleCase one{block.line, block.targets, Resolved(*block.from, values), Resolved(*block.to, values)};
+        file_.changes.push_back(one);
+        if (block.any_case) {
+          one.from = CaseToggled(one.from, sentinels_);
+          one.folded = true;
+          file_.changes.push_back(std::move(one));
+        }
       }
       for (const Written& kept : block.keeps) {
         const Text text = Resolved(kept, values);
-        file_.keeps.push_back({kept.line, block.targets, text, text, false});
+        file_.keeps.push_back({kept.line, block.targets, text, text});
       }
     });
   }

@@ -2,13 +2,25 @@
 // docs/rule-cases.md describes the format.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "rule_file.h"
 
 namespace quillary {
+
+/// What could go wrong with a rule.
+enum class Change {
+  Dropped,
+  Flipped,   // the other compare mode
+  Unlimited  // without its limit
+};
+
+inline constexpr std::pair<Change, std::string_view> all_changes[] = {
+    {Change::Dropped, "dropped"}, {Change::Flipped, "flipped"}, {Change::Unlimited, "unlimited"}};
 
 /// A chain, or one stage of it where `stage` is not empty.
 struct CaseTarget {
@@ -22,11 +34,11 @@ struct RuleCase {
   std::vector<CaseTarget> targets;
   Text from;
   Text to;
-  bool any_case = false;
+  bool folded = false;  // compared without regard to case
 };
 
-/// Rules that no text can fire: those of one stage with that find text.
-struct Unreachable {
+/// Rules that a line speaks of: those of one stage with that find text.
+struct NamedRules {
   std::size_t line = 0;
   CaseTarget target;
   Text find;
@@ -35,10 +47,12 @@ struct Unreachable {
 struct CaseFile {
   std::vector<RuleCase> changes;
   std::vector<RuleCase> keeps;
-  std::vector<Unreachable> unreachable;
+  std::vector<NamedRules> unreachable;
+  std::map<Change, std::vector<NamedRules>> same;
 };
 
-/// Throws rulec::Malformed. Families are written out.
+/// Throws rulec::Malformed. Families are written out, and an any-case is two
+/// changes.
 CaseFile ReadCases(std::string_view source, const rulec::Sentinels& sentinels);
 
 /// The text with the case of every ASCII letter turned round, except inside

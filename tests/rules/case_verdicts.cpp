@@ -13,9 +13,10 @@ namespace quillary {
 namespace {
 
 // The chain and the stage's number, 0 for the whole chain; no chain if there is none.
-std::pair<const rules::Chain*, int> Find(const CaseTarget& target) {
+std::pair<const rules::Chain*, int> Find(const CaseTarget& target, const rules::Chain* changed) {
   for (const rules::Chain* chain : rules::AllChains()) {
     if (chain->name != target.chain) continue;
+    if (changed != nullptr && changed->name == target.chain) chain = changed;
     if (target.stage.empty()) return {chain, 0};
     for (std::size_t i = 0; i < chain->stages.size(); ++i) {
       if (chain->stages[i].name == target.stage) return {chain, static_cast<int>(i) + 1};
@@ -38,14 +39,14 @@ Text Folded(Text text) {
 
 }  // namespace
 
-Outcome RanOver(const std::vector<CaseTarget>& targets, const Text& text) {
+Outcome RanOver(const std::vector<CaseTarget>& targets, const Text& text, const rules::Chain* changed) {
   rules::FiringLog log;
   Apartment apartment;
   apartment.firing_log = &log;
   rules::Rewriting rewriting(text, &apartment);
   Outcome outcome;
   for (const CaseTarget& target : targets) {
-    const auto [chain, stage] = Find(target);
+    const auto [chain, stage] = Find(target, changed);
     if (chain == nullptr) {
       outcome.unknown = target.chain + (target.stage.empty() ? "" : "/" + target.stage);
     } else if (stage == 0) {
@@ -71,27 +72,19 @@ std::string Spelled(TextView text) {
   return spelled.empty() ? "⟨⟩" : spelled;
 }
 
-Verdict Judge(const RuleCase& one, const char* manner, bool folded) {
-  const Outcome outcome = RanOver(one.targets, one.from);
+Verdict Judge(const RuleCase& one, const rules::Chain* changed) {
+  const Outcome outcome = RanOver(one.targets, one.from, changed);
   if (!outcome.unknown.empty()) return {one.line, {}, "no such chain or stage: " + outcome.unknown};
-  const Text wanted = folded ? Folded(one.to) : one.to;
-  const Text got = folded ? Folded(outcome.text) : outcome.text;
+  const Text wanted = one.folded ? Folded(one.to) : one.to;
+  const Text got = one.folded ? Folded(outcome.text) : outcome.text;
   if (got == wanted) return {one.line, outcome.fired, ""};
+  const char* const manner = one.folded           ? "another result with the letters in the other case"
+                             : one.from == one.to ? "not kept"
+                                                  : "another result";
   return {one.line,
           {},
           std::string(manner) + "\n  from " + Spelled(one.from) + "\n  to   " + Spelled(one.to) +
               "\n  got  " + Spelled(outcome.text) + "\n  they part at " + Parting(wanted, got)};
-}
-
-std::vector<Verdict> JudgeChanges(const CaseFile& file, const rulec::Sentinels& sentinels) {
-  std::vector<Verdict> verdicts;
-  for (RuleCase one : file.changes) {
-    verdicts.push_back(Judge(one, "another result", false));
-    if (!one.any_case) continue;
-    one.from = CaseToggled(one.from, sentinels);
-    verdicts.push_back(Judge(one, "another result with the letters in the other case", true));
-  }
-  return verdicts;
 }
 
 }  // namespace quillary

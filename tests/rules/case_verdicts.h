@@ -17,7 +17,9 @@ struct Outcome {
   std::string unknown;  // a target that does not exist
 };
 
-Outcome RanOver(const std::vector<CaseTarget>& targets, const Text& text);
+/// `changed`, unless null, runs in place of the chain of its name.
+Outcome RanOver(const std::vector<CaseTarget>& targets, const Text& text,
+                const rules::Chain* changed = nullptr);
 
 /// A text as a case file writes it.
 std::string Spelled(TextView text);
@@ -28,11 +30,6 @@ struct Verdict {
   std::string failure;  // empty if it holds
 };
 
-/// `manner` says what a failure of the case is. `folded` compares without
-/// regard to case.
-Verdict Judge(const RuleCase& one, const char* manner, bool folded = false);
-
-/// Of every from with its to; an any-case has two.
-std::vector<Verdict> JudgeChanges(const CaseFile& file, const rulec::Sentinels& sentinels);
+Verdict Judge(const RuleCase& one, const rules::Chain* changed = nullptr);
 
 }  // namespace quillary

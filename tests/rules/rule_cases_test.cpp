@@ -1,16 +1,19 @@
 // Runs the case files that stand beside the rule files, and holds every rule to
-// account: a case fires it, or the case file says why nothing can.
+// account: a case fires it and notices when it changes, or the case file says
+// why none can.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <optional>
 #include <set>
 
 #include "rules/all_chains.h"
 #include "rules/case_file.h"
+#include "rules/case_proof.h"
 #include "rules/case_verdicts.h"
 #include "rules/explain.h"
 #include "rules/listing.h"
@@ -77,19 +80,19 @@ std::string Described(const rules::RuleRow& row) {
          (row.guard.empty() ? "" : "\n    when " + rulec::ToUtf8(row.guard)) + "\n";
 }
 
-// Texts that should fire the rule when its stage runs over them: its find text,
-// in the other case too, and with what the guards of the stage ask for.
+// Texts that should fire the rule or show its compare mode: its find text, in
+// the other case too, and with what the guards of the stage ask for.
 std::vector<Text> Probes(const rules::RuleRow& row) {
-  std::vector<Text> probes = {Text(row.rule->find)};
-  if (row.rule->mode == Compare::IgnoreCase) probes.push_back(CaseToggled(probes[0], Known()));
-  Text guarded = probes[0];
+  const Text find(row.rule->find);
+  std::vector<Text> probes = {find, CaseToggled(find, Known())};
+  Text wanted;
   for (const rules::Step& step : row.chain->steps.subspan(StageOf(row).first, StageOf(row).count)) {
     if (step.kind != rules::Step::Kind::Guard) continue;
     for (const rules::Condition& condition : row.chain->conditions.subspan(step.first, step.count)) {
-      if (condition.kind == rules::Condition::Kind::Holds) guarded.append(u" ").append(condition.find);
+      if (condition.kind == rules::Condition::Kind::Holds) wanted.append(u" ").append(condition.find);
     }
   }
-  probes.push_back(guarded);
+  if (!wanted.empty()) probes.insert(probes.end(), {probes[0] + wanted, probes[1] + wanted});
   return probes;
 }
 
@@ -121,12 +124,26 @@ std::string Hint(const rules::RuleRow& row) {
   return *probed.by == row.rule->find ? "" : "    but over " + Spelled(*probed.by) + "\n";
 }
 
-// The rules that the list names; reports rows of it that say nothing or
-// something wrong.
-Fired CheckListed(const std::string& file, const std::vector<Unreachable>& list, const Fired& fired) {
+// A text over which the chain alone gives another result once the rule has changed.
+std::optional<Text> Telling(const rules::RuleRow& row, Change change) {
+  const ChangedChain changed(*row.chain, *row.rule, change);
+  for (const Text& probe : Probes(row)) {
+    const std::vector<CaseTarget> whole = {{row.chain->name, ""}};
+    if (RanOver(whole, probe).text != RanOver(whole, probe, &changed.chain()).text) return probe;
+  }
+  return std::nullopt;
+}
+
+// What is wrong with what a line says of a rule, or nothing.
+using Objection = std::function<std::string(const rules::RuleRow&)>;
+
+// The rules that the list names and the cases do not prove; reports rows of it
+// that say nothing or something wrong.
+Fired CheckListed(const std::string& file, const std::vector<NamedRules>& list, const Fired& proven,
+                  const std::string& refuted, const Objection& objection) {
   const std::vector<rules::RuleRow> rows = RulesOf(file);
   Fired listed;
-  for (const Unreachable& entry : list) {
+  for (const NamedRules& entry : list) {
     const auto fail = [&](const std::string& cause) {
       FailAt(file, entry.line,
              cause + ": " + entry.target.chain + "/" + entry.target.stage + " " +
@@ -140,15 +157,13 @@ Fired CheckListed(const std::string& file, const std::vector<Unreachable>& list,
         continue;
       }
       named = true;
-      if (fired.contains(row.rule)) continue;
+      if (proven.contains(row.rule)) continue;
       needed = true;
       if (!listed.insert(row.rule).second) fail("listed twice");
-      if (const Probed probed = Probe(row); probed.by) {
-        fail("not unreachable, the stage alone fires it over " + Spelled(*probed.by));
-      }
+      if (const std::string wrong = objection(row); !wrong.empty()) fail(wrong);
     }
     if (!named) fail("no rule of that stage has this find text");
-    if (named && !needed) fail("not unreachable, a case fires it");
+    if (named && !needed) fail(refuted);
   }
   return listed;
 }
@@ -171,6 +186,7 @@ TEST(CaseFiles, AreRefusedWhereTheyPromiseNothing) {
   EXPECT_EQ(Refusal("case A \"x\"\n  keep ⟨a⟩"), "2: unknown word: keep");
   EXPECT_EQ(Refusal("unreachable A ⟨a⟩ \"x\""), "1: unreachable without a stage");
   EXPECT_EQ(Refusal("unreachable A/b ⟨a⟩ \"\""), "1: an empty reason");
+  EXPECT_EQ(Refusal("same A/b ⟨a⟩ \"x\""), "1: same without what is done to the rule");
 }
 
 TEST(CaseFiles, JoinLiteralsAndWriteFamiliesOut) {
@@ -190,10 +206,11 @@ class Cases : public testing::TestWithParam<std::string> {};
 
 TEST_P(Cases, GiveWhatTheyPromise) {
   const CaseFile file = CasesOf(GetParam());
-  std::vector<Verdict> verdicts = JudgeChanges(file, Known());
-  for (const RuleCase& one : file.keeps) verdicts.push_back(Judge(one, "not kept"));
-  for (const Verdict& verdict : verdicts) {
-    if (!verdict.failure.empty()) FailAt(GetParam(), verdict.line, verdict.failure);
+  for (const std::vector<RuleCase>* list : {&file.changes, &file.keeps}) {
+    for (const RuleCase& one : *list) {
+      const Verdict verdict = Judge(one);
+      if (!verdict.failure.empty()) FailAt(GetParam(), verdict.line, verdict.failure);
+    }
   }
 }
 
@@ -205,8 +222,12 @@ TEST_P(Coverage, EveryRuleFires) {
   const std::vector<rules::RuleRow> rows = RulesOf(GetParam());
   ASSERT_FALSE(rows.empty()) << GetParam() << ".cases stands beside no rule file";
   Fired fired;
-  for (Verdict& verdict : JudgeChanges(file, Known())) fired.merge(verdict.fired);
-  const Fired listed = CheckListed(GetParam(), file.unreachable, fired);
+  for (const RuleCase& one : file.changes) fired.merge(Judge(one).fired);
+  const Fired listed = CheckListed(
+      GetParam(), file.unreachable, fired, "not unreachable, a case fires it", [](const auto& row) {
+        const Probed probed = Probe(row);
+        return probed.by ? "not unreachable, the stage alone fires it over " + Spelled(*probed.by) : "";
+      });
   std::string missed;
   for (const rules::RuleRow& row : rows) {
     if (!fired.contains(row.rule) && !listed.contains(row.rule)) missed += Described(row) + Hint(row);
@@ -214,8 +235,45 @@ TEST_P(Coverage, EveryRuleFires) {
   EXPECT_TRUE(missed.empty()) << "no case fires\n" << missed;
 }
 
+class Proof : public testing::TestWithParam<std::string> {};
+
+// A rule that no case fires is Coverage's.
+TEST_P(Proof, EveryRuleIsMissed) {
+  CaseFile file = CasesOf(GetParam());
+  if (HasFailure()) return;
+  const HeldCases cases(file);
+  for (const auto& [change, word] : all_changes) {
+    const std::string what(word);
+    std::vector<rules::RuleRow> unnoticed;
+    Fired proven;
+    for (const rules::RuleRow& row : RulesOf(GetParam())) {
+      const bool asked = cases.Fires(*row.rule) && CanChange(*row.rule, change, Known());
+      if (!asked || cases.Notices(*row.chain, *row.rule, change)) {
+        proven.insert(row.rule);
+      } else {
+        unnoticed.push_back(row);
+      }
+    }
+    const Fired listed =
+        CheckListed(GetParam(), file.same[change], proven,
+                    "not the same " + what + ": a case fails, or none fires the rule",
+                    [&, change = change](const rules::RuleRow& row) {
+                      const auto probe = Telling(row, change);
+                      return probe ? "not the same " + what + " over " + Spelled(*probe) : std::string();
+                    });
+    std::string missing;
+    for (const rules::RuleRow& row : unnoticed) {
+      if (listed.contains(row.rule)) continue;
+      const auto probe = Telling(row, change);
+      missing += Described(row) + (probe ? "    but over " + Spelled(*probe) + "\n" : "");
+    }
+    EXPECT_TRUE(missing.empty()) << "no case fails with the rule " << what << "\n" << missing;
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Rules, Cases, testing::ValuesIn(CaseFiles()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Rules, Coverage, testing::ValuesIn(CaseFiles()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Rules, Proof, testing::ValuesIn(CaseFiles()), NameOf);
 
 TEST(RuleFiles, DISABLED_EveryRuleFileHasCases) {
   std::set<std::string> missing;
