@@ -10,6 +10,7 @@
 #include "rtf_to_html/page_repairs/form_layouts.h"
 #include "rtf_to_html/page_repairs/form_layouts.rules.h"
 #include "rtf_to_html/page_repairs/table_repairs.h"
+#include "rules/run.h"
 
 namespace quillary {
 namespace {
@@ -126,40 +127,23 @@ void SetNames(Apartment& apartment, const SlowNames& names) {
   }
 }
 
-Text RunFonts(const rules::ChainWith<RtfToHtmlState>& chain, Apartment& apartment, Text page) {
+// The stages that ask for the names, alike in number in both chains; literal rules follow them.
+Text RunFonts(const rules::Chain& chain, Apartment& apartment, Text page) {
   rules::Rewriting rewriting = StartRewriting(apartment, std::move(page));
-  rules::Run(chain, rewriting, apartment.rtf_to_html);
+  using namespace chains::ConvertFontsToSpans_stages;
+  rules::RunStage(chain, full_shapes, rewriting, &apartment.rtf_to_html);
+  rules::RunStage(chain, faces, rewriting, &apartment.rtf_to_html);
   return rewriting.Take();
 }
 
-// The loose forms that follow, alike in both twins.
-Text Loose(Text page, const SlowNames& names, bool spans) {
+// A face alone, alike in both twins.
+Text SlowFaces(Text page, const SlowNames& names, bool spans) {
   for (const Text& face : names.faces) {
     for (const char16_t* end : {u">", u" >"}) {
       ReplaceIn(page, u"<font face=\"" + face + u"\"" + end,
                 spans ? u"<span style=\"font-family:" + face + u"\">" : Text(), Compare::IgnoreCase);
     }
   }
-  for (int size = 0; size <= 30; ++size) {
-    for (const char16_t* end : {u">", u" >"}) {
-      for (const char16_t* blank : {u"", u" "}) {
-        ReplaceIn(page, Text(u"<font size=\"") + blank + Decimal(size) + u"\"" + end,
-                  spans ? u"<span style=\"font-size:" + Decimal(size) + u"pt\">" : Text(),
-                  Compare::IgnoreCase);
-      }
-    }
-  }
-  const std::vector<std::pair<Text, Text>> last =
-      spans ? std::vector<std::pair<Text, Text>>{{u"<font color=\"#", u"<span style=\"color:#"},
-                                                 {u"</font>", u"</span>"},
-                                                 {u"<span></span>", u""},
-                                                 {u"<span> </span>", u""}}
-            : std::vector<std::pair<Text, Text>>{{u"<font COLOR=\"#000000\">", u""},
-                                                 {u"<font COLOR=\"#000000\" >", u""},
-                                                 {u"</font>", u""},
-                                                 {u"<font></font>", u""},
-                                                 {u"<font> </font>", u""}};
-  for (const auto& [find, with] : last) ReplaceIn(page, find, with, Compare::IgnoreCase);
   return page;
 }
 
@@ -208,10 +192,10 @@ TEST_P(FontNamesOfPages, GiveWhatTakingEveryTurnGives) {
     std::vector<Text> few{u"<strike>", u"<strike>"};
     for (int k = 0; k < 8; ++k) few.push_back(Pick(random, pieces));
     const Text page = PageOf(random, few, 20);
-    const Text spans = Loose(SlowSpans::Run(page, names), names, true);
+    const Text spans = SlowFaces(SlowSpans::Run(page, names), names, true);
     ASSERT_EQ(RunFonts(chains::ConvertFontsToSpans, apartment, page), spans) << i;
     ASSERT_EQ(RunFonts(chains::RemoveFontTags, apartment, page),
-              Loose(SlowRemoval(page, names), names, false))
+              SlowFaces(SlowRemoval(page, names), names, false))
         << i;
     if (Holds(page, u"<strike><font") && Holds(spans, u"><strike>")) ++moved;
   }

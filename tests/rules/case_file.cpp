@@ -64,7 +64,7 @@ void OverFamilies(const std::vector<Family>& families, std::size_t depth, Values
 
 class Reader {
  public:
-  explicit Reader(const rulec::Sentinels& sentinels) : sentinels_(sentinels) {}
+  explicit Reader(const rulec::Names& sentinels) : sentinels_(sentinels) {}
 
   CaseFile Read(std::string_view source) {
     std::istringstream in{std::string(source)};
@@ -180,7 +180,7 @@ class Reader {
     return text;
   }
 
-  const rulec::Sentinels& sentinels_;
+  const rulec::Names& sentinels_;
   std::optional<Block> block_;
   Written* open_ = nullptr;  // what a line of literals continues
   CaseFile file_;
@@ -193,14 +193,15 @@ char16_t Toggled(char16_t unit) {
 
 }  // namespace
 
-CaseFile ReadCases(std::string_view source, const rulec::Sentinels& sentinels) {
+CaseFile ReadCases(std::string_view source, const rulec::Names& sentinels) {
   return Reader(sentinels).Read(source);
 }
 
-Text CaseToggled(const Text& text, const rulec::Sentinels& sentinels) {
+Text CaseToggled(const Text& text, const rulec::Names& sentinels) {
   Text toggled = text;
   for (char16_t& unit : toggled) unit = Toggled(unit);
-  for (const rulec::Sentinel& sentinel : sentinels) {
+  for (const rulec::Named& sentinel : sentinels) {
+    if (sentinel.kind != rulec::Named::Kind::Sentinel) continue;
     for (std::size_t at = text.find(sentinel.text); at != Text::npos; at = text.find(sentinel.text, at + 1)) {
       toggled.replace(at, sentinel.text.size(), sentinel.text);
     }

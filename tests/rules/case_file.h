@@ -53,10 +53,10 @@ struct CaseFile {
 
 /// Throws rulec::Malformed. Families are written out, and an any-case is two
 /// changes.
-CaseFile ReadCases(std::string_view source, const rulec::Sentinels& sentinels);
+CaseFile ReadCases(std::string_view source, const rulec::Names& sentinels);
 
 /// The text with the case of every ASCII letter turned round, except inside
 /// sentinels, which no document holds and no rule meets in another case.
-Text CaseToggled(const Text& text, const rulec::Sentinels& sentinels);
+Text CaseToggled(const Text& text, const rulec::Names& sentinels);
 
 }  // namespace quillary

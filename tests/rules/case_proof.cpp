@@ -32,11 +32,12 @@ ChangedChain::ChangedChain(const rules::Chain& chain, const rules::Rule& rule, C
   chain_.rules = rules_;
 }
 
-bool CanChange(const rules::Rule& rule, Change change, const rulec::Sentinels& sentinels) {
+bool CanChange(const rules::Rule& rule, Change change, const rulec::Names& sentinels) {
   if (change == Change::Unlimited) return rule.limit > 0;
   if (change == Change::Dropped) return true;
   Text find(rule.find);
-  for (const rulec::Sentinel& sentinel : sentinels) {
+  for (const rulec::Named& sentinel : sentinels) {
+    if (sentinel.kind != rulec::Named::Kind::Sentinel) continue;
     for (std::size_t at = find.find(sentinel.text); at != Text::npos; at = find.find(sentinel.text)) {
       find.replace(at, sentinel.text.size(), u" ");
     }

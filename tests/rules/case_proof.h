@@ -23,7 +23,7 @@ class ChangedChain {
 
 /// Whether the rule has what would change: a limit, or for the compare mode a
 /// letter with two cases outside of sentinels.
-bool CanChange(const rules::Rule& rule, Change change, const rulec::Sentinels& sentinels);
+bool CanChange(const rules::Rule& rule, Change change, const rulec::Names& sentinels);
 
 /// The cases that hold.
 class HeldCases {

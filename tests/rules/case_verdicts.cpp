@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "apartment/apartment.h"
-#include "rules/all_chains.h"
-#include "rules/explain.h"
+#include "component/all_chains.h"
 #include "rules/firing_log.h"
+#include "rules/notation.h"
 #include "rules/run.h"
 #include "text/case_folding.h"
 
@@ -14,7 +14,7 @@ namespace {
 
 // The chain and the stage's number, 0 for the whole chain; no chain if there is none.
 std::pair<const rules::Chain*, int> Find(const CaseTarget& target, const rules::Chain* changed) {
-  for (const rules::Chain* chain : rules::AllChains()) {
+  for (const rules::Chain* chain : component::AllChains()) {
     if (chain->name != target.chain) continue;
     if (changed != nullptr && changed->name == target.chain) chain = changed;
     if (target.stage.empty()) return {chain, 0};
@@ -29,7 +29,7 @@ std::pair<const rules::Chain*, int> Find(const CaseTarget& target, const rules::
 std::string Parting(TextView wanted, TextView got) {
   const auto [w, g] = std::mismatch(wanted.begin(), wanted.end(), got.begin(), got.end());
   const auto at = static_cast<std::size_t>(g - got.begin());
-  return "unit " + std::to_string(at) + ", " + rulec::ToUtf8(rules::Shown(got.substr(at, 40)));
+  return "unit " + std::to_string(at) + ", " + ToUtf8(rules::Written(got.substr(at, 40)));
 }
 
 Text Folded(Text text) {
@@ -43,16 +43,16 @@ Outcome RanOver(const std::vector<CaseTarget>& targets, const Text& text, const 
   rules::FiringLog log;
   Apartment apartment;
   apartment.firing_log = &log;
-  rules::Rewriting rewriting(text, &apartment);
+  rules::Rewriting rewriting = StartRewriting(apartment, text);
   Outcome outcome;
   for (const CaseTarget& target : targets) {
     const auto [chain, stage] = Find(target, changed);
     if (chain == nullptr) {
       outcome.unknown = target.chain + (target.stage.empty() ? "" : "/" + target.stage);
     } else if (stage == 0) {
-      rules::Run(*chain, rewriting);
+      rules::Run(*chain, rewriting, &apartment.rtf_to_html);
     } else {
-      rules::RunStage(*chain, stage, rewriting);
+      rules::RunStage(*chain, stage, rewriting, &apartment.rtf_to_html);
     }
   }
   outcome.text = rewriting.Take();
@@ -66,7 +66,7 @@ std::string Spelled(TextView text) {
   while (!text.empty()) {
     const std::size_t end = text.find(u"\r\n");
     const TextView line = text.substr(0, end == TextView::npos ? end : end + 2);
-    spelled += (spelled.empty() ? "" : "\n       ") + rulec::ToUtf8(rules::Shown(line));
+    spelled += (spelled.empty() ? "" : "\n       ") + ToUtf8(rules::Written(line));
     text.remove_prefix(line.size());
   }
   return spelled.empty() ? "⟨⟩" : spelled;

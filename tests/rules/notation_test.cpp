@@ -9,10 +9,10 @@
 #include <iterator>
 #include <random>
 
-#include "chain_twin.h"
+#include "component/all_chains.h"
 #include "layout.h"
 #include "literal.h"
-#include "rules/all_chains.h"
+#include "rules/chain_twin.h"
 #include "rules/listing.h"
 
 namespace quillary {
@@ -20,7 +20,7 @@ namespace {
 
 // What stands between ⟨ and ⟩, as a rule file reads it.
 Text Read(const Text& written) {
-  const std::string inside = rulec::ToUtf8(TextView(written).substr(1, written.size() - 2));
+  const std::string inside = ToUtf8(TextView(written).substr(1, written.size() - 2));
   return rulec::Fill(rulec::ReadLiteral(inside, 1, {{}, {}, {"n", "m"}}), {});
 }
 
@@ -38,7 +38,7 @@ TEST(Notation, SpellsLiterals) {
   };
   for (const auto& [text, written] : cases) {
     EXPECT_EQ(rules::Written(text), written);
-    EXPECT_EQ(Read(written), text) << rulec::ToUtf8(written);
+    EXPECT_EQ(Read(written), text) << ToUtf8(written);
   }
   EXPECT_EQ(Read(u"⟨\\u{1F600}\\u{0a0}\\u{20}x⟩"), u"\xD83D\xDE00\u00A0 x");
 }
@@ -50,9 +50,9 @@ TEST(Notation, SpellsAnyLiteralSoThatItReadsAsItself) {
     Text text;
     while (text.size() < 8) text += alphabet[random() % alphabet.size()];
     const Text written = rules::Written(text);
-    ASSERT_EQ(Read(written), text) << rulec::ToUtf8(written);
+    ASSERT_EQ(Read(written), text) << ToUtf8(written);
     // A line takes it as one literal.
-    ASSERT_EQ(rulec::LaidOut(rulec::ToUtf8(written)), "  " + rulec::ToUtf8(written) + "\n");
+    ASSERT_EQ(rulec::LaidOut(ToUtf8(written)), "  " + ToUtf8(written) + "\n");
   }
 }
 
@@ -75,14 +75,14 @@ std::vector<Row> RowsOf(const rules::Chain& chain) {
 }
 
 TEST(Notation, EveryRuleOfTheProgramReadsAsItself) {
-  for (const rules::Chain* chain : rules::AllChains()) {
+  for (const rules::Chain* chain : component::AllChains()) {
     const std::vector<Row> rows = RowsOf(*chain);
     std::string source = "chain Again binary\n";
     int stage = 0;
     for (const Row& row : rows) {
       for (; stage < row.stage; ++stage) source += "stage s" + std::to_string(stage) + " \"\"\n";
-      const std::string rule = rulec::ToUtf8(row.rule) + "\n";
-      source += row.guard.empty() ? rule : "when " + rulec::ToUtf8(row.guard) + "\n" + rule + "end\n";
+      const std::string rule = ToUtf8(row.rule) + "\n";
+      source += row.guard.empty() ? rule : "when " + ToUtf8(row.guard) + "\n" + rule + "end\n";
     }
     const MadeChain again(source);
     ASSERT_EQ(RowsOf(again.chain()), rows) << chain->name;

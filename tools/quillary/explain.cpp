@@ -27,8 +27,8 @@ void PrintForPerson(const Firing& firing, const Firing* previous) {
               << '\n';
   }
   std::cout << "  " << rules::Where(*firing.chain, *firing.rule) << "  " << firing.count
-            << (firing.count == 1 ? " time\n" : " times\n") << "    "
-            << ToUtf8(rules::Written(*firing.rule)) << '\n'
+            << (firing.count == 1 ? " time\n" : " times\n") << "    " << ToUtf8(rules::Written(*firing.rule))
+            << '\n'
             << "    before  " << ToUtf8(rules::Written(firing.before)) << '\n'
             << "    after   " << ToUtf8(rules::Written(firing.after)) << '\n';
 }

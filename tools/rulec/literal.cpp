@@ -106,33 +106,4 @@ Text Fill(const Literal& literal, const std::map<std::string, Text>& values) {
   return text;
 }
 
-Text FromUtf8(std::string_view bytes) {
-  Text text;
-  std::size_t at = 0;
-  while (at < bytes.size()) {
-    const auto lead = static_cast<unsigned char>(bytes[at++]);
-    const int more = lead < 0xC0 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-    std::uint32_t code = more == 0 ? lead : lead & (0x3FU >> more);
-    for (int i = 0; i < more && at < bytes.size(); ++i) {
-      code = code << 6 | (static_cast<unsigned char>(bytes[at++]) & 0x3FU);
-    }
-    AppendCharacter(code, text);
-  }
-  return text;
-}
-
-std::string ToUtf8(TextView text) {
-  std::string bytes;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    std::uint32_t code = text[at];
-    if (code >= 0xD800 && code < 0xDC00 && at + 1 < text.size()) {
-      code = 0x10000 + ((code - 0xD800) << 10) + (text[++at] - 0xDC00U);
-    }
-    const int more = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-    bytes += static_cast<char>(more == 0 ? code : (0xFF00U >> (more + 1) & 0xFFU) | code >> (6 * more));
-    for (int i = more - 1; i >= 0; --i) bytes += static_cast<char>(0x80U | (code >> (6 * i) & 0x3FU));
-  }
-  return bytes;
-}
-
 }  // namespace quillary::rulec

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "text/encodings.h"
 #include "text/text.h"
 
 namespace quillary::rulec {
@@ -107,8 +108,5 @@ void CheckAllUsed(const Names& shared, const std::set<std::string>& used);
 class Line;
 /// The families after a "for" that stands outside a rule file.
 std::vector<Family> ReadFamilies(Line& line, const Names& names);
-
-Text FromUtf8(std::string_view bytes);
-std::string ToUtf8(TextView text);
 
 }  // namespace quillary::rulec

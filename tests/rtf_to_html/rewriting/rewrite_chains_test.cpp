@@ -12,6 +12,7 @@
 #include "rtf_to_html/rewriting/rewrite_headings.rules.h"
 #include "rules/chain_twin.h"
 #include "rules/notation.h"
+#include "text/encodings.h"
 
 namespace quillary {
 namespace {
@@ -110,7 +111,7 @@ TEST(RewriteChains, CutListGroupsAsTheLoopDoes) {
     for (const rules::Step& step : Headings().steps) {
       if (step.kind == rules::Step::Kind::Scan) step.scan(rewriting, nullptr);
     }
-    ASSERT_EQ(rewriting.text(), looped) << rulec::ToUtf8(rules::Written(text));
+    ASSERT_EQ(rewriting.text(), looped) << ToUtf8(rules::Written(text));
   }
 }
 

@@ -176,11 +176,13 @@ TEST(ForeignRuns, WesternDocumentsCreateNoDecoder) {
 
 // A run of escapes takes its rows at once; in running text they run over the text.
 TEST(ByteMaps, GiveTheSameInARunAsInText) {
-  for (const LanguageModes language : {LanguageModes::English, LanguageModes::Greek, LanguageModes::Turkish}) {
+  for (const LanguageModes language :
+       {LanguageModes::English, LanguageModes::Greek, LanguageModes::Turkish}) {
     Apartment apartment;
     apartment.rtf_to_html.LanguageMode = language;
     const auto mapped = [&](TextView text) {
-      return language == LanguageModes::English ? MapWesternBytes(text) : DecodeHexEscapes(apartment, text, u"");
+      return language == LanguageModes::English ? MapWesternBytes(text)
+                                                : DecodeHexEscapes(apartment, text, u"");
     };
     for (int byte = 0x70; byte < 0x100; ++byte) {
       const Text escape = u"\\'" + (byte % 2 == 0 ? ToLower(Hex(byte)) : Hex(byte));
