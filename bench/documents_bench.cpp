@@ -22,7 +22,7 @@ Text PlainPiece(int) { return Text(sentence) + Text(sentence) + u"\r\n\\par "; }
 Text BulletPiece(int) {
   return u"\r\n\\par \\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}"
          u"\\fi-200\\li200 first item\r\n\\par {\\pntext\\f1\\'B7\\tab}second \\b bold\\b0  item"
-         u"\r\n\\par {\\pntext\\f1\\'B7\\tab}third item of the list\r\n\\par \\pard Behind the list. " +
+         u"\r\n\\par {\\pntext\\f1\\'B7\\tab}third item of the list\r\n\\par \\pard After the list. " +
          Text(sentence);
 }
 
@@ -34,7 +34,7 @@ Text TablePiece(int) {
     piece += u"\\trowd\\trgaph30\\trleft-30\\cellx1800\\cellx3600\\cellx5400\\intbl Monday " + Decimal(row) +
              u"\\cell 05:12\\cell 11:31\\cell\\row\r\n";
   }
-  return piece + u"\\pard\r\n\\par Behind the table. ";
+  return piece + u"\\pard\r\n\\par After the table. ";
 }
 
 Text LinkPiece(int number) {

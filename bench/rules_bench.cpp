@@ -8,7 +8,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "../tests/rules/chain_twin.h"
+#include "../tests/rules/chain_reference.h"
 #include "rtf_to_html/rewriting/rewrite_bullets.rules.h"
 #include "rtf_to_html/rewriting/rewrite_headings.rules.h"
 #include "rules/firing_log.h"
@@ -56,8 +56,8 @@ BENCHMARK(TwoThousandRulesOf)->RangeMultiplier(10)->Range(10'000, 10'000'000);
 void RulesThatCannotMatch(benchmark::State& state) {
   rules::Rewriting rewriting(Paragraphs(static_cast<std::size_t>(state.range(0))));
   rules::Run(TwoThousandRules(), rewriting);
-  const Text settled = rewriting.text();
-  rules::Rewriting again(settled);
+  const Text rewritten_once = rewriting.text();
+  rules::Rewriting again(rewritten_once);
   rules::Run(TwoThousandRules(), again);
   std::size_t asked = 0;
   for (auto _ : state) {
@@ -81,7 +81,7 @@ void ShortTexts(benchmark::State& state) {
 }
 BENCHMARK(ShortTexts)->Arg(50)->Arg(100)->Arg(200);
 
-// Real documents of the rich edit control, one behind the other, where there
+// Real documents of the rich edit control, one after the other, where there
 // are any; the paragraphs from above elsewhere.
 Text Documents(std::size_t units) {
   Text all;
@@ -119,7 +119,7 @@ void RewriteChains(benchmark::State& state) {
 BENCHMARK(RewriteChains)->RangeMultiplier(10)->Range(10'000, 10'000'000)->Unit(benchmark::kMillisecond);
 
 // The same rule by rule.
-void RewriteChainsOfTheTwin(benchmark::State& state) {
+void RewriteChainsRuleByRule(benchmark::State& state) {
   const Text text = Documents(static_cast<std::size_t>(state.range(0)));
   for (auto _ : state) {
     Text changed = text;
@@ -130,7 +130,7 @@ void RewriteChainsOfTheTwin(benchmark::State& state) {
     benchmark::DoNotOptimize(changed.data());
   }
 }
-BENCHMARK(RewriteChainsOfTheTwin)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(RewriteChainsRuleByRule)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quillary

@@ -20,7 +20,7 @@
 namespace quillary {
 
 /// Everything a conversion throws is one of the two kinds below, or
-/// std::bad_alloc. Behind any of them the object can be used again.
+/// std::bad_alloc. After any of them the object can be used again.
 class QUILLARY_API ConversionError : public std::exception {
  public:
   explicit ConversionError(std::string words);
@@ -89,7 +89,7 @@ class QUILLARY_API Quillaryv8 {
   Quillaryv8& operator=(Quillaryv8&& other) noexcept;
   ~Quillaryv8();
 
-  // The conversions. Each throws ConversionFailed and ConversionLimit; behind a
+  // The conversions. Each throws ConversionFailed and ConversionLimit; after a
   // throw the properties that the conversion writes are as they were, but for
   // the input, which may have been replaced by its canonical form.
 

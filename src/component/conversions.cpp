@@ -23,7 +23,7 @@ void CutBodyTag(Text& page) {
   page.erase(0, static_cast<std::size_t>(FindText(start + 2, page, u">")));
 }
 
-// The cleaner's XHTML opens a highlight behind a font that it has not opened.
+// The cleaner's XHTML opens a highlight after a font that it has not opened.
 Text MendHighlight(Apartment& apartment, Text page) {
   return rules::RunOver(chains::XhtmlHighlights, StartRewriting(apartment, std::move(page)));
 }

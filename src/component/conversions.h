@@ -1,4 +1,4 @@
-// The conversions behind the public class. None of them has a trap of its own:
+// The conversions after the public class. None of them has a trap of its own:
 // a failure of the rich text control or of the HTML cleaner goes to the host.
 #pragma once
 

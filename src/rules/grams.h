@@ -1,5 +1,5 @@
 // Hashes of short runs of folded units. rulec computes those of every find
-// text, the presence index those of the text under rewriting; a text without
+// text, the gram index those of the text under rewriting; a text without
 // one of them cannot hold the find text.
 #pragma once
 

@@ -31,24 +31,24 @@ bool LiesWithin(TextView part, const Text& whole) {
 
 void Rewriting::Assign(Text text) {
   text_ = std::move(text);
-  presence_.Drop();
+  index_.Drop();
 }
 
 Text& Rewriting::Edit() {
-  presence_.Drop();
+  index_.Drop();
   return text_;
 }
 
 Text Rewriting::Take() {
-  presence_.Drop();
+  index_.Drop();
   Text taken = std::move(text_);
   text_.clear();
   return taken;
 }
 
 void Rewriting::Expect(std::size_t literals) {
-  if (presence_.built() || literals < searches_worth_an_index) return;
-  presence_.Build(text_);
+  if (index_.built() || literals < searches_worth_an_index) return;
+  index_.Build(text_);
   unindexed_asks_ = 0;
   missed_units_ = 0;
   changed_ = false;
@@ -56,20 +56,20 @@ void Rewriting::Expect(std::size_t literals) {
 
 // An index gone stale lets through what it would stop were it fresh.
 void Rewriting::Missed(Stretches where) {
-  if (!changed_ || !presence_.built()) return;
-  missed_units_ += text_.size() / presence_.count() * static_cast<std::size_t>(std::popcount(where));
-  if (missed_units_ / searches_worth_an_index > text_.size()) presence_.Drop();
+  if (!changed_ || !index_.built()) return;
+  missed_units_ += text_.size() / index_.count() * static_cast<std::size_t>(std::popcount(where));
+  if (missed_units_ / searches_worth_an_index > text_.size()) index_.Drop();
 }
 
 Stretches Rewriting::Where(TextView find, std::span<const std::uint32_t> grams) const {
   if (find.empty() || find.size() > text_.size()) return 0;
-  return presence_.built() ? presence_.Where(find, grams) : 1;
+  return index_.built() ? index_.Where(find, grams) : 1;
 }
 
 // For a literal whose hashes nobody has computed yet.
 Stretches Rewriting::Where(TextView find) {
-  if (!presence_.built()) Expect(++unindexed_asks_);
-  if (!presence_.built() || find.size() < short_gram || find.size() > text_.size()) return Where(find, {});
+  if (!index_.built()) Expect(++unindexed_asks_);
+  if (!index_.built() || find.size() < short_gram || find.size() > text_.size()) return Where(find, {});
   const std::size_t length = GramLength(find.size());
   std::uint32_t grams[most_own_grams];
   std::size_t count = 0;
@@ -78,25 +78,24 @@ Stretches Rewriting::Where(TextView find) {
     char16_t folded[long_gram];
     for (std::size_t i = 0; i < length; ++i) folded[i] = FoldUnit(find[left - 1 + i]);
     grams[count] = GramHash(folded, length);
-    if (presence_.Where(grams[count]) == 0) return 0;
+    if (index_.Where(grams[count]) == 0) return 0;
     left -= left > length ? length : 1;
   }
-  return presence_.Where(find, {grams, count});
+  return index_.Where(find, {grams, count});
 }
 
 // The next occurrence at or after `from` that begins in one of the stretches.
 std::size_t Rewriting::Next(const Finder& finder, Stretches where, std::size_t from) const {
-  if (!presence_.built()) return finder.Next(text_, from);
-  const std::size_t count = presence_.count();
+  if (!index_.built()) return finder.Next(text_, from);
+  const std::size_t count = index_.count();
   std::size_t stretch = 0;
   while (true) {
     // Stretches next to each other are searched as one.
-    while (stretch < count && ((where >> stretch & 1) == 0 || presence_.start(stretch + 1) <= from))
-      ++stretch;
+    while (stretch < count && ((where >> stretch & 1) == 0 || index_.start(stretch + 1) <= from)) ++stretch;
     if (stretch == count) return Finder::npos;
-    const std::size_t start = std::max(from, presence_.start(stretch));
+    const std::size_t start = std::max(from, index_.start(stretch));
     while (stretch < count && (where >> stretch & 1) != 0) ++stretch;
-    const std::size_t end = std::min(text_.size(), presence_.start(stretch) + finder.length() - 1);
+    const std::size_t end = std::min(text_.size(), index_.start(stretch) + finder.length() - 1);
     const std::size_t hit = finder.Next(TextView(text_).substr(0, end), start);
     if (hit != Finder::npos) return hit;
   }
@@ -188,14 +187,14 @@ void Rewriting::Widen(std::size_t taken, TextView with) {
 }
 
 void Rewriting::IndexReplaced(std::size_t taken, std::size_t brought) {
-  if (!presence_.built()) return;
+  if (!index_.built()) return;
   changed_ = true;
   if (places_.size() * units_worth_a_replacement > text_.size()) {
-    presence_.Drop();
+    index_.Drop();
     return;
   }
-  presence_.Follow(text_, places_, taken, brought);
-  if (presence_.TooFull()) presence_.Drop();
+  index_.Follow(text_, places_, taken, brought);
+  if (index_.TooFull()) index_.Drop();
 }
 
 }  // namespace quillary::rules

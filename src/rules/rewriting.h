@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "rules/presence.h"
+#include "rules/gram_index.h"
 #include "text/limits.h"
 #include "text/search.h"
 #include "text/text.h"
@@ -51,7 +51,7 @@ class Rewriting {
   /// Indexes the text now if that pays for so many literals to be asked.
   void Expect(std::size_t literals);
   /// False only if the text certainly holds no literal with that run in it.
-  bool MayHold(std::uint32_t gram) const { return !presence_.built() || presence_.Where(gram) != 0; }
+  bool MayHold(std::uint32_t gram) const { return !index_.built() || index_.Where(gram) != 0; }
   /// Where `find`, whose runs hash to `grams` (none for a single unit), may
   /// begin; 0 only if the text certainly does not hold it.
   Stretches Where(TextView find, std::span<const std::uint32_t> grams) const;
@@ -72,7 +72,7 @@ class Rewriting {
 
   Text text_;
   std::vector<std::size_t> places_;  // where the last replacements stand
-  Presence presence_;
+  GramIndex index_;
   FiringLog* log_ = nullptr;
   std::size_t limit_ = limits::working_units;
   std::size_t unindexed_asks_ = 0;

@@ -33,7 +33,7 @@ struct Condition {
   std::uint32_t gram_count = 0;
 };
 
-/// One step of a stage: a run of rules, a guard over the steps behind it, or
+/// One step of a stage: a run of rules, a guard over the steps after it, or
 /// a scan written by hand.
 struct Step {
   enum class Kind : std::uint8_t { Rules, Guard, Scan };

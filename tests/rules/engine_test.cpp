@@ -1,11 +1,11 @@
-// The engine against its slow twin, over chains and texts made at random and
+// The engine against its slow reference implementation, over chains and texts made at random and
 // over all small ones. Compiled twice: in the check build every rule that the
 // engine skips is searched for all the same.
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "rules/chain_twin.h"
+#include "rules/chain_reference.h"
 #include "rules/firing_log.h"
 #include "text/failure.h"
 #include "text/search.h"
@@ -102,17 +102,18 @@ TEST(Engine, GivesWhatRuleByRuleGives) {
     const std::size_t units = seed % 20 == 0 ? 4000 + maker.Below(8000) : maker.Below(300);
     const Text text = maker.Units(units, variety);
     const MadeChain made(maker.Chain(text, variety));
-    const Text expected = RunTwin(made.chain(), text);
+    const Text expected = RunRuleByRule(made.chain(), text);
     ASSERT_EQ(Ran(made.chain(), text), expected) << "seed " << seed;
     // Without the chain's own hashes, as stages that are not rules ask.
     Rewriting direct(text);
-    Text twin = text;
+    Text reference = text;
     for (const rules::Rule& rule : made.chain().rules) {
-      ASSERT_EQ(direct.Holds(rule.find, rule.mode), TwinHolds(twin, rule.find, rule.mode)) << "seed " << seed;
-      const bool replaced = TwinReplace(twin, rule);
+      ASSERT_EQ(direct.Holds(rule.find, rule.mode), ReferenceHolds(reference, rule.find, rule.mode))
+          << "seed " << seed;
+      const bool replaced = ReferenceReplace(reference, rule);
       ASSERT_EQ(direct.Replace(rule.find, rule.with, rule.mode, rule.limit), replaced) << "seed " << seed;
     }
-    ASSERT_EQ(direct.text(), twin) << "seed " << seed;
+    ASSERT_EQ(direct.text(), reference) << "seed " << seed;
   }
 }
 
@@ -143,7 +144,7 @@ TEST(Engine, FindsWhatLiesWhereStretchesMeet) {
       if (at + taken >= now.size()) continue;
       const Text brought = rare(maker.OneIn(3) ? 0 : maker.Below(taken + 2));
       flat.rules.push_back({now.substr(at, taken), brought, Compare::Binary, -1, 0});
-      TwinReplace(now, {flat.rules.back().find, brought});
+      ReferenceReplace(now, {flat.rules.back().find, brought});
       const double moved = static_cast<double>(brought.size()) - static_cast<double>(taken);
       for (double& later : meetings) {
         if (later > static_cast<double>(at)) later += moved;
@@ -173,7 +174,7 @@ TEST(Engine, IsRightOnAllSmallTextsAndRules) {
       }
       const MadeChain made(rules);
       for (const Text& text : texts) {
-        ASSERT_EQ(Ran(made.chain(), text), RunTwin(made.chain(), text)) << rules;
+        ASSERT_EQ(Ran(made.chain(), text), RunRuleByRule(made.chain(), text)) << rules;
       }
     }
   }

@@ -12,7 +12,7 @@
 #include "component/all_chains.h"
 #include "layout.h"
 #include "literal.h"
-#include "rules/chain_twin.h"
+#include "rules/chain_reference.h"
 #include "rules/listing.h"
 
 namespace quillary {
@@ -96,10 +96,10 @@ std::string Deformed(const std::string& source) {
     std::string line = source.substr(at, end - at);
     line.erase(0, line.find_first_not_of(' '));
     if (!line.starts_with('#')) {
-      for (const std::string mark : {"⟨", "⟩"}) {
-        for (std::size_t i = line.find(mark); i != std::string::npos;
-             i = line.find(mark, i + mark.size() + 2)) {
-          line.insert(mark == "⟨" ? i : i + mark.size(), " \t");
+      for (const std::string bracket : {"⟨", "⟩"}) {
+        for (std::size_t i = line.find(bracket); i != std::string::npos;
+             i = line.find(bracket, i + bracket.size() + 2)) {
+          line.insert(bracket == "⟨" ? i : i + bracket.size(), " \t");
         }
       }
     }

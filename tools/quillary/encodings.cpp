@@ -8,7 +8,7 @@ namespace {
 bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
-// The character at `at`, which then stands behind it.
+// The character at `at`, which then stands after it.
 char32_t NextCharacter(TextView text, std::size_t& at) {
   const char16_t unit = text[at++];
   if (!IsHighSurrogate(unit) && !IsLowSurrogate(unit)) return unit;

@@ -68,7 +68,7 @@ std::string Hash(std::uint32_t hash) {
   return out.str();
 }
 
-// The hashes of all find texts, one behind the other.
+// The hashes of all find texts, one after the other.
 class GramTable {
  public:
   /// The two fields of a rule or a condition.

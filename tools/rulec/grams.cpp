@@ -21,7 +21,7 @@ struct Gram {
   int rarity = 0;
 };
 
-// How much a unit tells, roughly: letters little, digits and signs more.
+// How much a unit tells, roughly: letters little, digits and punctuation more.
 int Rarity(char16_t folded) {
   if (folded >= 0x80) return 8;
   if (folded == u' ' || folded == u'\\') return 1;
@@ -80,7 +80,7 @@ class Shared {
   std::vector<Gram> grams_;
 };
 
-// Cuts one step of rules; the pieces go behind `steps`.
+// Cuts one step of rules; the pieces go after `steps`.
 void Cut(const FlatStep& step, const std::vector<FlatRule>& rules, std::vector<FlatStep>& steps) {
   const std::size_t last = step.first + step.count;
   FlatStep open = step;  // rules that share nothing with their neighbours

@@ -8,7 +8,7 @@ namespace {
 constexpr std::string_view opening = "⟨";
 constexpr std::string_view closing = "⟩";
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
 }  // namespace
 
@@ -36,7 +36,7 @@ Line::Line(std::string_view source, std::size_t number) : number_(number) {
     return inside;
   };
   while (at < source.size()) {
-    if (IsBlank(source[at])) {
+    if (IsSpace(source[at])) {
       ++at;
     } else if (source[at] == '#' && words_.empty()) {
       return;
@@ -49,7 +49,7 @@ Line::Line(std::string_view source, std::size_t number) : number_(number) {
       ++at;
     } else {
       std::size_t end = at;
-      while (end < source.size() && !IsBlank(source[end]) && source[end] != ',' &&
+      while (end < source.size() && !IsSpace(source[end]) && source[end] != ',' &&
              !source.substr(end).starts_with(opening)) {
         ++end;
       }

@@ -43,7 +43,7 @@ bool TakeNumbered(TextView source, std::size_t& at, std::size_t line, Text& plai
   return true;
 }
 
-// The name between the delimiter at `at` and the first `close` behind it, or
+// The name between the delimiter at `at` and the first `close` after it, or
 // nothing if no name stands there.
 std::string NameAt(TextView source, std::size_t at, char16_t close) {
   std::size_t end = at + 1;
@@ -52,18 +52,18 @@ std::string NameAt(TextView source, std::size_t at, char16_t close) {
   return ToUtf8(source.substr(at + 1, end - at - 1));
 }
 
-void CheckBlanks(TextView source, std::size_t line) {
+void CheckSpaces(TextView source, std::size_t line) {
   if (source.starts_with(u' ') || source.ends_with(u' ')) {
-    throw Malformed(line, "bare blank at the edge of a literal");
+    throw Malformed(line, "bare space at the edge of a literal");
   }
-  if (source.find(u"  ") != TextView::npos) throw Malformed(line, "bare run of blanks");
+  if (source.find(u"  ") != TextView::npos) throw Malformed(line, "bare run of spaces");
 }
 
 }  // namespace
 
 Literal ReadLiteral(const std::string& source, std::size_t line, const Scope& scope) {
   const Text text = FromUtf8(source);
-  CheckBlanks(text, line);
+  CheckSpaces(text, line);
   Literal literal(1);
   std::size_t at = 0;
   while (at < text.size()) {

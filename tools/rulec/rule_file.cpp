@@ -107,9 +107,9 @@ class Reader {
   void CollectPlaceholders() {
     elsewhere_ = {"n", "m"};
     for (std::size_t i = 0; i < lines_.size(); ++i) {
-      const std::size_t mark = lines_[i].find("for <");
-      if (mark == std::string_view::npos || lines_[i].starts_with('#')) continue;
-      std::string_view rest = lines_[i].substr(std::max(mark, lines_[i].rfind("⟩") + 1));
+      const std::size_t opening = lines_[i].find("for <");
+      if (opening == std::string_view::npos || lines_[i].starts_with('#')) continue;
+      std::string_view rest = lines_[i].substr(std::max(opening, lines_[i].rfind("⟩") + 1));
       for (std::size_t at = rest.find('<'); at != std::string_view::npos; at = rest.find('<', at + 1)) {
         const std::size_t end = rest.find('>', at);
         const std::string name(rest.substr(at + 1, end == std::string_view::npos ? 0 : end - at - 1));
@@ -236,7 +236,7 @@ class Reader {
     ReadOwnFamilies(line, node, find, with);
   }
 
-  // The families behind a rule's "for", if there are any, and its literals.
+  // The families after a rule's "for", if there are any, and its literals.
   void ReadOwnFamilies(Line& line, Node& node, const std::string& find, const std::string& with) {
     if (!line.done()) node.families = ReadFamilies(line);
     line.End();

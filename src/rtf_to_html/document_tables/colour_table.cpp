@@ -93,7 +93,7 @@ void ReadColourTable(RtfToHtmlState& state, TextView text) {
   state.ColourCount = count;
   state.ColourTable.Size(count);
   // The rich text control writes "{\colortbl ;": its first real colour is
-  // number 1. Without the blank the first one is number 0.
+  // number 1. Without the space the first one is number 0.
   const std::int32_t shift = Holds(table, u"\\colortbl ;\\") ? 1 : 0;
 
   std::int32_t separator = 1;

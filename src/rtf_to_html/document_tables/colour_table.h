@@ -16,7 +16,7 @@ Text ConvertColourEntry(TextView entry);
 
 /// Turns a page colour, which may be a name, a number with blue in its high
 /// byte, a system colour number or digits, into six hexadecimal digits. Leaves
-/// it empty when it held only blanks.
+/// it empty when it held only spaces.
 void NormaliseColour(Text& colour);
 
 }  // namespace quillary::modQuillary

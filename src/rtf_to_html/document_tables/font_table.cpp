@@ -38,9 +38,9 @@ void ReadShortForm(RtfToHtmlState& state, const Text& table) {
   SizeLists(state, CountOccurrences(table, u";"));
   std::int32_t end = 1;
   for (std::int32_t i = 1; i <= state.FontCount; ++i) {
-    const std::int32_t blank = FindText(end + 1, table, u" ");
+    const std::int32_t space = FindText(end + 1, table, u" ");
     end = FindText(end + 1, table, u";");
-    Text name = Trim(Mid(table, blank, end - blank));
+    Text name = Trim(Mid(table, space, end - space));
     DropInnerGroup(name);
     state.FontFaces.Set(i - 1, Trim(name));
   }
@@ -51,27 +51,27 @@ class EntryWalk {
  public:
   explicit EntryWalk(const Text& table) : table_(table) {}
 
-  /// Reads the next name. Returns false when neither a blank nor the end of an
+  /// Reads the next name. Returns false when neither a space nor the end of an
   /// entry is left and this is the `last` entry.
   bool Next(bool last) {
-    blank_ = FindText(end_ + 1, table_, u" ");
+    space_ = FindText(end_ + 1, table_, u" ");
     end_ = FindText(end_ + 1, table_, u";}");
-    if (blank_ == 0 && end_ == 0) {
+    if (space_ == 0 && end_ == 0) {
       if (last) return false;
-      name_ = Trim(Mid(table_, blank_));
+      name_ = Trim(Mid(table_, space_));
     } else {
-      name_ = Trim(Mid(table_, blank_, end_ - blank_));
+      name_ = Trim(Mid(table_, space_, end_ - space_));
     }
     return true;
   }
 
   const Text& name() const { return name_; }
-  /// Position of the blank in front of the name.
-  std::int32_t blank() const { return blank_; }
+  /// Position of the space in front of the name.
+  std::int32_t space() const { return space_; }
 
  private:
   const Text& table_;
-  std::int32_t blank_ = 0;
+  std::int32_t space_ = 0;
   std::int32_t end_ = 1;
   Text name_;
 };
@@ -94,12 +94,12 @@ void DropCharsetWord(Text& text) {
 
 void ReadCharset(RtfToHtmlState& state, const Text& table, const EntryWalk& entry, const Text& name,
                  std::int32_t font) {
-  Text charset = HoldsCharset(name) ? CutAt(name, u' ') : Trim(Mid(table, entry.blank() - 10, 12));
+  Text charset = HoldsCharset(name) ? CutAt(name, u' ') : Trim(Mid(table, entry.space() - 10, 12));
   if (HoldsCharset(charset)) {
     DropCharsetWord(charset);
     charset = Trim(CutAt(charset, u' '));
   } else {
-    charset = Trim(Mid(table, entry.blank() - 18, 15));
+    charset = Trim(Mid(table, entry.space() - 18, 15));
     if (!HoldsCharset(charset)) return;
     DropCharsetWord(charset);
     ReplaceIn(charset, u"arset", u"", Compare::IgnoreCase);

@@ -15,7 +15,7 @@ namespace {
 constexpr int kMostRounds = 25;
 
 /// The tables of a document are looked for in its first part only, which keeps
-/// the readers away from large picture data behind them.
+/// the readers away from large picture data after them.
 constexpr std::int32_t kTableUnits = 20000;
 
 // Bounds the growth of one conversion by the length of its source.

@@ -72,7 +72,7 @@ void TableBlocks::ReplaceFirstEqual(TextView text) {
 
 Text TableBlocks::Page() const {
   Text page;
-  page.reserve(size_ + size_ / 8);  // the stages behind let it grow
+  page.reserve(size_ + size_ / 8);  // the stages after let it grow
   for (const Piece& piece : pieces_) page += piece.text;
   return page;
 }
@@ -134,7 +134,7 @@ std::optional<std::size_t> TableBlocks::PieceBefore(TextView block) {
   return std::nullopt;
 }
 
-// A block that lost its closing tag goes on into the pieces behind it.
+// A block that lost its closing tag goes on into the pieces after it.
 void TableBlocks::CloseCurrentPiece() {
   Text& text = pieces_[current_].text;
   for (std::size_t next = current_ + 1; next < pieces_.size(); ++next) {

@@ -1,4 +1,4 @@
-// A page cut into pieces behind every "</table>", so that a block can be
+// A page cut into pieces after every "</table>", so that a block can be
 // replaced where it stands first without a search through the whole page.
 #pragma once
 
@@ -19,7 +19,7 @@ class TableBlocks {
  public:
   explicit TableBlocks(TextView page);
 
-  /// The first block that begins at or behind the 0-based `offset` of the page
+  /// The first block that begins at or after the 0-based `offset` of the page
   /// as it is now. It is good until the next change.
   std::optional<TextView> Find(std::size_t offset);
   /// The offset of the "</table>" of the block found last.

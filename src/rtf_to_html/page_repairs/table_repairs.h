@@ -15,7 +15,7 @@ namespace quillary::modQuillary {
 /// one before a font end goes.
 void OpenFirstCellWidth(rules::Rewriting& page);
 
-/// A page that closes a table which it never opened gets a table head behind
+/// A page that closes a table which it never opened gets a table head after
 /// its body tag. `colour` is the one that the body tag was written with.
 void SupplyTableHead(rules::Rewriting& page, TextView colour);
 

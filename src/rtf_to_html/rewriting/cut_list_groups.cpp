@@ -10,13 +10,13 @@ namespace {
 constexpr TextView group_start = u"{\\*\\pn\\pnlvlblt\\pnf1\\";
 constexpr TextView group_end = u"{\\pntxtb\\'b7}}";
 
-// So many units in front of a cut can be the beginning of a mark that the cut
+// So many units in front of a cut can be the beginning of a delimiter that the cut
 // completes. A group that is cut is always longer.
 constexpr std::size_t seam = std::max(group_start.size(), group_end.size()) - 1;
 
-// Cuts while both marks are there and the start comes first. The text is
-// closed up as the scan goes: what lies in front of `written` is settled, what
-// lies behind `read` is still to be searched, and nothing lies between.
+// Cuts while both delimiters are there and the start comes first. The text is
+// closed up as the scan goes: what lies in front of `written` is final, what
+// lies after `read` is still to be searched, and nothing lies between.
 bool CutGroups(Text& text) {
   const Finder starts(group_start, Compare::Binary);
   const Finder ends(group_end, Compare::Binary);
@@ -31,7 +31,7 @@ bool CutGroups(Text& text) {
     const auto at = [&](std::size_t offset) { return from + static_cast<std::ptrdiff_t>(offset); };
     std::copy(at(read), at(start), at(written));
     written += start - read;
-    // The last settled units go in front of the rest, where a mark that lies
+    // The last final units go in front of the rest, where a delimiter that lies
     // across the cut is seen.
     const std::size_t again = std::min(seam, written);
     read = end + group_end.size() - again;

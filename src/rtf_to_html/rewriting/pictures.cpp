@@ -22,13 +22,13 @@ class Cutter {
  public:
   explicit Cutter(Text& text) : text_(text) {}
 
-  /// Index of the next `marker`, or npos. A marker that a cut has put together
+  /// Index of the next `delimiter`, or npos. A delimiter that a cut has put together
   /// from the two sides of its gap is found as well.
-  std::size_t Find(TextView marker) {
-    CloseGapFor(marker);
-    return Finder(marker, Compare::Binary).Next(text_, next_);
+  std::size_t Find(TextView delimiter) {
+    CloseGapFor(delimiter);
+    return Finder(delimiter, Compare::Binary).Next(text_, next_);
   }
-  /// Index of `end` at or behind `from`, or npos.
+  /// Index of `end` at or after `from`, or npos.
   std::size_t FindEnd(TextView end, std::size_t from) const {
     return Finder(end, Compare::Binary).Next(text_, from);
   }
@@ -51,14 +51,14 @@ class Cutter {
  private:
   Text::iterator At(std::size_t index) { return text_.begin() + static_cast<std::ptrdiff_t>(index); }
 
-  // Moves the front of a marker that now runs across the gap to its other side.
-  void CloseGapFor(TextView marker) {
+  // Moves the front of a delimiter that now runs across the gap to its other side.
+  void CloseGapFor(TextView delimiter) {
     if (kept_ == next_) return;
     const TextView text(text_);
     const TextView rest = text.substr(next_);
-    for (std::size_t front = std::min(marker.size() - 1, kept_); front > 0; --front) {
-      if (text.substr(kept_ - front, front) != marker.substr(0, front)) continue;
-      if (!rest.starts_with(marker.substr(front))) continue;
+    for (std::size_t front = std::min(delimiter.size() - 1, kept_); front > 0; --front) {
+      if (text.substr(kept_ - front, front) != delimiter.substr(0, front)) continue;
+      if (!rest.starts_with(delimiter.substr(front))) continue;
       std::copy_backward(At(kept_ - front), At(kept_), At(next_));
       kept_ -= front;
       next_ -= front;
@@ -117,8 +117,8 @@ void WritePictures(Apartment& apartment, const Text& text) {
                    u"Quillary");
 }
 
-// Folder and name as they stand between the markers, without the number.
-Text MarkedPath(const RtfToHtmlState& state) {
+// Folder and name as they stand between the sentinels, without the number.
+Text PathInSentinels(const RtfToHtmlState& state) {
   Text path = state.ImageFolder + state.ImageName;
   ReplaceIn(path, u"\\\\\\", u"\\");
   ReplaceIn(path, u"\\\\", u"\\");
@@ -127,15 +127,15 @@ Text MarkedPath(const RtfToHtmlState& state) {
   return path;
 }
 
-void MarkPictures(Apartment& apartment, Text& text) {
+void PutSentinels(Apartment& apartment, Text& text) {
   RtfToHtmlState& state = apartment.rtf_to_html;
   if (!Holds(text, kPicture)) return;
-  const Text path = MarkedPath(state);
+  const Text path = PathInSentinels(state);
   const TextView ending = state.options.png_images ? u".png" : u".jpeg";
   const TextView source(text);
   const Finder opening(kPicture, Compare::Binary);
   const Finder closing(u"}", Compare::Binary);
-  Text marked;
+  Text replaced;
   std::size_t from = 0;
   for (int count = 2;; ++count) {
     const std::size_t start = opening.Next(source, from);
@@ -148,14 +148,14 @@ void MarkPictures(Apartment& apartment, Text& text) {
     if (end == npos) break;
     ++state.PictureCounter;
     const Text number = Decimal(count - 2);
-    marked.append(source, from, start - from).append(u" ").append(sentinels::picture_start).append(path);
-    marked.append(3 - number.size(), u'0').append(number).append(ending);
-    marked.append(sentinels::picture_end).append(u" ");
-    CheckGrowth(apartment, marked);
+    replaced.append(source, from, start - from).append(u" ").append(sentinels::picture_start).append(path);
+    replaced.append(3 - number.size(), u'0').append(number).append(ending);
+    replaced.append(sentinels::picture_end).append(u" ");
+    CheckGrowth(apartment, replaced);
     from = end + 1;
   }
-  marked.append(source, from);
-  text = std::move(marked);
+  replaced.append(source, from);
+  text = std::move(replaced);
 }
 
 void UnwrapObjects(RtfToHtmlState& state, Text& text) {
@@ -163,13 +163,13 @@ void UnwrapObjects(RtfToHtmlState& state, Text& text) {
   if (Holds(text, u"{\\*\\objclass Equation")) state.EquationSeen = true;
   const TextView source(text);
   const Finder object(kObject, Compare::Binary);
-  const Finder mark(sentinels::picture_start, Compare::Binary);
+  const Finder picture_sentinel(sentinels::picture_start, Compare::Binary);
   Text unwrapped;
   std::size_t from = 0;
   for (int objects = 1; objects <= kMostPictures; ++objects) {
     const std::size_t start = object.Next(source, from);
     if (start == npos) break;
-    const std::size_t picture = mark.Next(source, start);
+    const std::size_t picture = picture_sentinel.Next(source, start);
     if (picture == npos) break;
     unwrapped.append(source, from, start - from).append(u" ");
     from = picture;
@@ -191,7 +191,7 @@ void ReplacePictures(Apartment& apartment, Text& text) {
     return;
   }
   if (Holds(text, kPicture)) WritePictures(apartment, text);
-  MarkPictures(apartment, text);
+  PutSentinels(apartment, text);
   UnwrapObjects(state, text);
 }
 

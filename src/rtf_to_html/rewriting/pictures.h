@@ -11,7 +11,7 @@ namespace quillary::modQuillary {
 inline constexpr int kMostPictures = 65;
 
 /// With ConvertImages "yes": writes the pictures to files, puts the name of its
-/// file between two markers in place of each, and leaves of an embedded object
+/// file between two sentinels in place of each, and leaves of an embedded object
 /// only its picture. Otherwise pictures and objects are cut out. Changes
 /// ImageFolder and ImageName; counts in PictureCounter; sets EquationSeen.
 /// Throws Failure where the picture extractor does; the text is then as it was.

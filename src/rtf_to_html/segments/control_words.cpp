@@ -8,7 +8,7 @@
 
 namespace quillary::modQuillary {
 
-std::optional<TextView> NumberBehind(TextView word, TextView prefix) {
+std::optional<TextView> NumberAfter(TextView word, TextView prefix) {
   if (!word.starts_with(prefix)) return std::nullopt;
   word.remove_prefix(prefix.size());
   if (!IsNumeric(word)) return std::nullopt;
@@ -39,7 +39,7 @@ bool CutWord(TextView& word) {
   return false;
 }
 
-std::vector<std::int32_t> NumbersBehind(TextView text, TextView word, std::int32_t last) {
+std::vector<std::int32_t> NumbersAfter(TextView text, TextView word, std::int32_t last) {
   std::vector<std::int32_t> numbers;
   const Finder finder(word, Compare::IgnoreCase);
   for (std::size_t at = finder.Next(text, 0); at != Finder::npos; at = finder.Next(text, at + 1)) {

@@ -1,4 +1,4 @@
-// Control words and the numbers behind them.
+// Control words and the numbers after them.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@
 
 namespace quillary::modQuillary {
 
-/// The text behind `prefix` if the word begins with it and the rest is numeric.
-std::optional<TextView> NumberBehind(TextView word, TextView prefix);
+/// The text after `prefix` if the word begins with it and the rest is numeric.
+std::optional<TextView> NumberAfter(TextView word, TextView prefix);
 
 /// The value of a numeric text, rounded; the nearest one that there is for a
 /// number beyond 32 bits.
@@ -19,14 +19,14 @@ std::int32_t WholeNumber(TextView numeric);
 /// The entry of a list by an RTF number; null if the list has none.
 const Text* EntryAt(const TextList& list, std::int32_t number);
 
-/// Cuts a font, size or colour word off where it ends: at a blank if there is
+/// Cuts a font, size or colour word off where it ends: at a space if there is
 /// one, else at a backslash, else at an ampersand, else at a tag. Returns
 /// whether it ends.
 bool CutWord(TextView& word);
 
-/// The numbers from 0 to `last`, in rising order, that stand behind `word`
+/// The numbers from 0 to `last`, in rising order, that stand after `word`
 /// somewhere in the text. "12" counts as 1 and as 12.
-std::vector<std::int32_t> NumbersBehind(TextView text, TextView word, std::int32_t last);
+std::vector<std::int32_t> NumbersAfter(TextView text, TextView word, std::int32_t last);
 
 /// Calls `use` with each number from 0 to `last` that the text begins with, and
 /// its length: "12" begins with 1 and with 12.

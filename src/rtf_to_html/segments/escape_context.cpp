@@ -18,7 +18,7 @@ constexpr CharsetPage kCharsetPages[] = {
 constexpr TextView kFontWord = u"\\f";
 
 /// The font word of a head: one digit at its very end comes first, then the
-/// highest number that ends at a backslash, a blank or the end.
+/// highest number that ends at a backslash, a space or the end.
 std::optional<int> FontOfHead(TextView head, int font_count) {
   if (head.size() >= 6) {
     const std::size_t last = head.size() - 3;

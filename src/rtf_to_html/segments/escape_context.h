@@ -20,7 +20,7 @@ struct EscapeHead {
 
 EscapeHead ReadEscapeHead(const RtfToHtmlState& state, TextView head);
 
-/// A font number written behind the word \f, and the offset behind its digits.
+/// A font number written after the word \f, and the offset after its digits.
 struct FontNumber {
   int number = 0;
   std::size_t end = 0;

@@ -16,23 +16,23 @@ constexpr int kDefaultForeignPage = 936;
 
 /// The last font word of a text that grows at its end. Looks at each unit once
 /// but for the last few, where a word can still change its meaning with
-/// what comes behind it.
+/// what comes after it.
 class FontWords {
  public:
   explicit FontWords(int font_count) : font_count_(font_count) {}
 
-  /// The number of the last font word of `text`, behind which an escape
-  /// begins. A word ends at a backslash, a blank, an ampersand or a bullet.
+  /// The number of the last font word of `text`, after which an escape
+  /// begins. A word ends at a backslash, a space, an ampersand or a bullet.
   std::optional<int> Last(TextView text) {
     std::optional<int> last;
-    if (!settled_.empty()) last = settled_.back().number;
+    if (!final_words_.empty()) last = final_words_.back().number;
     for (std::size_t at = finder_.Next(text, looked_at_); at != Finder::npos;
          at = finder_.Next(text, at + 1)) {
       if (first_size_word_ == Finder::npos && text.substr(at + 2).starts_with(u's')) first_size_word_ = at;
       const std::optional<FontNumber> found = ReadFontNumber(text, at, font_count_);
       if (!found || !EndsWord(text, found->end)) continue;
       last = found->number;
-      if (at + kLongest <= text.size()) settled_.push_back({at, found->number});
+      if (at + kLongest <= text.size()) final_words_.push_back({at, found->number});
     }
     if (text.size() >= kLongest) looked_at_ = std::max(looked_at_, text.size() - kLongest + 1);
     return last;
@@ -43,7 +43,7 @@ class FontWords {
 
   /// The text was cut off at this offset.
   void CutAt(std::size_t offset) {
-    while (!settled_.empty() && settled_.back().at + kLongest > offset) settled_.pop_back();
+    while (!final_words_.empty() && final_words_.back().at + kLongest > offset) final_words_.pop_back();
     if (first_size_word_ != Finder::npos && first_size_word_ + 3 > offset) first_size_word_ = Finder::npos;
     looked_at_ = std::min(looked_at_, offset < kLongest ? 0 : offset - kLongest + 1);
   }
@@ -53,7 +53,7 @@ class FontWords {
     std::size_t at;
     int number;
   };
-  // The word, the digits of a 16-bit number and a bullet behind them.
+  // The word, the digits of a 16-bit number and a bullet after them.
   static constexpr std::size_t kLongest = 2 + 5 + sentinels::bullet.size();
 
   static bool EndsWord(TextView text, std::size_t end) {
@@ -64,7 +64,7 @@ class FontWords {
 
   int font_count_;
   Finder finder_{u"\\f", Compare::Binary};
-  std::vector<Word> settled_;
+  std::vector<Word> final_words_;
   std::size_t looked_at_ = 0;
   std::size_t first_size_word_ = Finder::npos;
 };
@@ -132,7 +132,7 @@ class ForeignRuns {
 
   /// What stands for the run. A single escape is read as the head wants it,
   /// unless it is Eastern European, Greek or Turkish; one that means nothing
-  /// becomes a blank.
+  /// becomes a space.
   Text Decode(TextView run, int charset) {
     const bool single = run.size() == kEscapeUnits;
     Text decoded;
@@ -148,7 +148,7 @@ class ForeignRuns {
       decoded = u' ' + decoder_->ToString(code_page != 0 ? code_page : kDefaultForeignPage, run);
     }
     if (single && decoded == run) decoded = u" ";
-    // Behind the digits of a word the blank would only end the word.
+    // After the digits of a word the space would only end the word.
     if (decoded == u" " && fonts_.SizeWordSeen() && !done_.empty() &&
         IsNumeric(TextView(done_).substr(done_.size() - 1))) {
       decoded.clear();

@@ -7,7 +7,7 @@ namespace quillary::modQuillary {
 
 /// Decodes each run of touching escapes in `body` by the charset of the font in
 /// force in front of it, from the first run on, until a run has no font or cannot
-/// be decoded. The font words and escapes behind that stay.
+/// be decoded. The font words and escapes after that stay.
 void DecodeForeignRuns(Apartment& apartment, Text& body, const EscapeHead& head);
 
 }  // namespace quillary::modQuillary

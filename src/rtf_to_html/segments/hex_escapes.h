@@ -1,4 +1,4 @@
-// Hexadecimal escapes: what the byte behind \' means, by the font's charset
+// Hexadecimal escapes: what the byte after \' means, by the font's charset
 // and by the language in force.
 #pragma once
 

@@ -14,12 +14,12 @@ struct Segment {
   explicit Segment(Text& text) : segment(text) {}
 
   Text& segment;
-  Text head;                 // the control words, up to the first blank
+  Text head;                 // the control words, up to the first space
   Text body;                 // the rest: document text and the words in it
   Text opening;              // HTML ahead of the font tag
-  Text closing;              // HTML behind the font tag
-  Text attributes;           // of the font tag: FACE=, SIZE= and COLOR=, each with a blank behind
-  std::int16_t splitAt = 0;  // where the head ends, 0 if there is no blank
+  Text closing;              // HTML after the font tag
+  Text attributes;           // of the font tag: FACE=, SIZE= and COLOR=, each with a space after
+  std::int16_t splitAt = 0;  // where the head ends, 0 if there is no space
   bool hadFontWord = false;  // a font, size or colour word of the body was replaced
 };
 

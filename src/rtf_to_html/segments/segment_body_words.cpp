@@ -9,7 +9,7 @@ namespace {
 
 constexpr Compare ignore_case = Compare::IgnoreCase;
 
-// Where the language word at `word` ends: at the first backslash or blank at
+// Where the language word at `word` ends: at the first backslash or space at
 // or after `from`, both 0-based.
 std::size_t EndOfLanguageWord(TextView text, std::size_t from) { return text.find_first_of(u"\\ ", from); }
 
@@ -19,30 +19,31 @@ bool EndsIn(TextView text, TextView end) {
 
 }  // namespace
 
-/// As long as a paragraph mark has a language word behind it, the first
-/// language word behind a blank goes, wherever it stands; the blank stays.
-void RemoveLanguageWordsBehindBlanks(rules::Rewriting& text) {
-  constexpr TextView marked = u"\\par \\lang";
-  if (!text.Holds(marked, ignore_case)) return;
+/// As long as a paragraph mark has a language word after it, the first
+/// language word after a space goes, wherever it stands; the space stays.
+void RemoveLanguageWordsAfterSpaces(rules::Rewriting& text) {
+  constexpr TextView word_after_paragraph = u"\\par \\lang";
+  if (!text.Holds(word_after_paragraph, ignore_case)) return;
   const TextView body = text.text();
   const Finder word(u" \\lang", ignore_case);
-  std::size_t last_marked = static_cast<std::size_t>(LastPosition(body, marked, ignore_case));
+  std::size_t last_paragraph =
+      static_cast<std::size_t>(LastPosition(body, word_after_paragraph, ignore_case));
   Text done;
   std::size_t at = 0;
-  // What was deleted may bring a word up to a blank that was passed already.
+  // What was deleted may bring a word up to a space that was passed already.
   bool joined = false;
-  while (last_marked > at || joined) {
+  while (last_paragraph > at || joined) {
     if (!joined) {
-      const std::size_t blank = word.Next(body, at);
-      if (blank == Finder::npos) break;
-      done.append(body, at, blank + 1 - at);
-      at = blank + 1;
+      const std::size_t space = word.Next(body, at);
+      if (space == Finder::npos) break;
+      done.append(body, at, space + 1 - at);
+      at = space + 1;
     }
     const std::size_t end = EndOfLanguageWord(body, at + 3);
     if (end == TextView::npos) break;
     at = end;
     const bool word_follows = Equal(body.substr(at, 5), u"\\lang", ignore_case);
-    joined = word_follows && (last_marked > at || EndsIn(done, u"\\par "));
+    joined = word_follows && (last_paragraph > at || EndsIn(done, u"\\par "));
   }
   done.append(body, at, TextView::npos);
   text.Assign(std::move(done));

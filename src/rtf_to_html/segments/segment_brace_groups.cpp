@@ -29,7 +29,7 @@ class GroupRemoval {
   }
 
  private:
-  // Puts everything up to the next group, and its brace, behind what is done.
+  // Puts everything up to the next group, and its brace, after what is done.
   bool FindGroup() {
     if (reopened_) return true;
     const std::size_t start = body_.find(u"{\\", at_);

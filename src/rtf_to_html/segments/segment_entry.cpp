@@ -14,7 +14,7 @@ namespace {
 
 constexpr Compare ignore_case = Compare::IgnoreCase;
 
-// Short segments count only behind the first long one: the counter stays 0
+// Short segments count only after the first long one: the counter stays 0
 // through the run of empty segments at the start of a document.
 void CountLongSegment(RtfToHtmlState& state, TextView segment) {
   constexpr std::size_t long_units = 7;
@@ -22,18 +22,18 @@ void CountLongSegment(RtfToHtmlState& state, TextView segment) {
   if (state.LongSegments < std::numeric_limits<std::int16_t>::max()) ++state.LongSegments;
 }
 
-// A picture that is the whole of a right-aligned run ends in a mark of its own.
+// A picture that is the whole of a right-aligned run ends in a sentinel of its own.
 void MarkRightAlignedPicture(Text& segment) {
   constexpr std::int32_t reach = 25;
   const std::int32_t aligned = FindText(1, segment, u"\\qr\\", ignore_case);
   if (aligned == 0) return;
-  const std::int32_t blank = FindText(aligned, segment, u" ");
-  if (blank == 0 || !Holds(MidView(segment, blank, reach), sentinels::picture_start, ignore_case)) return;
+  const std::int32_t space = FindText(aligned, segment, u" ");
+  if (space == 0 || !Holds(MidView(segment, space, reach), sentinels::picture_start, ignore_case)) return;
   ReplaceIn(segment, Text(sentinels::picture_end) + u" ", sentinels::picture_end_right_aligned, ignore_case,
             1);
 }
 
-// Takes out what lies from `opening` to the first `closing` behind it, the
+// Takes out what lies from `opening` to the first `closing` after it, the
 // first unit of that included.
 void RemoveOnce(Text& segment, TextView opening, TextView closing) {
   const std::int32_t from = FindText(1, segment, opening, ignore_case);
@@ -67,14 +67,14 @@ void RepairSegment(Apartment& apartment, Text& segment) {
   RemoveLineBreakingGroups(segment);
 }
 
-// The first blank, as far as it can be reached by 16 bits; beyond, what was
+// The first space, as far as it can be reached by 16 bits; beyond, what was
 // taken before stays.
 void TakeSplit(Segment& segment, TextView text) {
-  const std::size_t blank = text.find(u' ');
-  if (blank == TextView::npos) {
+  const std::size_t space = text.find(u' ');
+  if (space == TextView::npos) {
     segment.splitAt = 0;
-  } else if (blank < std::numeric_limits<std::int16_t>::max()) {
-    segment.splitAt = static_cast<std::int16_t>(blank + 1);
+  } else if (space < std::numeric_limits<std::int16_t>::max()) {
+    segment.splitAt = static_cast<std::int16_t>(space + 1);
   }
 }
 
@@ -87,8 +87,8 @@ void SeparateFirstEscape(const RtfToHtmlState& state, Segment& segment) {
   TakeSplit(segment, segment.segment);
 }
 
-// How the entry goes on behind the split.
-enum class Cut : std::uint8_t { Dropped, HeadIsAll, BehindRepairs, AtOnce };
+// How the entry goes on after the split.
+enum class Cut : std::uint8_t { Dropped, HeadIsAll, AfterRepairs, AtOnce };
 
 // The start of a document body without text: all words are head words.
 Cut HeadOfDocumentStart(Apartment& apartment, Segment& segment) {
@@ -101,12 +101,12 @@ Cut HeadOfDocumentStart(Apartment& apartment, Segment& segment) {
   return Cut::HeadIsAll;
 }
 
-Cut SplitWithoutBlank(Apartment& apartment, Segment& segment) {
+Cut SplitWithoutSpace(Apartment& apartment, Segment& segment) {
   Text& text = segment.segment;
   if (FindText(1, text, u"plain\\pard\\", ignore_case) != 1) return HeadOfDocumentStart(apartment, segment);
   if (text.find(u' ') != Text::npos) {  // out of the reach of splitAt
     ReplaceIn(text, sentinels::bullet, u"<li>", ignore_case);
-    return Cut::BehindRepairs;
+    return Cut::AfterRepairs;
   }
   if (text.find(u"\\'") != Text::npos) {
     Attempt([&] { segment.head = DecodeHexEscapes(apartment, text, text); });
@@ -122,7 +122,7 @@ Cut SplitWithoutBlank(Apartment& apartment, Segment& segment) {
   rules::Run(chains::SegmentHeadBreaks, head);
   segment.head = head.Take();
   TakeSplit(segment, segment.head);
-  return Cut::BehindRepairs;
+  return Cut::AfterRepairs;
 }
 
 // Trailing text in the closing group of the document.
@@ -164,9 +164,9 @@ void CutAtSplit(Segment& segment) {
   if (Equal(MidView(segment.body, 1, 3), u"br>", ignore_case)) segment.body.insert(0, 1, u'<');
 }
 
-// Text behind a Unicode word of the head belongs into the body, and a colour
+// Text after a Unicode word of the head belongs into the body, and a colour
 // that was set ahead of it must reach that text.
-void MoveTextBehindUnicodeWord(Segment& segment) {
+void MoveTextAfterUnicodeWord(Segment& segment) {
   Text& head = segment.head;
   const std::size_t word = head.rfind(u"\\u");
   if (word == Text::npos) return;
@@ -194,7 +194,7 @@ void GiveFirstFont(RtfToHtmlState& state, Text& head) {
   }
 }
 
-// A run of control words at the end of the body, behind a closing brace.
+// A run of control words at the end of the body, after a closing brace.
 void CutTail(Text& body) {
   constexpr std::size_t look = 10;
   constexpr std::size_t reach = 80;
@@ -203,21 +203,21 @@ void CutTail(Text& body) {
   for (const TextView escaped : {u"\\\\", u"\\}", u"\\{"}) {
     if (end.find(escaped) != TextView::npos) return;
   }
-  const std::size_t blank = body.rfind(u' ');
-  if (blank != Text::npos && body.size() - blank <= reach) body.resize(blank + 1);
+  const std::size_t space = body.rfind(u' ');
+  if (space != Text::npos && body.size() - space <= reach) body.resize(space + 1);
 }
 
 // Everything between the split and the brace groups. Returns whether the
 // segment goes on.
 bool CutSegment(RtfToHtmlState& state, Segment& segment, Cut cut) {
-  if (cut == Cut::BehindRepairs) {
+  if (cut == Cut::AfterRepairs) {
     if (EndsInClosingGroup(segment.segment)) return false;
     RemovePictureAndObjects(segment.segment);
     if (CutAtEscape(segment)) return true;
     SplitAtEscapedBrace(segment);
   }
   CutAtSplit(segment);
-  MoveTextBehindUnicodeWord(segment);
+  MoveTextAfterUnicodeWord(segment);
   GiveFirstFont(state, segment.head);
   return true;
 }
@@ -238,8 +238,8 @@ Road EnterSegment(Apartment& apartment, Segment& segment) {
   RepairSegment(apartment, segment.segment);
   TakeSplit(segment, segment.segment);
   SeparateFirstEscape(state, segment);
-  Cut cut = Cut::BehindRepairs;
-  if (segment.splitAt == 0) cut = SplitWithoutBlank(apartment, segment);
+  Cut cut = Cut::AfterRepairs;
+  if (segment.splitAt == 0) cut = SplitWithoutSpace(apartment, segment);
   if (cut == Cut::Dropped) return Road::Dropped;
   if (cut == Cut::HeadIsAll) return Road::Head;
   if (!CutSegment(state, segment, cut)) return Road::Dropped;

@@ -17,9 +17,9 @@ namespace {
 
 constexpr TextView font_word = u"\\f";
 
-/// What may stand behind a font word, and how much of it goes with the word.
+/// What may stand after a font word, and how much of it goes with the word.
 struct Form {
-  TextView behind;
+  TextView after;
   std::size_t taken;
 };
 
@@ -38,7 +38,7 @@ class Faces {
     now_.swap(later_);
   }
 
-  /// The word at or behind a place, at most `units` of it; empty if there is none.
+  /// The word at or after a place, at most `units` of it; empty if there is none.
   TextView WordFrom(std::size_t& place, std::size_t units) {
     const Id word = pieces_.WordFrom(place);
     return word == 0 ? TextView() : pieces_.Look(word, units);
@@ -74,12 +74,12 @@ class Faces {
     return without_fonts_ ? std::span<const Form>(forms_without_fonts) : forms_of_named;
   }
 
-  static bool StandsIn(TextView behind, const Form& form) {
-    return Equal(behind.substr(0, form.behind.size()), form.behind, Compare::IgnoreCase);
+  static bool StandsIn(TextView after, const Form& form) {
+    return Equal(after.substr(0, form.after.size()), form.after, Compare::IgnoreCase);
   }
 
-  // What stands behind the word if it names the font.
-  std::optional<TextView> Behind(Id word, const Text& number) {
+  // What stands after the word if it names the font.
+  std::optional<TextView> After(Id word, const Text& number) {
     if (!pieces_.IsWord(word)) return std::nullopt;
     const TextView digits = pieces_.Look(word, WordPieces::sight).substr(font_word.size());
     if (!digits.starts_with(number)) return std::nullopt;
@@ -98,8 +98,8 @@ class Faces {
     const TextView digits = pieces_.Look(word, WordPieces::sight).substr(font_word.size());
     ForEachNumberAt(digits, state_.FontCount, [&](std::int32_t number, std::size_t length) {
       const std::span<const Form> forms = FormsOf(number);
-      const TextView behind = digits.substr(length);
-      if (!std::ranges::any_of(forms, [&](const Form& form) { return StandsIn(behind, form); })) return;
+      const TextView after = digits.substr(length);
+      if (!std::ranges::any_of(forms, [&](const Form& form) { return StandsIn(after, form); })) return;
       if (number == current_) words_.push_back(word);
       (number < current_ && current_ <= state_.FontCount ? now_ : later_)[number].push_back(word);
     });
@@ -116,8 +116,8 @@ class Faces {
       words_.erase(std::unique(words_.begin(), words_.end()), words_.end());
       found_.clear();
       for (const Id word : words_) {
-        const auto behind = Behind(word, number);
-        if (behind && StandsIn(*behind, form)) found_.push_back(word);
+        const auto after = After(word, number);
+        if (after && StandsIn(*after, form)) found_.push_back(word);
       }
       if (found_.empty()) continue;
       changed = true;
@@ -147,7 +147,7 @@ class Faces {
 // The fonts are tried downwards, so the lowest one that the word names stays
 // the current one.
 void NoteCurrentFont(RtfToHtmlState& state, const Faces& faces, TextView word) {
-  const std::vector<std::int32_t> numbers = NumbersBehind(word, font_word, state.FontCount);
+  const std::vector<std::int32_t> numbers = NumbersAfter(word, font_word, state.FontCount);
   if (numbers.empty()) return;
   state.CurrentFontNumber = numbers.front();
   state.CurrentFace = faces.Face(numbers.front());
@@ -176,7 +176,7 @@ void ReplaceFaces(RtfToHtmlState& state, Segment& segment, rules::Rewriting& bod
   for (std::size_t rounds = faces.Words(); rounds > 0; --rounds, place += step) {
     Text word(faces.WordFrom(place, reach));
     if (word.empty()) break;
-    // A letter of another alphabet ends the word as a blank does.
+    // A letter of another alphabet ends the word as a space does.
     if (word.size() > 3 && word[3] >= 128) word = word.substr(0, 3) + u" ";
     TextView end = word;
     if (!CutWord(end)) continue;

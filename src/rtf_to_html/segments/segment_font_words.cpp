@@ -10,7 +10,7 @@ namespace quillary::modQuillary {
 namespace {
 
 constexpr Compare ignore_case = Compare::IgnoreCase;
-constexpr TextView blank_entity = u"&nbsp;";
+constexpr TextView space_entity = u"&nbsp;";
 
 // Hands the places of `word` in the body to `convert`, one after the other,
 // until it returns false. The body may change meanwhile, so there are at most
@@ -42,13 +42,13 @@ class FontWords {
 
   void ReplaceSizes() {
     tag_.clear();
-    settled_.clear();
+    done_.clear();
     ForEachPlace(body_, u"\\fs", [this](TextView word) { return ReplaceSize(word); });
   }
 
   void ReplaceColours() {
     tag_.clear();
-    settled_.clear();
+    done_.clear();
     ForEachPlace(body_, u"\\cf", [this](TextView word) { return ReplaceColour(word); });
   }
 
@@ -56,7 +56,7 @@ class FontWords {
     if (!body_.Holds(u"\\highlight", ignore_case)) return;
     Replace(u"\\highlight0", u"</span>");
     tag_.clear();
-    for (const std::int32_t number : NumbersBehind(body_.text(), u"\\highlight", state_.ColourCount)) {
+    for (const std::int32_t number : NumbersAfter(body_.text(), u"\\highlight", state_.ColourCount)) {
       if (number < 1) continue;
       if (const Text* colour = EntryAt(state_.ColourTable, number)) {
         tag_ = u"</span><span style=\"background-color: " + *colour + u"\">";
@@ -69,10 +69,10 @@ class FontWords {
   // Replaces one spelling in the whole body. Returns whether it was there.
   bool Replace(TextView find, TextView with) { return body_.Replace(find, with, ignore_case); }
 
-  // A word and its number become the tag, with the blank behind it or without.
+  // A word and its number become the tag, with the space after it or without.
   bool ReplaceForms(const Text& word) {
     bool changed = Replace(word + u"&nbsp;&nbsp;&#", tag_ + u"&#");
-    changed |= Replace(word + Text(blank_entity), tag_);
+    changed |= Replace(word + Text(space_entity), tag_);
     changed |= Replace(word + u" ", tag_);
     changed |= Replace(word, tag_);
     return changed;
@@ -80,15 +80,15 @@ class FontWords {
 
   // Whether a number was replaced before without any effect, in the text as it
   // is now: then it has none again.
-  bool IsSettled(std::int32_t number) const {
-    const auto found = settled_.find(number);
-    return found != settled_.end() && found->second == version_;
+  bool IsDone(std::int32_t number) const {
+    const auto found = done_.find(number);
+    return found != done_.end() && found->second == version_;
   }
-  void Settle(std::int32_t number, bool changed) {
+  void SetDone(std::int32_t number, bool changed) {
     if (changed) {
       ++version_;
     } else {
-      settled_[number] = version_;
+      done_[number] = version_;
     }
   }
 
@@ -104,25 +104,25 @@ class FontWords {
       if (size != nullptr) tag_ = u"<font SIZE=\"" + *size + u"\">";
       segment_.hadFontWord = true;
       if (!without_fonts_) {
-        if (!IsSettled(number)) Settle(number, ReplaceSizeForms(find));
+        if (!IsDone(number)) SetDone(number, ReplaceSizeForms(find));
         if (size != nullptr) state_.CurrentSize = *size;
         return true;
       }
     }
-    if (!IsSettled(number)) Settle(number, RemoveSizeForms(find));
+    if (!IsDone(number)) SetDone(number, RemoveSizeForms(find));
     return true;
   }
 
   bool ReplaceSizeForms(const Text& word) {
     bool changed = Replace(word + u"&nbsp;&nbsp;&#", tag_ + u"&#");
-    changed |= Replace(word + Text(blank_entity), tag_);
+    changed |= Replace(word + Text(space_entity), tag_);
     changed |= Replace(word + u" ", tag_);
     changed |= Replace(word + u"\\", tag_ + u"\\");
     return changed;
   }
 
   bool RemoveSizeForms(const Text& word) {
-    bool changed = Replace(word + Text(blank_entity), u"");
+    bool changed = Replace(word + Text(space_entity), u"");
     changed |= Replace(word + u" ", u"");
     changed |= Replace(word, u"");
     return changed;
@@ -136,7 +136,7 @@ class FontWords {
     const Text* colour = EntryAt(state_.ColourTable, number);
     if (colour != nullptr) tag_ = u"<font COLOR=\"" + *colour + u"\">";
     state_.ColourExplicit = true;
-    if (!IsSettled(number)) Settle(number, ReplaceForms(u"\\cf" + Decimal(number)));
+    if (!IsDone(number)) SetDone(number, ReplaceForms(u"\\cf" + Decimal(number)));
     if (colour != nullptr) state_.CurrentColour = *colour;
     segment_.hadFontWord = true;
     return true;
@@ -147,7 +147,7 @@ class FontWords {
   rules::Rewriting& body_;
   bool without_fonts_;
   Text tag_;  // stays from the round before when a number has no entry
-  std::map<std::int32_t, std::size_t> settled_;
+  std::map<std::int32_t, std::size_t> done_;
   std::size_t version_ = 0;
 };
 

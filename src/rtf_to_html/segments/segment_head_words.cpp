@@ -1,5 +1,5 @@
 // The control words of the head: what they put around the segment's text, and
-// what they leave running for the segments behind it.
+// what they leave running for the segments after it.
 #include <algorithm>
 #include <limits>
 #include <optional>
@@ -12,17 +12,17 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr TextView blank_entity = u"&nbsp;";
+constexpr TextView space_entity = u"&nbsp;";
 
 void Append(Text& text, TextView piece, std::int32_t times) {
   for (; times > 0; --times) text += piece;
 }
 
-// Widths in twips, and as how many blanks they show.
+// Widths in twips, and as how many spaces they show.
 struct Band {
   std::int32_t from;
   std::int32_t to;
-  std::int32_t blanks;
+  std::int32_t spaces;
 };
 constexpr std::int32_t no_end = std::numeric_limits<std::int32_t>::max();
 constexpr Band indent_bands[] = {{101, 249, 1},  {251, 399, 2},   {400, 899, 4},
@@ -31,9 +31,9 @@ constexpr Band indent_bands[] = {{101, 249, 1},  {251, 399, 2},   {400, 899, 4},
 constexpr Band next_paragraph_bands[] = {{1, 399, 2}, {400, 899, 4}, {900, 1299, 6}, {1300, no_end, 8}};
 
 template <std::size_t count>
-std::int32_t BlanksFor(const Band (&bands)[count], std::int32_t twips) {
+std::int32_t SpacesFor(const Band (&bands)[count], std::int32_t twips) {
   for (const Band& band : bands) {
-    if (twips >= band.from && twips <= band.to) return band.blanks;
+    if (twips >= band.from && twips <= band.to) return band.spaces;
   }
   return 0;
 }
@@ -132,7 +132,7 @@ class HeadReader {
         ReadUnicode(word);
         break;
       case u'd':
-        if (NumberBehind(word, u"dn")) Surround(u"<sub>", u"</sub>");
+        if (NumberAfter(word, u"dn")) Surround(u"<sub>", u"</sub>");
         break;
       case u't':
         ReadTabStop(word);
@@ -194,13 +194,13 @@ class HeadReader {
   }
 
   void ReadFont(TextView word) {
-    if (const auto number = NumberBehind(word, u"f")) {
+    if (const auto number = NumberAfter(word, u"f")) {
       if (!WithoutFonts(state_)) SetFace(WholeNumber(*number));
-    } else if (const auto half_points = NumberBehind(word, u"fs")) {
+    } else if (const auto half_points = NumberAfter(word, u"fs")) {
       if (!WithoutFonts(state_)) SetSize(HalfToEven(WholeNumber(*half_points)));
-    } else if (const auto hanging = NumberBehind(word, u"fi-")) {
+    } else if (const auto hanging = NumberAfter(word, u"fi-")) {
       SetFirstIndent(WholeNumber(*hanging));
-    } else if (const auto twips = NumberBehind(word, u"fi")) {
+    } else if (const auto twips = NumberAfter(word, u"fi")) {
       SetFirstIndent(WholeNumber(*twips));
     }
   }
@@ -222,12 +222,12 @@ class HeadReader {
   }
 
   void SetFirstIndent(std::int32_t twips) {
-    Append(segment_.opening, blank_entity, BlanksFor(indent_bands, twips));
+    Append(segment_.opening, space_entity, SpacesFor(indent_bands, twips));
     state_.IndentOpen = true;
   }
 
   void ReadColour(TextView word) {
-    const auto number = NumberBehind(word, u"cf");
+    const auto number = NumberAfter(word, u"cf");
     if (!number) return;
     if (const Text* entry = EntryAt(state_.ColourTable, WholeNumber(*number))) {
       const TextView colour = entry->empty() ? TextView(u"#000000") : TextView(*entry);
@@ -242,7 +242,7 @@ class HeadReader {
   }
 
   void ReadHighlight(TextView word) {
-    const auto number = NumberBehind(word, u"highlight");
+    const auto number = NumberAfter(word, u"highlight");
     if (!number) return;
     if (const Text* colour = EntryAt(state_.ColourTable, WholeNumber(*number))) {
       segment_.opening.append(u"</span><span style=\"background-color: ").append(*colour).append(u"\">");
@@ -257,10 +257,10 @@ class HeadReader {
   }
 
   void ReadLeftIndent(TextView word) {
-    auto twips = NumberBehind(word, u"li-");
-    if (!twips) twips = NumberBehind(word, u"li");
+    auto twips = NumberAfter(word, u"li-");
+    if (!twips) twips = NumberAfter(word, u"li");
     if (!twips) return;
-    Append(state_.PendingIndent, blank_entity, BlanksFor(indent_bands, WholeNumber(*twips)));
+    Append(state_.PendingIndent, space_entity, SpacesFor(indent_bands, WholeNumber(*twips)));
     if (indents_paragraph_) {
       segment_.opening += state_.PendingIndent;
       state_.PendingIndent.clear();
@@ -269,7 +269,7 @@ class HeadReader {
   }
 
   void ReadUnicode(TextView word) {
-    if (NumberBehind(word, u"up")) Surround(u"<sup>", u"</sup>");
+    if (NumberAfter(word, u"up")) Surround(u"<sup>", u"</sup>");
     const std::size_t line_end = word.find(u"\r\n");
     if (line_end != TextView::npos) {
       segment_.closing += word.substr(line_end);
@@ -277,19 +277,19 @@ class HeadReader {
     }
     if (!word.ends_with(u'?')) return;
     word.remove_suffix(1);
-    if (const auto number = NumberBehind(word, u"u")) references_.push_back(*number);
+    if (const auto number = NumberAfter(word, u"u")) references_.push_back(*number);
   }
 
   // The first tab stop of the head gives the width of all tabs.
   void ReadTabStop(TextView word) {
-    const auto number = NumberBehind(word, u"tx");
+    const auto number = NumberAfter(word, u"tx");
     if (!number) return;
     constexpr std::int32_t widest = 30000;
-    constexpr std::int32_t blank_twips = 150;
+    constexpr std::int32_t space_twips = 150;
     const std::int32_t twips = std::min(WholeNumber(*number), widest);
     if (!body_.Holds(sentinels::tab_stop, Compare::Binary)) return;
     Text fill;
-    Append(fill, blank_entity, twips >= 1500 ? RoundedQuotient(twips, blank_twips) : 3);
+    Append(fill, space_entity, twips >= 1500 ? RoundedQuotient(twips, space_twips) : 3);
     body_.Replace(sentinels::tab_stop, fill, Compare::Binary);
   }
 
@@ -357,7 +357,7 @@ void AddRunningValues(RtfToHtmlState& state, Text& attributes) {
   };
   add(u"FACE=", state.CurrentFace);
   add(u"SIZE=", state.CurrentSize);
-  // Blue and red words do not run on into the paragraph behind them.
+  // Blue and red words do not run on into the paragraph after them.
   if (state.ColourExplicit && (state.CurrentColour == u"#0000ff" || state.CurrentColour == u"#ff0000")) {
     state.CurrentColour = u"#000000";
   }
@@ -365,7 +365,7 @@ void AddRunningValues(RtfToHtmlState& state, Text& attributes) {
 }
 
 // A paragraph that begins at the end of the body without any text: its
-// indentation is for the segment behind.
+// indentation is for the segment after.
 void TakeNextParagraph(RtfToHtmlState& state, rules::Rewriting& body) {
   constexpr TextView paragraph = u"\\pard\\";
   if (!body.Holds(paragraph, Compare::Binary)) return;
@@ -373,8 +373,8 @@ void TakeNextParagraph(RtfToHtmlState& state, rules::Rewriting& body) {
   const TextView words = TextView(body.text()).substr(start);
   if (words.find(u' ') != TextView::npos) return;
   ForEachWord(words, [&](TextView word) {
-    if (const auto twips = NumberBehind(word, u"li")) {
-      Append(state.PendingIndent, blank_entity, BlanksFor(next_paragraph_bands, WholeNumber(*twips)));
+    if (const auto twips = NumberAfter(word, u"li")) {
+      Append(state.PendingIndent, space_entity, SpacesFor(next_paragraph_bands, WholeNumber(*twips)));
     }
   });
   body.Assign(body.text().substr(0, start));

@@ -11,11 +11,11 @@ namespace {
 
 bool IsUnicodeWord(TextView word) {
   const std::int32_t start = FindText(1, word, u"\\u", Compare::IgnoreCase);
-  const TextView behind = start == 0 ? TextView() : MidView(word, start + 2, 1);
-  return !behind.empty() && (behind[0] == u'-' || (behind[0] >= u'0' && behind[0] <= u'9'));
+  const TextView after = start == 0 ? TextView() : MidView(word, start + 2, 1);
+  return !after.empty() && (after[0] == u'-' || (after[0] >= u'0' && after[0] <= u'9'));
 }
 
-// A Unicode word, with the text behind it up to the blank, as references; empty
+// A Unicode word, with the text after it up to the space, as references; empty
 // if other words are mixed in.
 Text ReferencesFor(TextView word) {
   Text references(word);
@@ -26,7 +26,7 @@ Text ReferencesFor(TextView word) {
   return references;
 }
 
-// Drops every control word with what stands behind it, up to the next blank,
+// Drops every control word with what stands after it, up to the next space,
 // closing brace or tag; Unicode words become references, which are as long. All
 // stays in its place: what is done with moves up to the front.
 void DropControlWords(Text& body, TextView opening) {
@@ -36,7 +36,7 @@ void DropControlWords(Text& body, TextView opening) {
   const std::size_t last_end = body.find_last_of(u" }");
   std::size_t written = 0;
   std::size_t at = 0;
-  std::size_t blanks = 0;  // due in front of the body
+  std::size_t spaces = 0;  // due in front of the body
   const auto keep = [&](const char16_t* units, std::size_t count) {
     if (body.data() + written != units) std::char_traits<char16_t>::move(body.data() + written, units, count);
     written += count;
@@ -53,12 +53,12 @@ void DropControlWords(Text& body, TextView opening) {
     if (!IsUnicodeWord(word)) continue;
     const Text references = ReferencesFor(word);
     if (references.empty()) continue;
-    blanks += references_ahead && Equal(word.substr(0, 2), u"\\u", Compare::IgnoreCase);
+    spaces += references_ahead && Equal(word.substr(0, 2), u"\\u", Compare::IgnoreCase);
     keep(references.data(), references.size());
   }
   keep(body.data() + at, body.size() - at);
   body.resize(written);
-  body.insert(0, blanks, u' ');
+  body.insert(0, spaces, u' ');
 }
 
 void FinishBody(const RtfToHtmlState& state, Text& body, TextView opening) {
@@ -68,7 +68,7 @@ void FinishBody(const RtfToHtmlState& state, Text& body, TextView opening) {
   if (state.LongSegments < 2 && body.starts_with(u' ')) body.replace(0, 1, u"&nbsp;");
 }
 
-// A single list item opens at the start of its paragraph, but not right behind
+// A single list item opens at the start of its paragraph, but not right after
 // the body tag of the document. Returns whether it is to be put in front.
 bool MoveListItem(const RtfToHtmlState& state, Text& body) {
   constexpr std::size_t body_tag_reach = 24;

@@ -25,7 +25,7 @@ Text WidthIn(TextView word) {
   return width;
 }
 
-/// The width words of a text, and which of them have become marks. A mark
+/// The width words of a text, and which of them have become sentinels. A sentinel
 /// begins with a backslash, as the word did, and never makes a word of what
 /// stands around it.
 class CellWidths {
@@ -33,8 +33,8 @@ class CellWidths {
   explicit CellWidths(TextView text) : text_(text) {
     const Finder word(width_word, ignore_case);
     for (std::size_t at = word.Next(text, 0); at != Finder::npos; at = word.Next(text, at + 1)) {
-      const TextView behind = text.substr(at + width_word.size());
-      words_.push_back({at, behind.substr(0, behind.find_first_not_of(u"0123456789.+-")), 0});
+      const TextView after = text.substr(at + width_word.size());
+      words_.push_back({at, after.substr(0, after.find_first_not_of(u"0123456789.+-")), 0});
       by_width_.push_back(by_width_.size());
     }
     std::sort(by_width_.begin(), by_width_.end(), [this](std::size_t left, std::size_t right) {
@@ -45,39 +45,39 @@ class CellWidths {
   Text Mark() {
     for (std::size_t word = 0; word < words_.size(); ++word) {
       const std::size_t at = words_[word].at;
-      // A word in upper case is marked only along with one that is not.
+      // A word in upper case is replaced only along with one that is not.
       if (words_[word].taken > 0 || text_.substr(at, width_word.size()) != width_word) continue;
       const Text width = WidthOf(word);
       if (!IsNumeric(width)) break;
       if (!words_[word].width.starts_with(width)) {
-        // A blank inside the number: the word would be met for ever.
-        return ReplaceAll(Marked(0, 0, text_.size()), Text(width_word) + width, sentinels::cell_width_mark,
-                          ignore_case);
+        // A space inside the number: the word would be met for ever.
+        return ReplaceAll(WithSentinels(0, 0, text_.size()), Text(width_word) + width,
+                          sentinels::cell_width_mark, ignore_case);
       }
-      MarkAll(width);
+      TakeAll(width);
     }
-    return Marked(0, 0, text_.size());
+    return WithSentinels(0, 0, text_.size());
   }
 
  private:
   struct Word {
     std::size_t at;
-    TextView width;     // the signs and digits behind it
-    std::size_t taken;  // so many units became the mark, 0 if none did
+    TextView width;     // the punctuation and digits after it
+    std::size_t taken;  // so many units became the sentinel, 0 if none did
   };
 
-  // The width ends at the next word, or at the next blank if that is too far.
+  // The width ends at the next word, or at the next space if that is too far.
   Text WidthOf(std::size_t word) const {
     constexpr std::size_t longest = 15;
     const std::size_t at = words_[word].at;
     std::size_t end = text_.find(u'\\', at + 2);
     if (end != TextView::npos && end - at <= longest) return WidthIn(text_.substr(at, end - at));
     if (end != TextView::npos) end = text_.find(u' ', at + 2);
-    return WidthIn(Marked(word, at, std::min(end, text_.size())));
+    return WidthIn(WithSentinels(word, at, std::min(end, text_.size())));
   }
 
   // Every word that begins with this width.
-  void MarkAll(const Text& width) {
+  void TakeAll(const Text& width) {
     auto next = std::lower_bound(
         by_width_.begin(), by_width_.end(), width,
         [this](std::size_t word, const Text& sought) { return words_[word].width < TextView(sought); });
@@ -87,15 +87,15 @@ class CellWidths {
     }
   }
 
-  // A stretch of the text with its marks, from the first word in it on.
-  Text Marked(std::size_t word, std::size_t from, std::size_t end) const {
-    Text marked;
+  // A stretch of the text with its sentinels, from the first word in it on.
+  Text WithSentinels(std::size_t word, std::size_t from, std::size_t end) const {
+    Text text;
     for (; word < words_.size() && words_[word].at < end; ++word) {
       if (words_[word].taken == 0) continue;
-      marked.append(text_.substr(from, words_[word].at - from)).append(sentinels::cell_width_mark);
+      text.append(text_.substr(from, words_[word].at - from)).append(sentinels::cell_width_mark);
       from = words_[word].at + words_[word].taken;
     }
-    return marked.append(text_.substr(from, end - from));
+    return text.append(text_.substr(from, end - from));
   }
 
   TextView text_;
@@ -112,9 +112,9 @@ void ReplaceTableWords(rules::Rewriting& body) {
   if (body.Holds(width_word, ignore_case) &&
       CountOccurrences(body.text(), width_word, ignore_case) > cells_of_small_rows) {
     body.Assign(MarkCellWidths(body.text()));
-    Text four_marks;
-    for (int i = 0; i < 4; ++i) four_marks += sentinels::cell_width_mark;
-    body.Replace(four_marks, u" <tr><td>", Compare::Binary, 1);
+    Text four_sentinels;
+    for (int i = 0; i < 4; ++i) four_sentinels += sentinels::cell_width_mark;
+    body.Replace(four_sentinels, u" <tr><td>", Compare::Binary, 1);
   }
   rules::Run(chains::SegmentTableRows, body);
   rules::Run(chains::SegmentRowSeams, body);

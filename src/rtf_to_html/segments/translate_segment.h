@@ -11,7 +11,7 @@ namespace quillary::modQuillary {
 /// the texts as they were, and the next one runs.
 void TranslateSegment(Apartment& apartment, Text& segment);
 
-/// The text with the width words of its cells replaced by marks. Stops at the
+/// The text with the width words of its cells replaced by sentinels. Stops at the
 /// first width that is no number.
 Text MarkCellWidths(TextView text);
 

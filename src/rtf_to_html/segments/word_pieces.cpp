@@ -42,24 +42,24 @@ TextView WordPieces::Look(Id word, std::size_t units) {
   return {seen_, seen};
 }
 
-WordPieces::Id WordPieces::Insert(Id behind, TextView units, std::uint32_t order, bool word) {
+WordPieces::Id WordPieces::Insert(Id after, TextView units, std::uint32_t order, bool word) {
   const auto piece = static_cast<Id>(pieces_.size());
-  const Id next = pieces_[behind].next;
-  pieces_.push_back({units.data(), static_cast<std::uint32_t>(units.size()), behind, next, order & 0x7FFFFFFF,
+  const Id next = pieces_[after].next;
+  pieces_.push_back({units.data(), static_cast<std::uint32_t>(units.size()), after, next, order & 0x7FFFFFFF,
                      word ? 1U : 0U});
-  pieces_[behind].next = piece;
+  pieces_[after].next = piece;
   pieces_[next].prev = piece;
   size_ += units.size();
   return piece;
 }
 
-void WordPieces::InsertCut(Id behind, TextView text, std::uint32_t order) {
+void WordPieces::InsertCut(Id after, TextView text, std::uint32_t order) {
   std::size_t at = finder_.Next(text, 0);
   if (at == Finder::npos) at = text.size();
-  if (at > 0) behind = Insert(behind, text.substr(0, at), order, false);
+  if (at > 0) after = Insert(after, text.substr(0, at), order, false);
   while (at < text.size()) {
     const std::size_t next = std::min(finder_.Next(text, at + 1), text.size());
-    behind = Insert(behind, text.substr(at, next - at), order, true);
+    after = Insert(after, text.substr(at, next - at), order, true);
     at = next;
   }
 }
@@ -91,7 +91,7 @@ void WordPieces::JoinSeam(Id right) {
   Insert(left, {piece.units + piece.size, 1}, piece.order, true);
 }
 
-// Takes the first units of a word away. Returns the piece behind them.
+// Takes the first units of a word away. Returns the piece after them.
 WordPieces::Id WordPieces::Cut(Id word, std::size_t units) {
   size_ -= units;
   while (units > 0) {
@@ -121,7 +121,7 @@ void WordPieces::Replace(Id word, std::size_t units, TextView with, const std::f
     ahead += pieces_[piece].size;
   }
   const bool moves = !goes && StandsBefore(word, here_);
-  const Id behind = Cut(word, units);
+  const Id after = Cut(word, units);
   InsertCut(before, with, order);
   if (goes) {
     here_ = pieces_[before].next;
@@ -130,9 +130,9 @@ void WordPieces::Replace(Id word, std::size_t units, TextView with, const std::f
     here_at_ = here_at_ + with.size() - units;
   }
   if (!with.empty()) JoinSeam(pieces_[before].next);
-  JoinSeam(behind);
+  JoinSeam(after);
   std::size_t seen = 0;
-  for (Id piece = pieces_[behind].prev; piece != 0 && seen < with.size() + sight;) {
+  for (Id piece = pieces_[after].prev; piece != 0 && seen < with.size() + sight;) {
     seen += pieces_[piece].size;
     const Id prev = pieces_[piece].prev;
     if (pieces_[piece].word) touched(piece);

@@ -16,7 +16,7 @@ class WordPieces {
  public:
   using Id = std::uint32_t;
 
-  /// Nobody looks further behind the beginning of a word.
+  /// Nobody looks further after the beginning of a word.
   static constexpr std::size_t sight = 32;
 
   /// A word begins with `start`, case ignored: two units, the first of which is
@@ -37,14 +37,14 @@ class WordPieces {
   /// outlive this.
   void Replace(Id word, std::size_t units, TextView with, const std::function<void(Id)>& touched);
 
-  /// The first word at or behind a 0-based place, which becomes that of the
+  /// The first word at or after a 0-based place, which becomes that of the
   /// word, or 0. It costs the way from the last one found so.
   Id WordFrom(std::size_t& place);
 
   Text Join() const;
 
  private:
-  // Piece 0 stands in front of the first and behind the last.
+  // Piece 0 stands in front of the first and after the last.
   struct Piece {
     const char16_t* units = nullptr;
     std::uint32_t size = 0;
@@ -54,8 +54,8 @@ class WordPieces {
     std::uint32_t word : 1 = 0;
   };
 
-  Id Insert(Id behind, TextView units, std::uint32_t order, bool word);
-  void InsertCut(Id behind, TextView text, std::uint32_t order);
+  Id Insert(Id after, TextView units, std::uint32_t order, bool word);
+  void InsertCut(Id after, TextView text, std::uint32_t order);
   Id Cut(Id word, std::size_t units);
   void JoinSeam(Id right);
   bool StandsBefore(Id piece, Id other) const;

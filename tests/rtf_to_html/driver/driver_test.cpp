@@ -31,7 +31,7 @@ Properties NewProperties(Text rtf = kLetter) {
   return properties;
 }
 
-TEST(Driver, ShowsThePageBehindEachStep) {
+TEST(Driver, ShowsThePageAfterEachStep) {
   Apartment apartment;
   apartment.services = ControlOnly();
   std::vector<std::string> steps;

@@ -1,4 +1,4 @@
-// The two rewrite chains: against the slow twin over real documents and over
+// The two rewrite chains: against the slow reference implementation over real documents and over
 // texts glued from the rules' own literals, and what single stages promise.
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 
 #include "rtf_to_html/rewriting/rewrite_bullets.rules.h"
 #include "rtf_to_html/rewriting/rewrite_headings.rules.h"
-#include "rules/chain_twin.h"
+#include "rules/chain_reference.h"
 #include "rules/notation.h"
 #include "text/encodings.h"
 
@@ -33,7 +33,7 @@ Text RanStage(const rules::Chain& chain, int stage, Text text) {
   return rewriting.Take();
 }
 
-Text Twin(Text text) { return RunTwin(Headings(), RunTwin(Bullets(), std::move(text))); }
+Text RuleByRule(Text text) { return RunRuleByRule(Headings(), RunRuleByRule(Bullets(), std::move(text))); }
 
 // Each byte as its unit: the chains do not look beyond ASCII but for marks.
 Text FileText(const std::filesystem::path& path) {
@@ -51,7 +51,7 @@ TEST(RewriteChains, GiveWhatRuleByRuleGivesOnRealDocuments) {
   int documents = 0;
   for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(corpus) / "rtf")) {
     const Text text = FileText(entry.path());
-    ASSERT_EQ(Ran(text), Twin(text)) << entry.path();
+    ASSERT_EQ(Ran(text), RuleByRule(text)) << entry.path();
     ++documents;
   }
   EXPECT_GT(documents, 0);
@@ -76,7 +76,7 @@ TEST(RewriteChains, GiveWhatRuleByRuleGivesOnTheirOwnLiterals) {
       text += piece.substr(from, below(4) == 0 ? 12 : TextView::npos);
       if (below(3) == 0) text += below(2) == 0 ? u"\r\n" : u" words";
     }
-    ASSERT_EQ(Ran(text), Twin(text)) << "round " << round;
+    ASSERT_EQ(Ran(text), RuleByRule(text)) << "round " << round;
   }
 }
 

@@ -1,4 +1,4 @@
-// The one-pass cuts of pictures, objects and capitals against a literal twin
+// The one-pass cuts of pictures, objects and capitals against a literal reference implementation
 // that begins anew at the head of the text for every hit.
 #include <gtest/gtest.h>
 
@@ -119,9 +119,9 @@ TEST(RewriteFrame, PicturesAndObjectsGoAsTheLetterSays) {
     apartment.rtf_to_html.ImageFolder = u"c:\\\\d";
     apartment.rtf_to_html.ImageName = u"/pic\\";
     apartment.services.picture_extractor = quillary::platform::MakePictureExtractor;
-    Text marked = text;
-    ReplacePictures(apartment, marked);
-    ASSERT_EQ(expected, marked) << round;
+    Text replaced = text;
+    ReplacePictures(apartment, replaced);
+    ASSERT_EQ(expected, replaced) << round;
   }
 }
 

@@ -11,7 +11,7 @@
 
 namespace quillary::modQuillary {
 
-void RemoveLanguageWordsBehindBlanks(rules::Rewriting& text);
+void RemoveLanguageWordsAfterSpaces(rules::Rewriting& text);
 void RemoveLanguageWords(rules::Rewriting& text);
 
 namespace {
@@ -52,13 +52,13 @@ Text GroupsByTheLetter(Text body, bool foreign) {
       group = Mid(body, start, end - start + 1);
     }
     const Text before = Left(body, start - 1);
-    const Text behind = Mid(body, end + 1);
+    const Text after = Mid(body, end + 1);
     if (CountOccurrences(group, u"{") >= 2 || Holds(group, u"{\\*\\") || Holds(group, u";}")) {
-      body = before + behind;
+      body = before + after;
     } else if (foreign && Holds(group, u"\\'")) {
       return body;
     } else {
-      body = before + Mid(group, 2, end - start - 1) + u"</b></i></u>" + behind;
+      body = before + Mid(group, 2, end - start - 1) + u"</b></i></u>" + after;
     }
   }
 }
@@ -99,16 +99,16 @@ TEST(BraceGroups, TakeNoLongerForBeingNested) {
   EXPECT_EQ(4 + depth * TextView(u"</b></i></u>").size(), body.size());
 }
 
-Text LanguagesByTheLetter(Text body, bool behind_blanks) {
-  const TextView condition = behind_blanks ? u"\\par \\lang" : u"\\lang";
+Text LanguagesByTheLetter(Text body, bool after_spaces) {
+  const TextView condition = after_spaces ? u"\\par \\lang" : u"\\lang";
   while (Holds(body, condition, ignore_case)) {
-    const std::int32_t word = FindText(1, body, behind_blanks ? u" \\lang" : u"\\lang", ignore_case);
-    const std::int32_t from = word + (behind_blanks ? 4 : 3);
+    const std::int32_t word = FindText(1, body, after_spaces ? u" \\lang" : u"\\lang", ignore_case);
+    const std::int32_t from = word + (after_spaces ? 4 : 3);
     const std::int32_t backslash = FindText(from, body, u"\\");
-    const std::int32_t blank = FindText(from, body, u" ");
-    if (backslash == 0 && blank == 0) break;
-    const std::int32_t end = backslash == 0 || (blank > 0 && blank < backslash) ? blank : backslash;
-    body = Left(body, word - (behind_blanks ? 0 : 1)) + Mid(body, end);
+    const std::int32_t space = FindText(from, body, u" ");
+    if (backslash == 0 && space == 0) break;
+    const std::int32_t end = backslash == 0 || (space > 0 && space < backslash) ? space : backslash;
+    body = Left(body, word - (after_spaces ? 0 : 1)) + Mid(body, end);
   }
   return body;
 }
@@ -118,9 +118,9 @@ TEST(LanguageWords, GoAsByTheLetter) {
                                         u"\\lang", u"\\lang3 ",           u"\\",       u" ",
                                         u"x",      u"\\par \\lang\\lang4"};
   for (const Text& text : RandomTexts(pieces, 4000, 9)) {
-    rules::Rewriting behind_blanks(text);
-    RemoveLanguageWordsBehindBlanks(behind_blanks);
-    ASSERT_EQ(Show(LanguagesByTheLetter(text, true)), Show(behind_blanks.text())) << Show(text);
+    rules::Rewriting after_spaces(text);
+    RemoveLanguageWordsAfterSpaces(after_spaces);
+    ASSERT_EQ(Show(LanguagesByTheLetter(text, true)), Show(after_spaces.text())) << Show(text);
     rules::Rewriting everywhere(text);
     RemoveLanguageWords(everywhere);
     ASSERT_EQ(Show(LanguagesByTheLetter(text, false)), Show(everywhere.text())) << Show(text);
@@ -132,10 +132,10 @@ Text WordsDroppedByTheLetter(Text body) {
   for (;;) {
     const std::int32_t start = FindText(1, body, u"\\");
     if (start == 0) return body;
-    const std::int32_t blank = FindText(start, body, u" ");
+    const std::int32_t space = FindText(start, body, u" ");
     const std::int32_t brace = FindText(start, body, u"}");
-    if (blank == 0 && brace == 0) return Left(body, start - 1);
-    std::int32_t end = blank == 0 || (brace > 0 && brace < blank) ? brace : blank;
+    if (space == 0 && brace == 0) return Left(body, start - 1);
+    std::int32_t end = space == 0 || (brace > 0 && brace < space) ? brace : space;
     const std::int32_t tag = FindText(start, body, u"<");
     if (tag > 0 && tag < end) end = tag - 1;
     Text word = Mid(body, start, end - start + 1);
@@ -175,13 +175,13 @@ Text WidthsByTheLetter(Text text) {
     Text width = end == 0 ? Mid(text, at) : Mid(text, at, end - at);
     for (const TextView part : {u"\\cellx", u"cellx", u"\\", u" "}) width = ReplaceAll(width, part, u"");
     if (!IsNumeric(width)) return text;
-    const Text marked = ReplaceAll(text, u"\\cellx" + width, u"\\ÎôÎôÎô", ignore_case);
-    if (FindText(1, marked, u"\\cellx") == at) return marked;
-    text = marked;
+    const Text replaced = ReplaceAll(text, u"\\cellx" + width, u"\\ÎôÎôÎô", ignore_case);
+    if (FindText(1, replaced, u"\\cellx") == at) return replaced;
+    text = replaced;
   }
 }
 
-TEST(CellWidths, AreMarkedAsByTheLetter) {
+TEST(CellWidths, AreReplacedAsByTheLetter) {
   const std::vector<TextView> pieces = {u"\\cellx1", u"\\cellx12", u"\\cellx-3.", u"\\CELLX1",   u"2", u"3 ",
                                         u"\\x",      u"words of ", u"\\cellx",    u"12345678901"};
   for (const Text& text : RandomTexts(pieces, 4000, 8)) {
@@ -210,14 +210,14 @@ Text FontsByTheLetter(const RtfToHtmlState& state, Text body, std::int32_t& curr
         body =
             ReplaceAll(ReplaceAll(body, find + u" ", u"", ignore_case), find + u"&nbsp;", u"", ignore_case);
       } else if (WithoutFonts(state)) {
-        for (const TextView behind : {u"&nbsp;", u""}) {
-          body = ReplaceAll(body, find + Text(behind), u"", ignore_case);
+        for (const TextView after : {u"&nbsp;", u""}) {
+          body = ReplaceAll(body, find + Text(after), u"", ignore_case);
         }
         body = ReplaceAll(body, find + u" ", u" ", ignore_case);
       } else {
         body = ReplaceAll(body, find + u"&nbsp;&nbsp;&#", tag + u"&#", ignore_case);
-        for (const TextView behind : {u"&nbsp;", u" ", u""}) {
-          body = ReplaceAll(body, find + Text(behind), tag, ignore_case);
+        for (const TextView after : {u"&nbsp;", u" ", u""}) {
+          body = ReplaceAll(body, find + Text(after), tag, ignore_case);
         }
       }
       if (Holds(word, find, ignore_case)) current = n;
@@ -364,7 +364,7 @@ TEST(TranslateSegment, LivesThroughAnySegment) {
   far.insert(0, u"plain\\pard\\").append(u" text");
   Translate(apartment, {u"", u" ", u"\\", u"plain\\f99999\\fs99999\\cf-7\\li99999999999\\u99999999999? x",
                         u"plain {\\", far});
-  // A blank beyond 16 bits is no cut: there is no head then, and all is body.
+  // A space beyond 16 bits is no cut: there is no head then, and all is body.
   EXPECT_TRUE(Holds(apartment.rtf_to_html.HtmlOut.text(), u"plain</CENTER>text"));
 }
 

@@ -1,4 +1,4 @@
-// Chains made in a test, and the slow, literal twin that judges the engine:
+// Chains made in a test, and the slow, literal reference implementation that judges the engine:
 // rule by rule with a plain search over the whole text.
 #pragma once
 
@@ -71,7 +71,7 @@ class MadeChain {
 };
 
 /// What is compared in that mode.
-inline Text TwinCompared(TextView text, Compare mode) {
+inline Text ReferenceCompared(TextView text, Compare mode) {
   Text compared(text);
   if (mode == Compare::IgnoreCase) {
     for (char16_t& unit : compared) unit = FoldUnit(unit);
@@ -79,14 +79,14 @@ inline Text TwinCompared(TextView text, Compare mode) {
   return compared;
 }
 
-inline bool TwinHolds(const Text& text, TextView find, Compare mode) {
-  return TwinCompared(text, mode).find(TwinCompared(find, mode)) != Text::npos;
+inline bool ReferenceHolds(const Text& text, TextView find, Compare mode) {
+  return ReferenceCompared(text, mode).find(ReferenceCompared(find, mode)) != Text::npos;
 }
 
 /// From left to right, never looking at what was put in.
-inline bool TwinReplace(Text& text, const rules::Rule& rule) {
-  const Text compared = TwinCompared(text, rule.mode);
-  const Text find = TwinCompared(rule.find, rule.mode);
+inline bool ReferenceReplace(Text& text, const rules::Rule& rule) {
+  const Text compared = ReferenceCompared(text, rule.mode);
+  const Text find = ReferenceCompared(rule.find, rule.mode);
   std::size_t at = compared.find(find);
   if (at == Text::npos) return false;
   Text result;
@@ -101,13 +101,14 @@ inline bool TwinReplace(Text& text, const rules::Rule& rule) {
   return count > 0;
 }
 
-inline bool TwinMet(const rules::Condition& condition, const Text& text) {
+inline bool ReferenceMet(const rules::Condition& condition, const Text& text) {
   if (condition.kind == rules::Condition::Kind::ShorterThan) return text.size() < condition.units;
-  return TwinHolds(text, condition.find, condition.mode) == (condition.kind == rules::Condition::Kind::Holds);
+  return ReferenceHolds(text, condition.find, condition.mode) ==
+         (condition.kind == rules::Condition::Kind::Holds);
 }
 
 /// What running the chain means.
-inline Text RunTwin(const rules::Chain& chain, Text text) {
+inline Text RunRuleByRule(const rules::Chain& chain, Text text) {
   for (const rules::Stage& stage : chain.stages) {
     for (std::uint32_t at = stage.first; at < stage.first + stage.count;) {
       const rules::Step& step = chain.steps[at++];
@@ -117,12 +118,12 @@ inline Text RunTwin(const rules::Chain& chain, Text text) {
         text = whole.Take();
       } else if (step.kind == rules::Step::Kind::Rules) {
         for (const rules::Rule& rule : chain.rules.subspan(step.first, step.count)) {
-          TwinReplace(text, rule);
+          ReferenceReplace(text, rule);
         }
       } else {
         const auto conditions = chain.conditions.subspan(step.first, step.count);
         const bool met = std::all_of(conditions.begin(), conditions.end(),
-                                     [&](const auto& condition) { return TwinMet(condition, text); });
+                                     [&](const auto& condition) { return ReferenceMet(condition, text); });
         if (!met) at = step.skip;
       }
     }

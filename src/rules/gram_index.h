@@ -22,7 +22,7 @@ namespace quillary::rules {
 /// Stretches of a text, a bit for each.
 using Stretches = std::uint64_t;
 
-class Presence {
+class GramIndex {
  public:
   bool built() const { return built_; }
   void Drop() { built_ = false; }
@@ -37,7 +37,7 @@ class Presence {
   Stretches Where(TextView find, std::span<const std::uint32_t> grams) const;
 
   std::size_t count() const { return count_; }
-  /// Where a stretch begins; that behind the last begins at the text's end.
+  /// Where a stretch begins; that after the last begins at the text's end.
   std::size_t start(std::size_t stretch) const { return starts_[stretch]; }
 
   /// Follows a pass of replacements: at `places` of the new text stand now

@@ -1,4 +1,4 @@
-#include "rules/presence.h"
+#include "rules/gram_index.h"
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -58,7 +58,7 @@ Stretches Bit(std::size_t stretch) { return Stretches{1} << stretch; }
 
 }  // namespace
 
-Stretches Presence::Where(TextView find, std::span<const std::uint32_t> grams) const {
+Stretches GramIndex::Where(TextView find, std::span<const std::uint32_t> grams) const {
   Stretches where = UpTo(count_);
   if (find.size() == 1) {
     const std::size_t bit = UnitBit(FoldUnit(find[0]));
@@ -75,7 +75,7 @@ Stretches Presence::Where(TextView find, std::span<const std::uint32_t> grams) c
 
 // Chooses the stretches and the table for a text of so many units. The table
 // has a word for each hash; an undivided text has a bit for each.
-void Presence::Size(std::size_t units) {
+void GramIndex::Size(std::size_t units) {
   std::size_t words = smallest_table;
   count_ = 1;
   if (units <= longest_undivided) {
@@ -90,7 +90,7 @@ void Presence::Size(std::size_t units) {
   shift_ = 32U - static_cast<unsigned>(std::countr_zero(words));
 }
 
-void Presence::Build(TextView text) {
+void GramIndex::Build(TextView text) {
   Size(text.size());
   units_.fill(0);
   for (std::size_t stretch = 0; stretch < count_; ++stretch) Index(text, stretch);
@@ -100,7 +100,7 @@ void Presence::Build(TextView text) {
   built_ = true;
 }
 
-void Presence::Index(TextView text, std::size_t stretch) {
+void GramIndex::Index(TextView text, std::size_t stretch) {
   const std::size_t end = std::min(text.size(), starts_[stretch + 1] + (count_ > 1 ? margin : 0));
   const std::uint64_t own = Bit(stretch);
   const bool divided = count_ > 1;
@@ -127,7 +127,7 @@ void Presence::Index(TextView text, std::size_t stretch) {
   }
 }
 
-void Presence::Add(std::uint32_t gram, std::size_t stretch) {
+void GramIndex::Add(std::uint32_t gram, std::size_t stretch) {
   std::uint64_t& word = table_[gram >> shift_];
   const std::uint64_t bit = Bit(count_ > 1 ? stretch : gram % 64);
   bits_set_ += (word & bit) == 0;
@@ -135,7 +135,7 @@ void Presence::Add(std::uint32_t gram, std::size_t stretch) {
 }
 
 // Adds the units of [from, to) and all runs that begin there.
-void Presence::AddStarts(TextView text, std::size_t from, std::size_t to, std::size_t stretch) {
+void GramIndex::AddStarts(TextView text, std::size_t from, std::size_t to, std::size_t stretch) {
   for (std::size_t at = from; at < to; ++at) {
     char16_t folded[long_gram];
     const std::size_t count = std::min(long_gram, text.size() - at);
@@ -147,7 +147,7 @@ void Presence::AddStarts(TextView text, std::size_t from, std::size_t to, std::s
 }
 
 // Adds the runs that go across the place in front of the unit `at`.
-void Presence::AddSeam(TextView text, std::size_t at, std::size_t stretch) {
+void GramIndex::AddSeam(TextView text, std::size_t at, std::size_t stretch) {
   const std::size_t from = at - std::min(at, long_gram - 1);
   const std::size_t count = std::min(text.size() - from, at - from + long_gram - 1);
   const char16_t* const table = FoldTable();
@@ -157,8 +157,8 @@ void Presence::AddSeam(TextView text, std::size_t at, std::size_t stretch) {
   if (at > from && at - from - 1 + short_gram <= count) Add(ShortHash(folded + (at - from - 1)), stretch);
 }
 
-void Presence::MoveStarts(std::size_t units, std::span<const std::size_t> places, std::size_t taken,
-                          std::size_t brought) {
+void GramIndex::MoveStarts(std::size_t units, std::span<const std::size_t> places, std::size_t taken,
+                           std::size_t brought) {
   const auto old_place = [&](std::size_t hit) { return places[hit] - hit * brought + hit * taken; };
   std::size_t hits = 0;  // that lay in front of the start
   for (std::size_t stretch = 1; stretch < count_; ++stretch) {
@@ -173,8 +173,8 @@ void Presence::MoveStarts(std::size_t units, std::span<const std::size_t> places
   starts_[count_] = units;
 }
 
-void Presence::Follow(TextView text, std::span<const std::size_t> places, std::size_t taken,
-                      std::size_t brought) {
+void GramIndex::Follow(TextView text, std::span<const std::size_t> places, std::size_t taken,
+                       std::size_t brought) {
   MoveStarts(text.size(), places, taken, brought);
   std::size_t stretch = 0;
   Stretches before = 0;  // the stretch of the place before
@@ -186,7 +186,7 @@ void Presence::Follow(TextView text, std::span<const std::size_t> places, std::s
     AddSeam(text, place, stretch);
     before = Bit(stretch);
   }
-  // What stands behind the end of a stretch may be new, or have come closer.
+  // What stands after the end of a stretch may be new, or have come closer.
   for (std::size_t i = 0; i + 1 < count_; ++i) {
     const std::size_t end = starts_[i + 1];
     const auto hit = std::lower_bound(places.begin(), places.end(), end - std::min(end, brought + long_gram));
