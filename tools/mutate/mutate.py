@@ -10,10 +10,10 @@ build is no change: another is drawn. A test that fails, crashes or runs for muc
 longer than it should has noticed the change.
 """
 import collections
+import functools
 import os
 import pathlib
 import random
-import re
 import resource
 import shutil
 import signal
@@ -75,8 +75,8 @@ def copy_tree():
 
 def mutate(count, rng, tests):
     """Runs the tests on so many changes; the survivors, described."""
-    in_rules = rules.mutation, lines_of("*.rules", masked_rules())
-    in_cpp = cpp.mutation, lines_of("*.cpp", set())
+    in_rules = rules.mutation, [place for place in lines_of("*.rules") if can_fire(*place)]
+    in_cpp = cpp.mutation, lines_of("*.cpp")
     survivors = []
     drawn = set()
     done = 0
@@ -111,39 +111,33 @@ def mutate(count, rng, tests):
     return survivors
 
 
-def lines_of(pattern, left_out):
-    """Every line that may be changed, so that a file is drawn as often as it is long."""
+def lines_of(pattern):
+    """Every line of the sources, so that a file is drawn as often as it is long."""
     places = []
     for path in sorted((TREE / "src").rglob(pattern)):
         name = str(path.relative_to(TREE))
         # A sentinel only has to be unlike any text.
         if name != "src/rules/sentinels.rules":
-            numbers = range(path.read_text().count("\n"))
-            places += [(name, at) for at in numbers if (name, at + 1) not in left_out]
+            places += [(name, at) for at in range(path.read_text().count("\n"))]
     return places
 
 
-def masked_rules():
-    """File and line of the rules that never fire, since an earlier one always eats their text."""
-    files = [str(path.relative_to(TREE)) for path in sorted((TREE / "src").rglob("*.rules"))]
-    sentinels = "src/rules/sentinels.rules"
-    files.remove(sentinels)
-    report = run([BUILD / "bin/rulec", "--masking", sentinels, *files], 60, check=True).stdout
-    masked = set()
-    for entry in re.split(r"\n(?=src/)", report):
-        name, line = entry.split(":")[:2] if entry else ("", "0")
-        if "\n    unless " not in entry and name:
-            # Of a family one member may be eaten and another not.
-            if " for <" not in (TREE / name).read_text().split("\n")[int(line) - 1]:
-                masked.add((name, int(line)))
-    return masked
+def can_fire(name, at):
+    """Whether a line is no rule of which the cases beside its file prove that no text fires it."""
+    cases = (TREE / name).with_suffix(".cases")
+    return not cases.exists() or not rules.listed_unreachable(lines_in(TREE / name), at, lines_in(cases))
+
+
+@functools.cache
+def lines_in(path):
+    return path.read_text().split("\n")
 
 
 def difference(before, after):
     """The lines that differ, as they were and as they are."""
     first = next(i for i, (a, b) in enumerate(zip(before, after)) if a != b)
     same_end = 0
-    while before[-1 - same_end] == after[-1 - same_end] and same_end < min(len(before), len(after)) - first - 1:
+    while same_end < min(len(before), len(after)) - first and before[-1 - same_end] == after[-1 - same_end]:
         same_end += 1
     lines = ["  - " + line for line in before[first : len(before) - same_end]]
     lines += ["  + " + line for line in after[first : len(after) - same_end]]

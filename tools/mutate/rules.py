@@ -232,6 +232,18 @@ def families(lines, at):
     return values
 
 
+def listed_unreachable(lines, at, cases):
+    """Whether the rule stands in an "unreachable" line of its case file."""
+    if kind_of(lines[at]) != "rule":
+        return False
+    place = []
+    for word in ("chain ", "stage "):
+        place.append(next(line for line in reversed(lines[:at]) if line.startswith(word)).split()[1])
+    families_too = lines[at][family_start(lines[at]) :].strip()
+    entry = f"unreachable {'/'.join(place)} {LITERAL.search(lines[at])[0]} "
+    return any(line.startswith(entry) and line.endswith(families_too or '"') for line in cases)
+
+
 def expanded(lines, at):
     """Every find and replacement of a rule, in small letters and with plain spaces and line ends."""
     values = families(lines, at)
