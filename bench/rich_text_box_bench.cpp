@@ -1,7 +1,7 @@
 // The round trip through the rich text control on documents of a megabyte.
 #include <benchmark/benchmark.h>
 
-#include "platform/rich_text_box.h"
+#include "platform/rich_text/rich_text_box.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "../tests/chain_twin.h"
-#include "rtf_to_html/rewrite_bullets.rules.h"
-#include "rtf_to_html/rewrite_headings.rules.h"
+#include "../tests/rules/chain_twin.h"
+#include "rtf_to_html/rewriting/rewrite_bullets.rules.h"
+#include "rtf_to_html/rewriting/rewrite_headings.rules.h"
 #include "rules/firing_log.h"
 
 namespace quillary {

@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/code_pages.h"
-#include "platform/rich_text_box.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "text/encodings.h"
 
 namespace {
 
@@ -18,8 +18,7 @@ void Require(bool holds) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const Text input =
-      quillary::platform::FromWindows1252(std::string_view(reinterpret_cast<const char*>(data), size));
+  const Text input = quillary::FromWindows1252(std::string_view(reinterpret_cast<const char*>(data), size));
   const auto box = MakeRichTextBox();
   box->SetTextRTF(input);
   const Text canonical = box->TextRTF();

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "apartment/rtf_to_html_state.h"
-#include "platform/services.h"
+#include "platform/services/services.h"
 #include "text/limits.h"
 
 namespace quillary {

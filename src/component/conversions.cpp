@@ -2,12 +2,12 @@
 
 #include <utility>
 
+#include "apartment/flags.h"
 #include "component/conversions.rules.h"
 #include "component/frm_clean.h"
 #include "component/run_driver.h"
 #include "html_finishing/late_finish.h"
-#include "rtf_to_html/flags.h"
-#include "rtf_to_html/form_layouts.h"
+#include "rtf_to_html/page_repairs/form_layouts.h"
 #include "rules/run.h"
 
 namespace quillary::component {

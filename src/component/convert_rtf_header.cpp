@@ -1,7 +1,7 @@
+#include "apartment/flags.h"
 #include "component/conversions.h"
 #include "component/convert_rtf_header.rules.h"
 #include "component/run_driver.h"
-#include "rtf_to_html/flags.h"
 #include "rules/run.h"
 
 namespace quillary::component {

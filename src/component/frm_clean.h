@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "apartment/apartment.h"
-#include "platform/rich_text_box.h"
+#include "platform/rich_text/rich_text_box.h"
 
 namespace quillary::component {
 

@@ -1,6 +1,6 @@
 #include "component/run_driver.h"
 
-#include "rtf_to_html/convert_to_html.h"
+#include "rtf_to_html/driver/convert_to_html.h"
 
 namespace quillary::component {
 

@@ -6,7 +6,7 @@
 #include "apartment/apartment.h"
 #include "component/conversions.h"
 #include "for_each.h"
-#include "platform/code_pages.h"
+#include "text/encodings.h"
 
 namespace quillary::command_line {
 namespace {
@@ -40,7 +40,7 @@ Text ConvertAs(Kind kind, Apartment& apartment, Properties& properties) {
 }
 
 void WriteTraceLine(std::string_view step, TextView page) {
-  const nlohmann::ordered_json line = {{"step", step}, {"text", platform::ToUtf8(page)}};
+  const nlohmann::ordered_json line = {{"step", step}, {"text", ToUtf8(page)}};
   std::cout << line.dump() << '\n';
 }
 
@@ -54,7 +54,7 @@ int Run(const ToHtml& command) {
     if (command.trace) apartment.trace = WriteTraceLine;
     Properties properties = command.properties;
     Text& source = command.kind == Kind::PlainInput ? properties.Plain_Text : properties.RTF_Text;
-    source = platform::FromWindows1252(ReadDocument(document));
+    source = FromWindows1252(ReadDocument(document));
     const Text page = ConvertAs(command.kind, apartment, properties);
     Warn(document, apartment.stopped_short);
     if (command.trace && output.IsStandardOutput()) return;
@@ -68,7 +68,7 @@ int Run(const ToText& command) {
     Apartment apartment;
     Properties properties;
     component::Class_InitProperties(properties);
-    properties.RTF_Text = platform::FromWindows1252(ReadDocument(document));
+    properties.RTF_Text = FromWindows1252(ReadDocument(document));
     output.Write(document, ".txt",
                  EncodePlainText(component::ConvertRTFPlain(apartment, properties), command.encoding));
   });

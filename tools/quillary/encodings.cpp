@@ -1,6 +1,6 @@
 #include "encodings.h"
 
-#include "platform/code_pages.h"
+#include "text/encodings.h"
 
 namespace quillary::command_line {
 namespace {
@@ -20,7 +20,7 @@ char32_t NextCharacter(TextView text, std::size_t& at) {
 std::string InOneByte(char32_t character, Encoding encoding) {
   if (character < 0x80) return {static_cast<char>(character)};
   if (encoding == Encoding::Ascii || character > 0xFFFF) return {};
-  const std::string byte = platform::ToWindows1252(Text(1, static_cast<char16_t>(character)), '\0');
+  const std::string byte = ToWindows1252(Text(1, static_cast<char16_t>(character)), '\0');
   return byte[0] == '\0' ? std::string() : byte;
 }
 
@@ -39,14 +39,14 @@ std::string EncodeInBytes(TextView text, Encoding encoding, Missing&& missing) {
 }  // namespace
 
 std::string EncodePage(TextView page, Encoding encoding) {
-  if (encoding == Encoding::Utf8) return platform::ToUtf8(page);
+  if (encoding == Encoding::Utf8) return ToUtf8(page);
   return EncodeInBytes(page, encoding, [](char32_t character) {
     return "&#" + std::to_string(static_cast<std::uint32_t>(character)) + ";";
   });
 }
 
 std::string EncodePlainText(TextView text, Encoding encoding) {
-  if (encoding == Encoding::Utf8) return platform::ToUtf8(text);
+  if (encoding == Encoding::Utf8) return ToUtf8(text);
   return EncodeInBytes(text, encoding, [](char32_t) { return std::string("?"); });
 }
 

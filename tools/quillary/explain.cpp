@@ -6,9 +6,9 @@
 #include "apartment/apartment.h"
 #include "component/conversions.h"
 #include "for_each.h"
-#include "platform/code_pages.h"
 #include "rules/firing_log.h"
 #include "rules/listing.h"
+#include "text/encodings.h"
 
 namespace quillary::command_line {
 namespace {
@@ -31,7 +31,7 @@ std::string Shown(TextView text) {
       shown += unit < 0x20 ? static_cast<char16_t>(0x2400 + unit) : unit;
     }
   }
-  return platform::ToUtf8(shown);
+  return ToUtf8(shown);
 }
 
 void PrintForPerson(const Firing& firing, const Firing* previous) {
@@ -53,10 +53,10 @@ void PrintLine(const Firing& firing) {
                                        {"stage", StageOf(firing).name},
                                        {"where", rules::Where(*firing.chain, *firing.rule)},
                                        {"count", firing.count},
-                                       {"find", platform::ToUtf8(firing.rule->find)},
-                                       {"with", platform::ToUtf8(firing.rule->with)},
-                                       {"before", platform::ToUtf8(firing.before)},
-                                       {"after", platform::ToUtf8(firing.after)}};
+                                       {"find", ToUtf8(firing.rule->find)},
+                                       {"with", ToUtf8(firing.rule->with)},
+                                       {"before", ToUtf8(firing.before)},
+                                       {"after", ToUtf8(firing.after)}};
   std::cout << line.dump() << '\n';
 }
 
@@ -68,7 +68,7 @@ int Run(const Explain& command) {
     Apartment apartment;
     apartment.firing_log = &log;
     component::Properties properties = command.properties;
-    properties.RTF_Text = platform::FromWindows1252(ReadDocument(document));
+    properties.RTF_Text = FromWindows1252(ReadDocument(document));
     component::ConvertRTF(apartment, properties);
     const Firing* previous = nullptr;
     for (const Firing& firing : log.firings()) {

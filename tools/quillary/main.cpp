@@ -6,8 +6,8 @@
 #include "commands.h"
 #include "documents.h"
 #include "explain.h"
-#include "platform/code_pages.h"
 #include "quillary/version.h"
+#include "text/encodings.h"
 
 namespace quillary::command_line {
 namespace {
@@ -47,10 +47,9 @@ const std::map<std::string, Encoding> kEncodings = {
 void AddPropertyOption(CLI::App& app, const PropertyOption& option, Properties& properties) {
   Text& target = properties.*(option.text);
   app.add_option_function<std::string>(
-         option.option, [&target](const std::string& word) { target = platform::FromUtf8(word); },
-         option.help)
+         option.option, [&target](const std::string& word) { target = FromUtf8(word); }, option.help)
       ->type_name("WORD")
-      ->default_str(platform::ToUtf8(target))
+      ->default_str(ToUtf8(target))
       ->group("Properties");
 }
 

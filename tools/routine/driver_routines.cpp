@@ -3,12 +3,12 @@
 #include "component/conversions.h"
 #include "component/properties.h"
 #include "registry.h"
-#include "rtf_to_html/colour_table.h"
-#include "rtf_to_html/convert_to_html.h"
-#include "rtf_to_html/font_table.h"
-#include "rtf_to_html/pictures.h"
-#include "rtf_to_html/rewrite_rtf.h"
-#include "rtf_to_html/split_segments.h"
+#include "rtf_to_html/document_tables/colour_table.h"
+#include "rtf_to_html/document_tables/font_table.h"
+#include "rtf_to_html/driver/convert_to_html.h"
+#include "rtf_to_html/rewriting/pictures.h"
+#include "rtf_to_html/rewriting/rewrite_rtf.h"
+#include "rtf_to_html/rewriting/split_segments.h"
 
 namespace quillary::routine {
 namespace {

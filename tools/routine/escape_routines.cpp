@@ -1,7 +1,7 @@
 // The hexadecimal escapes, the decoder of code pages and its tables.
-#include "platform/code_pages.h"
+#include "platform/code_pages/code_pages.h"
 #include "registry.h"
-#include "rtf_to_html/hex_escapes.h"
+#include "rtf_to_html/segments/hex_escapes.h"
 #include "text/failure.h"
 
 namespace quillary::routine {

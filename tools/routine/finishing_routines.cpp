@@ -4,8 +4,8 @@
 #include "html_finishing/font_tags.h"
 #include "html_finishing/late_finish.h"
 #include "registry.h"
-#include "rtf_to_html/list_repairs.h"
-#include "rtf_to_html/table_repairs.h"
+#include "rtf_to_html/page_repairs/list_repairs.h"
+#include "rtf_to_html/page_repairs/table_repairs.h"
 
 namespace quillary::routine {
 namespace {

@@ -1,5 +1,5 @@
 // The rich text control: RTF or plain text in, canonical RTF or plain text out.
-#include "platform/rich_text_box.h"
+#include "platform/rich_text/rich_text_box.h"
 #include "registry.h"
 
 namespace quillary::routine {

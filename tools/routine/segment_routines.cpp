@@ -1,7 +1,7 @@
 // The translation of a segment, whole and stage by stage.
 #include "registry.h"
-#include "rtf_to_html/segment.h"
-#include "rtf_to_html/translate_segment.h"
+#include "rtf_to_html/segments/segment.h"
+#include "rtf_to_html/segments/translate_segment.h"
 
 namespace quillary::routine {
 

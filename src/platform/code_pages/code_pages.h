@@ -1,0 +1,33 @@
+// Bytes to text and back, by the tables that Windows uses for its code pages.
+// Everything here may be called from several threads at once.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "text/text.h"
+
+namespace quillary::platform {
+
+/// Whether DecodeBytes knows this code page: 437, 850, 874, 932, 936, 949,
+/// 950, 1250 to 1258, 1361 and 10000 (the Macintosh's Western page).
+bool IsKnownCodePage(int code_page);
+
+/// Whether `byte` opens a pair in this code page. Never in a page of single
+/// bytes or an unknown one.
+bool IsLeadByte(int code_page, unsigned char byte);
+
+/// What stands for a pair that the page does not define, and for a lead byte
+/// that nothing follows: U+30FB in 932 and "?" in the other pages of pairs.
+/// Undefined single bytes have a character each, a control character of the
+/// same value or one of the private use area, so that nothing is lost.
+char16_t UndefinedPair(int code_page);
+
+/// Decodes `bytes`. A lead byte takes the byte behind it with it, whatever that
+/// is, unless it is 00. Bytes cut in the middle of a pair must be kept back by
+/// the caller (IsLeadByte tells); a lead byte at the end gives UndefinedPair.
+/// Throws Failure: argument for an unknown code page, raised if the C library
+/// of this machine lacks the page.
+Text DecodeBytes(int code_page, std::string_view bytes);
+
+}  // namespace quillary::platform

@@ -1,0 +1,192 @@
+#include "platform/rich_text/model/document_marks.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace quillary::platform::rtf {
+namespace {
+
+bool EndsCellOrParagraph(char16_t unit) {
+  return unit <= marks::kParagraph &&
+         (unit == marks::kCell || unit == marks::kRow || unit == marks::kParagraph);
+}
+bool IsMark(char16_t unit) { return unit == marks::kParagraph || unit == marks::kCell; }
+
+constexpr unsigned kCarried = kBold | kItalic | kUnderline;
+
+/// What the page carries from one cell into all that follow in the row, and no
+/// further: bold type, italics and underlines that some text of the row has
+/// had. They go on over the marks of its cells, so that each cell ends them for
+/// itself. At the end of the row they end if the text behind has them, which
+/// must say so anew; else that text ends them. In front of a row they end.
+class CarriedEffects {
+ public:
+  CarriedEffects(const Document& document, const std::vector<Run>& runs) : document_(document), runs_(runs) {}
+
+  void AddText(unsigned effects) {
+    last_ = effects & kCarried;
+    seen_ |= last_;
+  }
+  /// The effects of the mark at `at`, which has `own`. The unit behind the row
+  /// that it may end is in the run `behind`.
+  std::uint16_t AddMark(std::size_t at, unsigned own, std::size_t behind) {
+    const bool ends_cell = document_.text[at] == marks::kCell;
+    const bool ends_row = document_.text[at + (ends_cell ? 1 : 0)] == marks::kRow;
+    unsigned carried = own & kCarried;
+    if (ends_row) {
+      carried = last_ & ~Said(at + (ends_cell ? 2 : 1), paragraph_ + 1, behind);
+    } else if (ends_cell) {
+      carried = seen_;
+    } else if (IsRow(paragraph_ + 1)) {
+      carried = 0;
+    }
+    if (!ends_cell) {
+      ++paragraph_;
+      seen_ = 0;
+      last_ = 0;
+    }
+    return static_cast<std::uint16_t>((own & ~kCarried) | carried);
+  }
+
+ private:
+  const ParagraphFormat* FormatOf(std::size_t paragraph) const {
+    if (paragraph >= document_.paragraphs.size()) return nullptr;
+    return &document_.formats[document_.paragraphs[paragraph].format];
+  }
+  bool IsRow(std::size_t paragraph) const {
+    const ParagraphFormat* const format = FormatOf(paragraph);
+    return format != nullptr && format->row != 0;
+  }
+  bool IsItem(std::size_t paragraph) const {
+    const ParagraphFormat* const format = FormatOf(paragraph);
+    return format != nullptr && format->list != 0;
+  }
+  /// The effects that will be in force at the start of a paragraph. The mark of
+  /// an empty one keeps in front of an item only those that the item has.
+  unsigned Said(std::size_t at, std::size_t paragraph, std::size_t run) const {
+    unsigned said = kCarried;
+    for (; at < document_.text.size(); ++at, ++paragraph) {
+      while (run + 1 < runs_.size() && runs_[run + 1].begin <= at) ++run;
+      const char16_t unit = document_.text[at];
+      if (unit == marks::kCell || (unit == marks::kParagraph && IsRow(paragraph + 1))) return 0;
+      said &= document_.characters[runs_[run].format].effects;
+      if (unit != marks::kParagraph || !IsItem(paragraph + 1)) return said;
+    }
+    return 0;
+  }
+
+  const Document& document_;
+  const std::vector<Run>& runs_;
+  std::size_t paragraph_ = 0;
+  unsigned seen_ = 0;  // in the row
+  unsigned last_ = 0;  // of the row's last text
+};
+
+void CarryEffectsOverCells(Document& document) {
+  const std::vector<Run> runs = std::move(document.runs);
+  document.runs = {};
+  const auto add = [&](std::size_t begin, std::uint32_t format) {
+    if (document.runs.empty() || document.runs.back().format != format)
+      document.runs.push_back({begin, format});
+  };
+  CarriedEffects carried(document, runs);
+  std::size_t behind = 0;  // the run of the unit behind a row
+  for (std::size_t index = 0; index < runs.size(); ++index) {
+    const std::uint32_t own = runs[index].format;
+    const std::size_t end = index + 1 < runs.size() ? runs[index + 1].begin : document.text.size();
+    for (std::size_t at = runs[index].begin; at < end; ++at) {
+      std::size_t mark = at;
+      while (mark < end && !EndsCellOrParagraph(document.text[mark])) ++mark;
+      if (mark > at) {
+        carried.AddText(document.characters[own].effects);
+        add(at, own);
+      }
+      if (mark == end) break;
+      const std::size_t next = mark + (document.text[mark] == marks::kCell ? 2 : 1);
+      while (behind + 1 < runs.size() && runs[behind + 1].begin <= next) ++behind;
+      CharacterFormat format = document.characters[own];
+      const std::uint16_t effects = carried.AddMark(mark, format.effects, behind);
+      if (effects == format.effects) {
+        add(mark, own);
+      } else {
+        format.effects = effects;
+        add(mark, document.characters.Id(format));
+      }
+      at = mark;
+    }
+  }
+}
+
+/// The runs, with a run of its own for each of the marks in front of a change. A row's
+/// mark has the format of what it ends: words in front of it would be a cell.
+std::vector<Run> SplitOffMarks(const Document& document) {
+  std::vector<Run> runs;
+  for (std::size_t index = 0; index < document.runs.size(); ++index) {
+    Run run = document.runs[index];
+    const bool is_last = index + 1 == document.runs.size();
+    const std::size_t end = is_last ? document.text.size() : document.runs[index + 1].begin;
+    if (index > 0 && document.text[run.begin] == marks::kRow && ++run.begin == end) continue;
+    if (index > 0) {
+      const Run in_front = runs.back();
+      std::size_t mark = run.begin;
+      while (mark > in_front.begin + 1 && IsMark(document.text[mark - 1])) --mark;
+      for (; mark < run.begin; ++mark) runs.push_back({mark, in_front.format});
+    }
+    runs.push_back(run);
+  }
+  return runs;
+}
+
+/// Effects that end behind a mark end in front of it where a cell, a row or an
+/// item follows: the page would close them within the cell or the item, where
+/// they do not end for what comes behind.
+void EndEffects(Document& document, std::vector<Run>& runs) {
+  std::size_t paragraph = document.paragraphs.size();
+  const auto structure_follows = [&](std::size_t end) {
+    while (document.paragraphs[paragraph - 1].end > end) --paragraph;
+    const ParagraphFormat& format = document.formats[document.paragraphs[paragraph].format];
+    return format.row != 0 || format.list != 0;
+  };
+  for (std::size_t index = runs.size(); index-- > 1;) {
+    const std::size_t end = runs[index].begin;
+    const char16_t mark = document.text[end - 1];
+    if (!IsMark(mark) || (mark == marks::kParagraph && !structure_follows(end))) continue;
+    const unsigned kept = mark == marks::kCell ? kCarried : 0;
+    CharacterFormat format = document.characters[runs[index - 1].format];
+    format.effects &= static_cast<std::uint16_t>(document.characters[runs[index].format].effects | kept);
+    runs[index - 1].format = document.characters.Id(format);
+  }
+}
+
+/// A size that only a paragraph mark brings waits for the text behind it where
+/// that changes the font: the rules would drop it.
+void DelaySizes(Document& document, std::vector<Run>& runs) {
+  for (std::size_t index = 2; index < runs.size(); ++index) {
+    if (document.text[runs[index].begin - 1] != marks::kParagraph) continue;
+    const CharacterFormat& next = document.characters[runs[index].format];
+    CharacterFormat format = document.characters[runs[index - 1].format];
+    if (format.font == next.font) continue;
+    CharacterFormat in_next_font = format;
+    in_next_font.font = next.font;
+    if (in_next_font != next) continue;
+    format.size = document.characters[runs[index - 2].format].size;
+    runs[index - 1].format = document.characters.Id(format);
+  }
+}
+
+}  // namespace
+
+void SettleMarks(Document& document) {
+  CarryEffectsOverCells(document);
+  std::vector<Run> runs = SplitOffMarks(document);
+  EndEffects(document, runs);
+  DelaySizes(document, runs);
+  document.runs.clear();
+  for (const Run& run : runs) {
+    if (document.runs.empty() || document.runs.back().format != run.format) document.runs.push_back(run);
+  }
+}
+
+}  // namespace quillary::platform::rtf

@@ -1,0 +1,71 @@
+// Puts a document together from text and marks in reading order. It settles
+// what belongs to a table row and what does not.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/rich_text/model/document_model.h"
+#include "platform/rich_text/reader/rtf_row_words.h"
+
+namespace quillary::platform::rtf {
+
+/// A paragraph as it stands at its end.
+struct ParagraphEnd {
+  ParagraphFormat format;
+  bool in_table = false;
+  std::uint32_t label = 0;
+  bool stray_bullet = false;
+};
+
+class DocumentBuilder {
+ public:
+  explicit DocumentBuilder(Document& document) : document_(document) {}
+
+  /// `format` is an id of Document::characters.
+  void AddText(TextView text, std::uint32_t format);
+  void AddUnit(char16_t unit, std::uint32_t format);
+  void EndParagraph(const ParagraphEnd& paragraph, std::uint32_t format);
+
+  /// A row definition begins here.
+  void BeginRow();
+  void EndCell(const ParagraphEnd& paragraph, std::uint32_t format);
+  void EndRow(const ParagraphEnd& paragraph, std::uint32_t format);
+  /// The row of a nested table: a line of its cell.
+  void EndNestedRow(std::uint32_t format);
+
+  /// Closes what is open. `format` is that of an empty document.
+  void Finish(const ParagraphEnd& paragraph, std::uint32_t format);
+
+  /// The definition of the row that is open or follows.
+  RowWords& Row() { return row_words_; }
+  bool ParagraphIsEmpty() const { return document_.text.size() == paragraph_begin_; }
+  bool InRow() const { return row_open_; }
+  std::size_t End() const { return document_.text.size(); }
+  std::size_t ParagraphBegin() const { return paragraph_begin_; }
+
+ private:
+  void UseFormat(std::uint32_t format);
+  void PutParagraph(const ParagraphEnd& paragraph);
+  void OpenRow();
+  void InsertRowMark(std::size_t at);
+  void PutRow();
+  std::uint32_t LastFormat() const { return document_.runs.empty() ? 0 : document_.runs.back().format; }
+
+  Document& document_;
+  std::size_t paragraph_begin_ = 0;
+
+  bool row_open_ = false;
+  std::size_t row_begin_ = 0;            // in the text
+  std::size_t row_first_paragraph_ = 0;  // in the list of paragraphs
+  std::size_t row_cells_ = 0;
+  std::size_t cell_begin_ = 0;
+  bool row_said_in_table_ = false;
+  bool any_said_in_table_ = false;
+  ParagraphFormat row_format_;
+  bool row_has_format_ = false;
+  RowWords row_words_;
+  std::size_t nested_row_end_ = 0;
+};
+
+}  // namespace quillary::platform::rtf

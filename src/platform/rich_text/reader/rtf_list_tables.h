@@ -1,0 +1,68 @@
+// The list tables of a word processor's RTF, and the numbers of the items
+// that refer to them.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/rich_text/model/document_model.h"
+#include "platform/rich_text/reader/rtf_tokens.h"
+
+namespace quillary::platform::rtf {
+
+class ListTables {
+ public:
+  static constexpr std::size_t kLevels = 9;
+
+  /// What stands in the list table and in the table of overrides.
+  void ReadTableWord(const Token& token);
+  void ReadOverrideWord(const Token& token);
+  /// The text of a level: the place of a number is a unit below 9.
+  void SetLevelText(const Text& text);
+
+  struct Item {
+    bool is_item = false;
+    ListFormat format;
+    Label label;
+  };
+  /// The next item of list `override` at `level`. `label` is the item's number
+  /// as its producer wrote it; where there is none it is computed.
+  Item NextItem(std::int32_t override, std::int32_t level, bool has_label, const Text& label);
+
+ private:
+  struct Level {
+    std::int32_t number_kind = 0;
+    std::int32_t start = 1;
+    Text text;
+  };
+  using Levels = std::array<Level, kLevels>;
+  struct Override {
+    std::int32_t list = 0;
+    std::array<std::int32_t, kLevels> counters{};  // 0 before the first item
+  };
+
+  Text ComputeLabel(const Levels& levels, const Override& override, std::size_t level) const;
+
+  std::unordered_map<std::int32_t, Levels> lists_;
+  std::unordered_map<std::int32_t, Override> overrides_;
+  Levels levels_;  // being read
+  std::size_t level_count_ = 0;
+  std::int32_t override_list_ = 0;  // being read
+};
+
+/// "3", "c", "III" and the like.
+Text NumberText(std::int32_t number, NumberStyle style);
+
+/// Whether an item's label says more than a bullet.
+bool HasNumber(const Text& label);
+
+/// What stands in front of a number or behind, within bounds.
+Text Affix(TextView text);
+
+/// Splits the written number of an item into what stands in front of it and behind.
+void SplitLabel(const Text& label, ListFormat& format);
+
+}  // namespace quillary::platform::rtf

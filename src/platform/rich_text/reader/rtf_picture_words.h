@@ -1,0 +1,53 @@
+// The words of a picture, read in any order and given back in the control's.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "platform/rich_text/model/document_model.h"
+#include "platform/rich_text/reader/rtf_tokens.h"
+
+namespace quillary::platform::rtf {
+
+class PictureWords {
+ public:
+  void Read(const Token& token);
+  /// The canonical words; empty for a picture whose kind was never said.
+  Text Words() const;
+
+ private:
+  enum Measure : std::size_t {
+    kWidth,
+    kHeight,
+    kShownWidth,
+    kShownHeight,
+    kScaleX,
+    kScaleY,
+    kLeft,
+    kRight,
+    kTop,
+    kBottom,
+    kMeasures
+  };
+
+  Text kind_;
+  Text bitmap_;  // the words that only a bitmap has
+  std::array<std::int32_t, kMeasures> measures_{};
+};
+
+/// Collects hexadecimal digits into bytes; anything else is passed over.
+class HexBytes {
+ public:
+  void Add(TextView digits);
+  void AddRaw(TextView bytes);
+  std::string Take();
+  bool IsEmpty() const { return bytes_.empty(); }
+
+ private:
+  std::string bytes_;
+  int pending_ = -1;
+};
+
+}  // namespace quillary::platform::rtf

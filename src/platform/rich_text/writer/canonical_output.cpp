@@ -1,0 +1,219 @@
+#include "platform/rich_text/writer/canonical_output.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/rich_text/model/document_model.h"
+#include "text/encodings.h"
+
+namespace quillary::platform::rtf {
+namespace {
+
+constexpr TextView paragraph_end = u"\r\n\\par ";
+constexpr char16_t kHexDigits[] = u"0123456789abcdef";
+
+bool BeginsEntity(char16_t unit) {
+  return unit == u'#' || (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
+}
+
+/// Whether a unit is written as a control word or an escape, or is a mark that is.
+bool IsWrittenAsWord(char16_t unit) {
+  return unit > u'~' || unit == marks::kTab || unit == marks::kLine || unit == marks::kCell ||
+         unit == marks::kRow;
+}
+
+/// Whether a unit may be written with a backslash in front.
+bool MayBecomeWord(char16_t unit) {
+  return IsWrittenAsWord(unit) || unit < u' ' || unit == u'\\' || unit == u'{' || unit == u'}' ||
+         unit == u'&' || unit == u'?';
+}
+
+}  // namespace
+
+void CanonicalOutput::SettleBlank() {
+  if (!blank_due_) return;
+  text_ += u' ';
+  blank_due_ = false;
+  if (ends_unicode_) in_unicode_ = false;
+  if (last_unicode_ == LastUnicode::Open) last_unicode_ = LastUnicode::Blanks;
+}
+
+void CanonicalOutput::Raw(TextView raw) {
+  text_ += raw;
+  blank_due_ = false;
+  ends_in_backslash_ = false;
+  NoteText(raw == paragraph_end ? u" " : raw);
+}
+
+void CanonicalOutput::Spell(TextView text) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] > u'~') {
+      Unicode(text[at]);
+    } else if (text[at] >= u' ') {
+      Character(text[at], at + 1 < text.size() ? text[at + 1] : u'\0', false);
+    }
+  }
+}
+
+void CanonicalOutput::Plain(TextView plain) {
+  SettleBlank();
+  text_ += plain;
+  blank_end_ = plain.ends_with(u' ') ? text_.size() : 0;
+  ends_in_backslash_ = false;
+  NoteText(plain);
+}
+
+// Neither the blank of a word nor two blanks in a row part a \u word from what follows.
+void CanonicalOutput::NoteText(TextView text) {
+  for (const char16_t unit : text) {
+    if (last_unicode_ == LastUnicode::Safe) break;
+    const bool one_blank = last_unicode_ == LastUnicode::OneBlank;
+    if (unit == u' ') {
+      last_unicode_ = last_unicode_ == LastUnicode::Open ? LastUnicode::OneBlank : LastUnicode::Blanks;
+    } else {
+      last_unicode_ = one_blank ? LastUnicode::Safe : LastUnicode::Open;
+    }
+  }
+  if (last_unicode_ == LastUnicode::Safe) in_unicode_ = false;
+}
+
+// The page loses a \u word with no blank behind it, and what follows. A language
+// word leaves a blank and nothing else; it needs one in front where the word
+// there takes its own away, and none behind a blank.
+void CanonicalOutput::PartUnicode(std::int32_t language, bool symbol) {
+  if (last_unicode_ == LastUnicode::Safe) return;
+  if (!symbol && text_.size() == blank_end_) {
+    text_.pop_back();
+    if (text_.ends_with(u'\\')) text_.replace(text_.size() - 2, 2, u"\\u92?");
+    Character(0xA0, u'\0', false);
+  }
+  const TextView last_word = TextView(text_).substr(std::min(text_.rfind(u'\\'), text_.size()));
+  if (blank_due_ && last_word.starts_with(u"\\lang")) return SettleBlank();
+  constexpr TextView keep_blank[] = {u"\\tab",  u"\\line",    u"\\bullet",
+                                     u"\\cell", u"\\strike0", u"\\highlight0"};
+  const bool keeps_blank = std::any_of(std::begin(keep_blank), std::end(keep_blank),
+                                       [&](TextView word) { return text_.ends_with(word); });
+  if (!keeps_blank) SettleBlank();
+  Words(u"\\lang" + Decimal(language));
+  SettleBlank();
+  last_unicode_ = LastUnicode::Safe;
+}
+
+void CanonicalOutput::Unicode(std::int32_t number) {
+  SettleBlank();
+  text_ += u"\\u" + Decimal(number) + u"?";
+  in_unicode_ = true;
+  last_unicode_ = LastUnicode::Open;
+  ends_in_backslash_ = false;
+}
+
+bool CanonicalOutput::InAddress() const {
+  constexpr std::size_t longest = 200;
+  const TextView text = TextView(text_).substr(text_.size() - std::min(text_.size(), longest));
+  const std::size_t blank = text.rfind(u' ');
+  const TextView piece = blank == TextView::npos ? text : text.substr(blank + 1);
+  return !blank_due_ && (Holds(piece, u"://") || Holds(piece, u"www.", Compare::IgnoreCase));
+}
+
+// An escape straight behind an escaped backslash is read as text.
+void CanonicalOutput::Escape(unsigned char byte) {
+  const char16_t escape[] = {u'\\', u'\'', kHexDigits[byte >> 4], kHexDigits[byte & 0xF]};
+  SettleBlank();
+  text_.append(escape, 4);
+  NoteText(u"x");
+}
+
+void CanonicalOutput::Name(TextView word, char16_t character) {
+  if (ends_in_backslash_) {
+    Unicode(character);
+    return;
+  }
+  SettleBlank();
+  Words(word);
+  ends_unicode_ = false;
+  NoteText(u"x");
+}
+
+void CanonicalOutput::SymbolByte(unsigned char byte, char16_t next, bool words_follow) {
+  if (byte <= u'~') {
+    const bool next_is_word = next >= kSymbolBase + 0x80 && next <= kSymbolBase + 0xFF;
+    const char16_t next_byte =
+        next > kSymbolBase && !next_is_word ? static_cast<char16_t>(next - kSymbolBase) : next;
+    Character(byte, next_byte, words_follow);
+  } else {
+    Escape(byte);
+    ends_in_backslash_ = false;
+  }
+}
+
+void CanonicalOutput::Character(char16_t unit, char16_t next, bool words_follow) {
+  switch (unit) {
+    case u'\\':
+      // In front of a word it would swallow that word's own backslash.
+      if (words_follow || IsWrittenAsWord(next)) {
+        Unicode(unit);
+      } else {
+        SettleBlank();
+        text_ += u"\\\\";
+        NoteText(u"\\");
+        ends_in_backslash_ = true;
+      }
+      return;
+    case u'{':
+      // The page takes it for a group where a blank or a word follows.
+      if (words_follow || next == u' ' || MayBecomeWord(next)) return Unicode(unit);
+      SettleBlank();
+      text_ += u"\\{";
+      NoteText(u"{");
+      break;
+    case u'}':
+      // The page drops two of them at the start of a line.
+      if (next == u'}' && !blank_due_ && text_.ends_with(paragraph_end)) return Unicode(unit);
+      SettleBlank();
+      text_ += u"\\}";
+      NoteText(u"}");
+      break;
+    case u'&':
+      // The page does not escape it. An address would end at the ";" of a \u word's reference.
+      if (BeginsEntity(next) && !words_follow && !InAddress()) return Unicode(unit);
+      return Plain({&unit, 1});
+    case u'?':
+      // It would be taken for the end of the \u word in front of it.
+      if (in_unicode_ && last_unicode_ != LastUnicode::OneBlank && !(blank_due_ && ends_unicode_)) {
+        return Unicode(unit);
+      }
+      return Plain({&unit, 1});
+    case 0xA0:
+      // Behind an escaped brace the page takes it for a word.
+      if (ends_in_backslash_ || (!blank_due_ && text_.ends_with(u"\\}"))) return Unicode(unit);
+      SettleBlank();
+      text_ += u"\\~";
+      break;
+    case 0x2013:
+      return Name(u"\\endash", unit);
+    case 0x2014:
+      return Name(u"\\emdash", unit);
+    case 0x2018:
+      return Name(u"\\lquote", unit);
+    case 0x2019:
+      return Name(u"\\rquote", unit);
+    case 0x201C:
+      return Name(u"\\ldblquote", unit);
+    case 0x201D:
+      return Name(u"\\rdblquote", unit);
+    case 0x2022:
+      return Name(u"\\bullet", unit);
+    default: {
+      if (unit >= u' ' && unit <= u'~') return Plain({&unit, 1});
+      const int byte =
+          unit >= 0xA0 || unit == 0x81 || unit == 0x8D || unit == 0x8F || unit == 0x90 || unit == 0x9D
+              ? RawByte(unit)
+              : -1;
+      if (byte < 0 || ends_in_backslash_) return Unicode(unit);
+      Escape(static_cast<unsigned char>(byte));
+    }
+  }
+  ends_in_backslash_ = false;
+}
+
+}  // namespace quillary::platform::rtf

@@ -1,9 +1,0 @@
-#include "platform/services.h"
-
-namespace quillary::platform {
-
-Services Services::System() {
-  return {MakeRichTextBox, MakePictureExtractor, MakeCodePageDecoder, MakeHtmlCleaner, MakeDiagnostics()};
-}
-
-}  // namespace quillary::platform

@@ -1,0 +1,28 @@
+// What a conversion needs from outside. Each piece can be replaced by a test
+// or a host; a missing one fails as an object that cannot be created does.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/code_pages/code_page_decoder.h"
+#include "platform/html_cleaner/html_cleaner.h"
+#include "platform/pictures/picture_extractor.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "platform/system/diagnostics.h"
+
+namespace quillary::platform {
+
+struct Services {
+  /// Each call gives a new object. Throws Failure (raised) if there is none to be had.
+  std::function<std::unique_ptr<RichTextBox>()> rich_text_box;
+  std::function<std::unique_ptr<PictureExtractor>()> picture_extractor;
+  std::function<std::unique_ptr<CodePageDecoder>()> code_page_decoder;
+  std::function<std::unique_ptr<HtmlCleaner>()> html_cleaner;
+  std::shared_ptr<Diagnostics> diagnostics;
+
+  /// The services of this machine.
+  static Services System();
+};
+
+}  // namespace quillary::platform

@@ -1,0 +1,70 @@
+#include "rtf_to_html/rewriting/rewrite_rtf.h"
+
+#include <utility>
+
+#include "rtf_to_html/rewriting/pictures.h"
+#include "rtf_to_html/rewriting/rewrite_bullets.rules.h"
+#include "rtf_to_html/rewriting/rewrite_headings.rules.h"
+#include "rtf_to_html/rewriting/rewrite_rtf.rules.h"
+#include "rtf_to_html/rewriting/split_segments.h"
+#include "rtf_to_html/segments/translate_segment.h"
+#include "rules/run.h"
+
+namespace quillary::modQuillary {
+namespace {
+
+// The rich edit control writes a group with its version, which ends soon.
+void RemoveRichedGenerator(Text& text) {
+  const std::int32_t start = FindText(1, text, u"{\\*\\generator Riched", Compare::IgnoreCase);
+  if (start == 0) return;
+  const std::int32_t end = FindText(start, text, u";}");
+  if (end == 0 || end >= start + 80) return;
+  text.erase(static_cast<std::size_t>(start) - 1, static_cast<std::size_t>(end - start) + 2);
+}
+
+// So does its successor, in every document that was put together from several.
+void RemoveMsfteditGenerators(Text& text) {
+  const std::int32_t start = FindText(1, text, u"{\\*\\generator Msftedit ", Compare::IgnoreCase);
+  if (start == 0) return;
+  const std::int32_t end = FindText(start, text, u";}");
+  if (end == 0) return;
+  const TextView group = MidView(text, start, end - start + 2);
+  if (group.size() > 5 && group.size() < 50) ReplaceIn(text, Text(group), u"", Compare::IgnoreCase);
+}
+
+// Runs the rules that bring the text of all known writers to one dialect.
+void BringToOneDialect(Apartment& apartment, Text& text) {
+  rules::Rewriting rewriting(std::move(text), &apartment);
+  try {
+    rules::Run(chains::RewriteChainBullets, rewriting);
+    rules::Run(chains::RewriteChainHeadings, rewriting);
+    rules::Run(chains::BulletOpenerSeparation, rewriting);
+  } catch (const Failure&) {
+    text = rewriting.Take();
+    throw;
+  }
+  text = rewriting.Take();
+}
+
+}  // namespace
+
+void RewriteRtf(Apartment& apartment, Text& text) {
+  RtfToHtmlState& state = apartment.rtf_to_html;
+  Attempt([&] {
+    ReplacePictures(apartment, text);
+    if (Holds(text, u"\\caps0 ")) text = ApplyCaps(std::move(text));
+    RemoveRichedGenerator(text);
+    RemoveMsfteditGenerators(text);
+    BringToOneDialect(apartment, text);
+    CheckGrowth(apartment, text);
+    state.SegmentIndex = 0;
+    state.ParagraphOpen = u"no";
+    state.HtmlOut.reserve(state.HtmlOut.size() + text.size() + text.size() / 8);
+    SplitSegments(apartment, text, [&](Text& segment) {
+      TranslateSegment(apartment, segment);
+      CheckGrowth(apartment, state.HtmlOut);
+    });
+  });
+}
+
+}  // namespace quillary::modQuillary

@@ -1,0 +1,24 @@
+// The road of a segment through its stages.
+#include "rtf_to_html/segments/translate_segment.h"
+
+#include "rtf_to_html/segments/hex_escapes.h"
+#include "rtf_to_html/segments/segment.h"
+
+namespace quillary::modQuillary {
+
+void TranslateSegment(Apartment& apartment, Text& text) {
+  RtfToHtmlState& state = apartment.rtf_to_html;
+  if (state.SegmentIndex <= 1)
+    state.WrittenColour = state.WrittenSize = state.WrittenFace = {};  // a new page
+  Segment segment(text);
+  const Road road = EnterSegment(apartment, segment);
+  if (road == Road::Dropped) return;
+  if (road == Road::Body) SegmentHexEscapes(apartment, segment.body, segment.head);
+  rules::Rewriting body(std::move(segment.body), &apartment);
+  if (road == Road::Body) ReplaceBodyWords(body, segment.head);
+  ReadHeadWords(state, segment, body);
+  ReplaceRemainingWords(state, segment, body);
+  WriteSegment(apartment, segment, body.Take());
+}
+
+}  // namespace quillary::modQuillary
