@@ -65,7 +65,7 @@ void FinishStage(benchmark::State& bench, int stage) {
   quillary::Apartment apartment;
   const Text page = FontPage(apartment.rtf_to_html);
   for (auto _ : bench) {
-    quillary::rules::Rewriting text(page, &apartment);
+    quillary::rules::Rewriting text = quillary::StartRewriting(apartment, page);
     quillary::rules::RunStage(quillary::chains::FinishEntitiesAndLists, stage, text);
     benchmark::DoNotOptimize(text.text().data());
   }

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <functional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "apartment/rtf_to_html_state.h"
 #include "platform/services/services.h"
@@ -12,15 +14,17 @@
 
 namespace quillary {
 
-namespace rules {
-class FiringLog;
-}
-
 /// Where a count of the rules stopped short of the end of a document.
 struct StoppedShort {
   bool segments = false;
   bool pictures = false;
   bool links = false;
+};
+
+/// A step of a conversion that failed and was skipped.
+struct FailedStep {
+  const char* step = nullptr;
+  const char* failure = nullptr;  // its kind in one word, as Failure::name
 };
 
 struct Apartment {
@@ -35,13 +39,30 @@ struct Apartment {
   /// Where the rules that fire are noted, or null.
   rules::FiringLog* firing_log = nullptr;
 
-  /// Of the last conversion.
+  // Of the last conversion.
   StoppedShort stopped_short;
+  std::vector<FailedStep> failed_steps;
 
   /// Shown the page after each step of a conversion, for a person who wants to
-  /// see what a step did.
-  std::function<void(std::string_view step, TextView page)> trace;
+  /// see what a step did. `failure` is the kind of a failure in the step, or empty.
+  std::function<void(std::string_view step, TextView page, std::string_view failure)> trace;
 };
+
+/// The text on its way through rules, bound to the apartment's limit and noted
+/// in its firing log.
+inline rules::Rewriting StartRewriting(const Apartment& apartment, Text text) {
+  return {std::move(text), apartment.working_limit, apartment.firing_log};
+}
+
+/// Runs a step; a Failure in it skips the rest of the step and is noted.
+template <class Action>
+void AttemptStep(Apartment& apartment, const char* step, Action&& action) {
+  try {
+    action();
+  } catch (const Failure& failure) {
+    apartment.failed_steps.push_back({step, failure.name()});
+  }
+}
 
 /// Throws LimitReached if a text under conversion has grown to more units than
 /// the apartment allows.

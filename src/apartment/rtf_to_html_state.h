@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "apartment/rtf_to_html_options.h"
+#include "rules/rewriting.h"
 #include "text/integer16.h"
 #include "text/list.h"
 #include "text/text.h"
@@ -25,28 +27,33 @@ struct WrittenAttribute {
   std::size_t searched = 0;
 };
 
+/// The language of the text, which decides how its escapes are read.
+enum class LanguageModes : std::uint8_t { English, Greek, Turkish };
+
 struct RtfToHtmlState {
-  // The settings of this conversion. RewriteRtf changes ImageFolder and ImageName.
+  // The settings of this conversion as they came in, and what they mean to its
+  // stages. RewriteRtf changes ImageFolder and ImageName.
   Text ConvertImages;
   Text ImageFolder;
   Text ImageFormat;
   Text ImageName;
   Text UseSpanTags;
   Text UseFontTags;
-  Text BodyOnly = u"no";
-  Text BodyOnlyFonts = u"no";
+  RtfToHtmlOptions options;
+  bool BodyOnly = false;
+  bool BodyOnlyFonts = false;
 
-  // The page as far as it is written.
-  Text HtmlOut;
+  // The page, from its first tag to the last repair.
+  rules::Rewriting HtmlOut;
 
   // What one segment leaves for the next.
-  Text LanguageMode = u"english";
-  Text EquationSeen = u"no";
-  Text ForeignCharsets = u"no";
-  Text CentreOpen = u"no";
-  Text ParagraphOpen = u"no";
-  Text IndentOpen = u"no";
-  Text ColourExplicit = u"yes";
+  LanguageModes LanguageMode = LanguageModes::English;
+  bool EquationSeen = false;
+  bool ForeignCharsets = false;
+  bool CentreOpen = false;
+  bool ParagraphOpen = false;
+  bool IndentOpen = false;
+  bool ColourExplicit = true;
   Text PendingIndent;
   Text CarriedIndent;
   Text CurrentFace;

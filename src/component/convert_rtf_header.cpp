@@ -1,6 +1,6 @@
-#include "apartment/flags.h"
 #include "component/conversions.h"
 #include "component/convert_rtf_header.rules.h"
+#include "component/entry_options.h"
 #include "component/run_driver.h"
 #include "rules/run.h"
 
@@ -45,13 +45,14 @@ Text HeaderDocument(const Text& header) {
 }  // namespace
 
 Text ConvertRTFHeader(Apartment& apartment, Properties& properties) {
+  const EntryOptions options = ReadEntryOptions(properties);
   const Text rtf = rules::RunOver(chains::HeaderBreaks, properties.RTF_Text);
   const std::int32_t start = HeaderStart(rtf);
   if (start < 1) return {};
   const std::int32_t end = HeaderEnd(rtf, start);
   if (end == 0) return {};
   Text document = rules::RunOver(chains::HeaderStart, HeaderDocument(Mid(rtf, start + 10, end - start - 11)));
-  if (!modQuillary::Folded(properties.CleanRTF, u"nono")) RichTextRoundTrip(apartment, document);
+  if (options.round_trip) RichTextRoundTrip(apartment, document);
   properties.HTML_Text = RunDriver(apartment, properties, document, u"no");
   if (!Holds(properties.HTML_Text, u"Torvane", Compare::IgnoreCase)) return properties.HTML_Text;
   return rules::RunOver(chains::TransferHeader, properties.HTML_Text);

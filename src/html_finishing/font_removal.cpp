@@ -2,12 +2,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "apartment/apartment.h"
 #include "html_finishing/font_shapes.h"
-#include "html_finishing/font_tags.h"
-#include "html_finishing/font_tags.rules.h"
 #include "html_finishing/font_turns.h"
-#include "rules/run.h"
+#include "rules/rewriting.h"
 
 namespace quillary::html_finishing {
 namespace {
@@ -108,8 +105,8 @@ class RemovalTurns : public FontTurns {
 
 }  // namespace
 
-void DropFullShapes(rules::Rewriting& text) {
-  const FontNames names(text.apartment().rtf_to_html);
+void DropFullShapes(rules::Rewriting& text, const RtfToHtmlState& state) {
+  const FontNames names(state);
   if (!text.Holds(font, Compare::Binary)) return;
   std::optional<Text> without;
   if (names.plain()) without = WithoutTags(text.text(), names);
@@ -120,15 +117,13 @@ void DropFullShapes(rules::Rewriting& text) {
   }
 }
 
-void DropFaces(rules::Rewriting& text) {
-  const FontNames names(text.apartment().rtf_to_html);
+void DropFaces(rules::Rewriting& text, const RtfToHtmlState& state) {
+  const FontNames names(state);
   for (const Text& face : names.faces()) {
     const Text tag = Joined({u"<font face=\"", face, u"\""});
     text.Replace(tag + u">", u"", Compare::IgnoreCase);
     text.Replace(tag + u" >", u"", Compare::IgnoreCase);
   }
 }
-
-void RemoveFontTags(rules::Rewriting& page) { rules::Run(chains::RemoveFontTags, page); }
 
 }  // namespace quillary::html_finishing

@@ -2,13 +2,10 @@
 #include <algorithm>
 #include <optional>
 
-#include "apartment/apartment.h"
 #include "html_finishing/font_shapes.h"
-#include "html_finishing/font_tags.h"
-#include "html_finishing/font_tags.rules.h"
 #include "html_finishing/font_turns.h"
 #include "html_finishing/strike_swaps.h"
-#include "rules/run.h"
+#include "rules/rewriting.h"
 
 namespace quillary::html_finishing {
 namespace {
@@ -152,8 +149,8 @@ class SpanTurns : public FontTurns {
 
 }  // namespace
 
-void SpanFullShapes(rules::Rewriting& text) {
-  const FontNames names(text.apartment().rtf_to_html);
+void SpanFullShapes(rules::Rewriting& text, const RtfToHtmlState& state) {
+  const FontNames names(state);
   if (names.plain()) {
     if (text.Holds(font, Compare::Binary)) text.Assign(SpanWriter(text.text(), names).Write());
   } else {
@@ -161,8 +158,8 @@ void SpanFullShapes(rules::Rewriting& text) {
   }
 }
 
-void SpanFaces(rules::Rewriting& text) {
-  const FontNames names(text.apartment().rtf_to_html);
+void SpanFaces(rules::Rewriting& text, const RtfToHtmlState& state) {
+  const FontNames names(state);
   for (const Text& face : names.faces()) {
     const Text tag = Joined({u"<font face=\"", face, u"\""});
     const Text span = Joined({u"<span style=\"font-family:", face, u"\">"});
@@ -170,7 +167,5 @@ void SpanFaces(rules::Rewriting& text) {
     text.Replace(tag + u" >", span, Compare::IgnoreCase);
   }
 }
-
-void ConvertFontsToSpans(rules::Rewriting& page) { rules::Run(chains::ConvertFontsToSpans, page); }
 
 }  // namespace quillary::html_finishing

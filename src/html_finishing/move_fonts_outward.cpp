@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "apartment/apartment.h"
+#include "apartment/rtf_to_html_state.h"
 #include "html_finishing/faces_in_turn.h"
 #include "html_finishing/page_pieces.h"
 #include "rules/rewriting.h"
@@ -219,9 +219,9 @@ bool MayMove(TextView page) {
 
 }  // namespace
 
-void MoveFontsOutward(rules::Rewriting& text) {
+void MoveFontsOutward(rules::Rewriting& text, const RtfToHtmlState& state) {
   if (!text.Holds(kFaceStart, Compare::Binary)) return;
-  const std::vector<Text> faces = FacesInTurn(text.apartment().rtf_to_html);
+  const std::vector<Text> faces = FacesInTurn(state);
   for (auto face = faces.begin(); face != faces.end();) {
     if (HasBrackets(*face)) {
       MoveByLiteral(text, *face);

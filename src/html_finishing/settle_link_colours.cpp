@@ -8,7 +8,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "apartment/apartment.h"
+#include "apartment/rtf_to_html_state.h"
 #include "html_finishing/faces_in_turn.h"
 #include "html_finishing/page_pieces.h"
 #include "rules/rewriting.h"
@@ -229,8 +229,8 @@ Turns TurnsOf(const RtfToHtmlState& state, TextView page) {
 
 }  // namespace
 
-void SettleLinkColours(rules::Rewriting& text) {
-  const Turns turns = TurnsOf(text.apartment().rtf_to_html, text.text());
+void SettleLinkColours(rules::Rewriting& text, const RtfToHtmlState& state) {
+  const Turns turns = TurnsOf(state, text.text());
   const auto any = [](const std::vector<Text>& names) {
     return std::any_of(names.begin(), names.end(), [](const Text& name) { return HasBrackets(name); });
   };

@@ -53,9 +53,9 @@ void Scan(RtfToHtmlState& state, Text& text) {
 void ScanBracketLinks(RtfToHtmlState& state, TextView copy) {
   Text page(copy);
   Scan(state, page);
-  state.HtmlOut = std::move(page);
+  state.HtmlOut.Assign(std::move(page));
 }
 
-void ScanBracketLinks(RtfToHtmlState& state) { Scan(state, state.HtmlOut); }
+void ScanBracketLinks(RtfToHtmlState& state) { Scan(state, state.HtmlOut.Edit()); }
 
 }  // namespace quillary::links

@@ -218,10 +218,10 @@ void Scan(RtfToHtmlState& state, Text& text) {
 void ScanEmailAddresses(RtfToHtmlState& state, TextView copy) {
   Text page(copy);
   Scan(state, page);
-  state.HtmlOut = std::move(page);
+  state.HtmlOut.Assign(std::move(page));
 }
 
-void ScanEmailAddresses(RtfToHtmlState& state) { Scan(state, state.HtmlOut); }
+void ScanEmailAddresses(RtfToHtmlState& state) { Scan(state, state.HtmlOut.Edit()); }
 
 Text ExtractEmailAddress(TextView stretch) {
   const Piece place = FindAddress(stretch);

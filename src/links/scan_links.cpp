@@ -181,9 +181,9 @@ void Scan(RtfToHtmlState& state, Text& text) {
 void ScanLinks(RtfToHtmlState& state, TextView copy) {
   Text page(copy);
   Scan(state, page);
-  state.HtmlOut = std::move(page);
+  state.HtmlOut.Assign(std::move(page));
 }
 
-void ScanLinks(RtfToHtmlState& state) { Scan(state, state.HtmlOut); }
+void ScanLinks(RtfToHtmlState& state) { Scan(state, state.HtmlOut.Edit()); }
 
 }  // namespace quillary::links

@@ -1,15 +1,9 @@
 #include "rules/listing.h"
 
-#include "rules/explain.h"
+#include "rules/notation.h"
 
 namespace quillary::rules {
 namespace {
-
-Text Described(const Condition& condition) {
-  if (condition.kind == Condition::Kind::ShorterThan) return u"shorter than " + Decimal(condition.units);
-  return (condition.kind == Condition::Kind::HoldsNot ? u"not " : u"") + Shown(condition.find) +
-         (condition.mode == Compare::Binary ? u" binary" : u" ignore-case");
-}
 
 struct OpenGuard {
   std::uint32_t end = 0;
@@ -36,7 +30,7 @@ std::vector<RuleRow> ListRules(const Chain& chain) {
       if (step.kind == Step::Kind::Guard) {
         OpenGuard guard{step.skip, u""};
         for (const Condition& condition : chain.conditions.subspan(step.first, step.count)) {
-          guard.text += (guard.text.empty() ? u"" : u" and ") + Described(condition);
+          guard.text += (guard.text.empty() ? u"" : u" and ") + Written(condition);
         }
         guards.push_back(std::move(guard));
       } else if (step.kind == Step::Kind::Rules) {

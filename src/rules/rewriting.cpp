@@ -34,6 +34,11 @@ void Rewriting::Assign(Text text) {
   presence_.Drop();
 }
 
+Text& Rewriting::Edit() {
+  presence_.Drop();
+  return text_;
+}
+
 Text Rewriting::Take() {
   presence_.Drop();
   Text taken = std::move(text_);

@@ -12,10 +12,6 @@
 #include "text/search.h"
 #include "text/text.h"
 
-namespace quillary {
-struct Apartment;
-}
-
 namespace quillary::rules {
 
 class FiringLog;
@@ -23,20 +19,13 @@ class FiringLog;
 class Rewriting {
  public:
   explicit Rewriting(Text text) : text_(std::move(text)) {}
-  /// `apartment` travels with the text for the scans inside a chain; the rules
-  /// themselves take nothing from it but the limit of growth and the firing
-  /// log. It may be null and must outlive the object.
-  template <class Home>
-  Rewriting(Text text, Home* apartment) : Rewriting(std::move(text)) {
-    apartment_ = apartment;
-    if (apartment != nullptr) {
-      limit_ = apartment->working_limit;
-      log_ = apartment->firing_log;
-    }
-  }
+  /// The same bounded by `limit` units, as set_limit does, with the rules that
+  /// fire noted in `log`, which may be null and must outlive the object.
+  Rewriting(Text text, std::size_t limit, FiringLog* log)
+      : text_(std::move(text)), log_(log), limit_(limit) {}
+  Rewriting() = default;
 
   const Text& text() const { return text_; }
-  Apartment& apartment() { return *apartment_; }
 
   /// The text never grows beyond so many units: a replacement that would take
   /// it there throws LimitReached and leaves it as it was.
@@ -48,6 +37,8 @@ class Rewriting {
 
   /// Puts a text that was changed by hand in place of the old one.
   void Assign(Text text);
+  /// The text, to be changed by hand.
+  Text& Edit();
   /// The text, which leaves the object empty.
   Text Take();
 
@@ -82,7 +73,6 @@ class Rewriting {
   Text text_;
   std::vector<std::size_t> places_;  // where the last replacements stand
   Presence presence_;
-  Apartment* apartment_ = nullptr;
   FiringLog* log_ = nullptr;
   std::size_t limit_ = limits::working_units;
   std::size_t unindexed_asks_ = 0;

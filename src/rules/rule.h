@@ -42,7 +42,7 @@ struct Step {
   std::uint32_t count = 0;
   std::uint32_t skip = 0;  // a guard that fails goes on at this step of the chain
   std::uint32_t gram = 0;  // where not 0: a run that all find texts of these rules share
-  void (*scan)(Rewriting&) = nullptr;
+  void (*scan)(Rewriting&, void* state) = nullptr;
   const char* name = nullptr;  // of the scan
 };
 
@@ -58,6 +58,8 @@ struct Stage {
 struct Chain {
   const char* name = nullptr;
   const char* file = nullptr;
+  /// The type of the state that its scans read or change, null if they need none.
+  const char* state = nullptr;
   std::span<const Stage> stages;
   std::span<const Step> steps;
   std::span<const Rule> rules;
@@ -73,5 +75,9 @@ struct Chain {
     return grams.subspan(condition.grams, condition.gram_count);
   }
 };
+
+/// A chain whose scans read or change a State.
+template <class State>
+struct ChainWith : Chain {};
 
 }  // namespace quillary::rules

@@ -58,14 +58,14 @@ void RunRules(const Chain& chain, int stage, const Step& step, Rewriting& text) 
   }
 }
 
-void RunSteps(const Chain& chain, int stage, Rewriting& text) {
+void RunSteps(const Chain& chain, int stage, Rewriting& text, void* state) {
   const Stage& steps = chain.stages[static_cast<std::size_t>(stage) - 1];
   std::uint32_t at = steps.first;
   while (at < steps.first + steps.count) {
     const Step& step = chain.steps[at++];
     switch (step.kind) {
       case Step::Kind::Scan:
-        step.scan(text);
+        step.scan(text, state);
         break;
       case Step::Kind::Rules:
         RunRules(chain, stage, step, text);
@@ -83,18 +83,18 @@ void RunSteps(const Chain& chain, int stage, Rewriting& text) {
 
 }  // namespace
 
-void Run(const Chain& chain, Rewriting& text) {
+void Run(const Chain& chain, Rewriting& text, void* state) {
   for (int stage = 1; stage <= static_cast<int>(chain.stages.size()); ++stage) {
     text.Expect(chain.rules.size());
-    RunSteps(chain, stage, text);
+    RunSteps(chain, stage, text, state);
   }
 }
 
-void RunStage(const Chain& chain, int stage, Rewriting& text) {
+void RunStage(const Chain& chain, int stage, Rewriting& text, void* state) {
   if (stage < 1 || static_cast<std::size_t>(stage) > chain.stages.size()) {
     throw Failure(Failure::Kind::Subscript);
   }
-  RunSteps(chain, stage, text);
+  RunSteps(chain, stage, text, state);
 }
 
 }  // namespace quillary::rules

@@ -9,25 +9,31 @@
 
 namespace quillary::rules {
 
-void Run(const Chain& chain, Rewriting& text);
+/// Runs a chain that is known at run time only. `state` is what its scans need,
+/// of the type that the chain names; null where it names none.
+void Run(const Chain& chain, Rewriting& text, void* state);
+
+/// One stage of it alone; stages count from 1. Throws Failure (subscript) for a
+/// number outside the chain.
+void RunStage(const Chain& chain, int stage, Rewriting& text, void* state);
+
+/// The same for chains that the compiler knows.
+inline void Run(const Chain& chain, Rewriting& text) { Run(chain, text, nullptr); }
+inline void RunStage(const Chain& chain, int stage, Rewriting& text) {
+  RunStage(chain, stage, text, nullptr);
+}
+template <class State>
+void Run(const ChainWith<State>& chain, Rewriting& text) = delete;
+template <class State>
+void Run(const ChainWith<State>& chain, Rewriting& text, State& state) {
+  Run(static_cast<const Chain&>(chain), text, &state);
+}
 
 /// The whole chain over a text of its own.
-inline Text RunOver(const Chain& chain, Text text) {
-  Rewriting rewriting(std::move(text));
-  Run(chain, rewriting);
-  return rewriting.Take();
+inline Text RunOver(const Chain& chain, Rewriting text) {
+  Run(chain, text);
+  return text.Take();
 }
-
-/// The same with the limit and the firing log of an apartment, which may be null.
-template <class Home>
-Text RunOver(const Chain& chain, Text text, Home* apartment) {
-  Rewriting rewriting(std::move(text), apartment);
-  Run(chain, rewriting);
-  return rewriting.Take();
-}
-
-/// One stage alone; stages count from 1. Throws Failure (subscript) for a
-/// number outside the chain.
-void RunStage(const Chain& chain, int stage, Rewriting& text);
+inline Text RunOver(const Chain& chain, Text text) { return RunOver(chain, Rewriting(std::move(text))); }
 
 }  // namespace quillary::rules

@@ -126,8 +126,8 @@ void CompareWithTwin(int stage, const std::vector<Text>& pieces, Twin twin, int 
     Apartment apartment;
     documents.FillState(apartment.rtf_to_html, i % 4 == 0);
     const Text page = documents.Page(pieces);
-    rules::Rewriting text(page, &apartment);
-    rules::RunStage(chains::FinishEntitiesAndLists, stage, text);
+    rules::Rewriting text = StartRewriting(apartment, page);
+    rules::RunStage(chains::FinishEntitiesAndLists, stage, text, &apartment.rtf_to_html);
     const Text wanted = twin(page, apartment.rtf_to_html);
     changed += wanted != page;
     ASSERT_EQ(Shown(wanted), Shown(text.text())) << Shown(page);

@@ -6,9 +6,11 @@
 #include <ctime>
 #include <random>
 
-#include "html_finishing/font_tags.h"
+#include "html_finishing/font_tags.rules.h"
 #include "rtf_to_html/page_repairs/form_layouts.h"
+#include "rtf_to_html/page_repairs/form_layouts.rules.h"
 #include "rtf_to_html/page_repairs/table_repairs.h"
+#include "rules/run.h"
 
 namespace quillary {
 namespace {
@@ -125,40 +127,23 @@ void SetNames(Apartment& apartment, const SlowNames& names) {
   }
 }
 
-Text RunFonts(void (*routine)(rules::Rewriting&), Apartment& apartment, Text page) {
-  rules::Rewriting rewriting(std::move(page), &apartment);
-  routine(rewriting);
+// The stages that ask for the names, alike in number in both chains; literal rules follow them.
+Text RunFonts(const rules::Chain& chain, Apartment& apartment, Text page) {
+  rules::Rewriting rewriting = StartRewriting(apartment, std::move(page));
+  using namespace chains::ConvertFontsToSpans_stages;
+  rules::RunStage(chain, full_shapes, rewriting, &apartment.rtf_to_html);
+  rules::RunStage(chain, faces, rewriting, &apartment.rtf_to_html);
   return rewriting.Take();
 }
 
-// The loose forms that follow, alike in both twins.
-Text Loose(Text page, const SlowNames& names, bool spans) {
+// A face alone, alike in both twins.
+Text SlowFaces(Text page, const SlowNames& names, bool spans) {
   for (const Text& face : names.faces) {
     for (const char16_t* end : {u">", u" >"}) {
       ReplaceIn(page, u"<font face=\"" + face + u"\"" + end,
                 spans ? u"<span style=\"font-family:" + face + u"\">" : Text(), Compare::IgnoreCase);
     }
   }
-  for (int size = 0; size <= 30; ++size) {
-    for (const char16_t* end : {u">", u" >"}) {
-      for (const char16_t* blank : {u"", u" "}) {
-        ReplaceIn(page, Text(u"<font size=\"") + blank + Decimal(size) + u"\"" + end,
-                  spans ? u"<span style=\"font-size:" + Decimal(size) + u"pt\">" : Text(),
-                  Compare::IgnoreCase);
-      }
-    }
-  }
-  const std::vector<std::pair<Text, Text>> last =
-      spans ? std::vector<std::pair<Text, Text>>{{u"<font color=\"#", u"<span style=\"color:#"},
-                                                 {u"</font>", u"</span>"},
-                                                 {u"<span></span>", u""},
-                                                 {u"<span> </span>", u""}}
-            : std::vector<std::pair<Text, Text>>{{u"<font COLOR=\"#000000\">", u""},
-                                                 {u"<font COLOR=\"#000000\" >", u""},
-                                                 {u"</font>", u""},
-                                                 {u"<font></font>", u""},
-                                                 {u"<font> </font>", u""}};
-  for (const auto& [find, with] : last) ReplaceIn(page, find, with, Compare::IgnoreCase);
   return page;
 }
 
@@ -207,10 +192,10 @@ TEST_P(FontNamesOfPages, GiveWhatTakingEveryTurnGives) {
     std::vector<Text> few{u"<strike>", u"<strike>"};
     for (int k = 0; k < 8; ++k) few.push_back(Pick(random, pieces));
     const Text page = PageOf(random, few, 20);
-    const Text spans = Loose(SlowSpans::Run(page, names), names, true);
-    ASSERT_EQ(RunFonts(html_finishing::ConvertFontsToSpans, apartment, page), spans) << i;
-    ASSERT_EQ(RunFonts(html_finishing::RemoveFontTags, apartment, page),
-              Loose(SlowRemoval(page, names), names, false))
+    const Text spans = SlowFaces(SlowSpans::Run(page, names), names, true);
+    ASSERT_EQ(RunFonts(chains::ConvertFontsToSpans, apartment, page), spans) << i;
+    ASSERT_EQ(RunFonts(chains::RemoveFontTags, apartment, page),
+              SlowFaces(SlowRemoval(page, names), names, false))
         << i;
     if (Holds(page, u"<strike><font") && Holds(spans, u"><strike>")) ++moved;
   }
@@ -228,9 +213,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(FontTags, RefuseACountWithoutItsListAndLeaveThePage) {
   Apartment apartment;
-  rules::Rewriting page(u"<font size=\"3\">x</font>", &apartment);
-  EXPECT_THROW(html_finishing::ConvertFontsToSpans(page), Failure);
-  EXPECT_THROW(html_finishing::RemoveFontTags(page), Failure);
+  rules::Rewriting page = StartRewriting(apartment, u"<font size=\"3\">x</font>");
+  EXPECT_THROW(rules::Run(chains::ConvertFontsToSpans, page, apartment.rtf_to_html), Failure);
+  EXPECT_THROW(rules::Run(chains::RemoveFontTags, page, apartment.rtf_to_html), Failure);
   EXPECT_EQ(page.text(), u"<font size=\"3\">x</font>");
 }
 
@@ -246,8 +231,8 @@ TEST(FontTags, CostWhatThePageHoldsAndNotAllTurns) {
             u"\" SIZE=\"" + Decimal(static_cast<std::int64_t>(i % 31)) + u"\" >words</font></font>";
   }
   // 31 million turns over a page of this length would take hours.
-  EXPECT_LT(Seconds([&] { RunFonts(html_finishing::ConvertFontsToSpans, apartment, page); }), 5);
-  EXPECT_LT(Seconds([&] { RunFonts(html_finishing::RemoveFontTags, apartment, page); }), 5);
+  EXPECT_LT(Seconds([&] { RunFonts(chains::ConvertFontsToSpans, apartment, page); }), 5);
+  EXPECT_LT(Seconds([&] { RunFonts(chains::RemoveFontTags, apartment, page); }), 5);
 }
 
 // ---- the walk over the table blocks ----
@@ -316,7 +301,7 @@ TEST(TableBlocks, AreReplacedWhereTheyStandFirst) {
     const Text page = PageOf(random, pieces, 30);
     BlockWalk slow_end = BlockWalk::Done;
     const Text slow = SlowWalk(page, routine, slow_end);
-    rules::Rewriting fast(page, &apartment);
+    rules::Rewriting fast = StartRewriting(apartment, page);
     ASSERT_EQ(BalanceTableBlocks(fast, routine), slow_end) << i;
     ASSERT_EQ(fast.text(), slow) << i;
     if (slow != page) ++changed;
@@ -328,7 +313,7 @@ TEST(TableBlocks, AreReplacedWhereTheyStandFirst) {
 
 TEST(TableBlocks, AskToGoBackWhenABlockFails) {
   Apartment apartment;
-  rules::Rewriting page(u"<table>a</table>b<table>c</table>", &apartment);
+  rules::Rewriting page = StartRewriting(apartment, u"<table>a</table>b<table>c</table>");
   int blocks = 0;
   const auto second_fails = [&](TextView) -> Text {
     if (++blocks == 2) throw Failure(Failure::Kind::Overflow);
@@ -347,8 +332,8 @@ TEST(TableBlocks, CostGrowsWithThePage) {
     Apartment apartment;
     Text page;
     for (int i = 0; i < tables; ++i) page += u"<table><tr><td >x</td ></tr ><tr ><td >y</td ></tr ></table>";
-    rules::Rewriting rewriting(page, &apartment);
-    return Seconds([&] { BalanceTableBlocks(rewriting); });
+    rules::Rewriting rewriting = StartRewriting(apartment, page);
+    return Seconds([&] { BalanceTableBlocks(rewriting, apartment); });
   };
   run(2000);
   const double once = run(4000);
@@ -370,7 +355,7 @@ TEST(FormLayouts, AreForTheirPagesOnly) {
   EXPECT_TRUE(modQuillary::IsMemoForm(memo));
   EXPECT_FALSE(modQuillary::IsMemoForm(ReplaceAll(memo, u"590", u"690")));
   // The mail layout renames the face that the memo is known by.
-  EXPECT_FALSE(modQuillary::IsMemoForm(modQuillary::MailFormLayout(memo)));
+  EXPECT_FALSE(modQuillary::IsMemoForm(rules::RunOver(chains::MailFormLayout, memo)));
 }
 
 }  // namespace

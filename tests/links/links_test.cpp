@@ -96,10 +96,11 @@ std::vector<Text> Entries(const TextList& list) {
 void ExpectSameScan(Scan fast, Scan slow, const RtfToHtmlState& start, const Text& page) {
   RtfToHtmlState quick = start;
   RtfToHtmlState judged = start;
-  quick.HtmlOut = judged.HtmlOut = page;
+  quick.HtmlOut.Assign(page);
+  judged.HtmlOut.Assign(page);
   const bool done = Attempt([&] { fast(quick, page); });
   ASSERT_EQ(done, Attempt([&] { slow(judged, page); })) << testing::PrintToString(page);
-  ASSERT_EQ(quick.HtmlOut, judged.HtmlOut) << testing::PrintToString(page);
+  ASSERT_EQ(quick.HtmlOut.text(), judged.HtmlOut.text()) << testing::PrintToString(page);
   ASSERT_EQ(Entries(quick.FoundLinks), Entries(judged.FoundLinks)) << testing::PrintToString(page);
   ASSERT_EQ(Entries(quick.FoundEmails), Entries(judged.FoundEmails)) << testing::PrintToString(page);
 }
@@ -229,9 +230,9 @@ void ExpectOutcomes(const RtfToHtmlState& start, std::initializer_list<Scan> sca
                     std::initializer_list<Outcome> outcomes) {
   for (const auto& [page, html] : outcomes) {
     RtfToHtmlState state = start;
-    state.HtmlOut = page;
-    for (const Scan scan : scans) scan(state, Text(state.HtmlOut));
-    EXPECT_EQ(state.HtmlOut, html) << testing::PrintToString(Text(page));
+    state.HtmlOut.Assign(Text(page));
+    for (const Scan scan : scans) scan(state, Text(state.HtmlOut.text()));
+    EXPECT_EQ(state.HtmlOut.text(), html) << testing::PrintToString(Text(page));
   }
 }
 
@@ -258,7 +259,7 @@ TEST(ScanLinks, HidesAtSignsFromTheMailScan) {
   RtfToHtmlState state = Loaded();
   links::ScanLinks(state, u"http://me:pw@e.org<br>");
   const Text hidden = Text(u"http://me:pw").append(sentinels::at_sign).append(u"e.org");
-  EXPECT_EQ(state.HtmlOut, u"<a href=\"" + hidden + u"\">" + hidden + u"</a><br>");
+  EXPECT_EQ(state.HtmlOut.text(), u"<a href=\"" + hidden + u"\">" + hidden + u"</a><br>");
   EXPECT_EQ(state.FoundLinks[1], u"http://me:pw@e.org");
 }
 
@@ -271,7 +272,8 @@ TEST(Scans, StopAtTheirLimit) {
     EXPECT_EQ(found.last_set(), 1996);
     EXPECT_EQ(found[1995], Trim(word));
     EXPECT_EQ(found[1996], u"");
-    EXPECT_TRUE(state.HtmlOut.ends_with(Text(u"</a> ") + Repeat(5 * word.size(), Text(word)) + u"end."));
+    EXPECT_TRUE(
+        state.HtmlOut.text().ends_with(Text(u"</a> ") + Repeat(5 * word.size(), Text(word)) + u"end."));
   }
 }
 
@@ -303,7 +305,7 @@ double MillisecondsFor(const Text& page) {
   const std::clock_t begin = std::clock();
   RtfToHtmlState state = Loaded();
   links::ScanLinks(state, page);
-  links::ScanEmailAddresses(state, Text(state.HtmlOut));
+  links::ScanEmailAddresses(state, Text(state.HtmlOut.text()));
   links::LoadBracketPrefixes(state);
   links::LoadBracketDelimiters(state);
   links::ScanBracketLinks(state, page);

@@ -118,7 +118,7 @@ void ScanLinks(RtfToHtmlState& state, TextView copy) {
     if (s.start > Length(html) - 4) break;
   }
   state.FoundLinks.Set(n, u"");
-  state.HtmlOut = html;
+  state.HtmlOut.Assign(html);
 }
 
 void ScanBracketLinks(RtfToHtmlState& state, TextView copy) {
@@ -155,7 +155,7 @@ void ScanBracketLinks(RtfToHtmlState& state, TextView copy) {
     if (s.start > Length(html) - 2) break;
   }
   state.FoundLinks.Set(n, u"");
-  state.HtmlOut = html;
+  state.HtmlOut.Assign(html);
 }
 
 Text StripEmailFringe(Text& word) {
@@ -278,7 +278,7 @@ void ScanEmailAddresses(RtfToHtmlState& state, TextView copy) {
     if (at > right - 4) break;
   }
   state.FoundEmails.Set(n, u"");
-  state.HtmlOut = html;
+  state.HtmlOut.Assign(html);
 }
 
 namespace {

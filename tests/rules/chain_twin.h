@@ -42,7 +42,8 @@ class MadeChain {
       stages_.push_back({stage.name.c_str(), stage.purpose.c_str(), static_cast<std::uint32_t>(stage.first),
                          static_cast<std::uint32_t>(stage.count)});
     }
-    chain_ = {flat_.name.c_str(), "made.rules", stages_, steps_, rules_, conditions_, grams_, first_grams_};
+    chain_ = {flat_.name.c_str(), "made.rules", nullptr,     stages_, steps_, rules_,
+              conditions_,        grams_,       first_grams_};
   }
   MadeChain(const MadeChain&) = delete;
   MadeChain& operator=(const MadeChain&) = delete;
@@ -112,7 +113,7 @@ inline Text RunTwin(const rules::Chain& chain, Text text) {
       const rules::Step& step = chain.steps[at++];
       if (step.kind == rules::Step::Kind::Scan) {
         rules::Rewriting whole(std::move(text));
-        step.scan(whole);
+        step.scan(whole, nullptr);
         text = whole.Take();
       } else if (step.kind == rules::Step::Kind::Rules) {
         for (const rules::Rule& rule : chain.rules.subspan(step.first, step.count)) {

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "rules/chain_twin.h"
-#include "rules/explain.h"
+#include "rules/firing_log.h"
 #include "text/failure.h"
 #include "text/search.h"
 
@@ -71,12 +71,14 @@ class Maker {
     const std::size_t guard = chain.steps.size();
     const bool guarded = OneIn(3);
     if (guarded) {
-      chain.steps.push_back({rulec::FlatStep::Kind::Guard, chain.conditions.size(), 1, 0, "", 0});
+      chain.steps.push_back(
+          {rulec::FlatStep::Kind::Guard, chain.conditions.size(), 1, 0, "", rulec::StateUse::None, 0});
       const auto kind = static_cast<rulec::Asked::Kind>(Below(3));
       chain.conditions.push_back(
           {kind, Literal(text, variety), Mode(), static_cast<std::uint32_t>(text.size())});
     }
-    rulec::FlatStep step{rulec::FlatStep::Kind::Rules, chain.rules.size(), 4 + Below(12), 0, "", 0};
+    rulec::FlatStep step{
+        rulec::FlatStep::Kind::Rules, chain.rules.size(), 4 + Below(12), 0, "", rulec::StateUse::None, 0};
     for (std::size_t i = 0; i < step.count; ++i) {
       const Text with = OneIn(3) ? Text() : Literal(text, variety);
       const std::int32_t limit = OneIn(4) ? static_cast<std::int32_t>(1 + Below(3)) : -1;
@@ -147,7 +149,8 @@ TEST(Engine, FindsWhatLiesWhereStretchesMeet) {
         if (later > static_cast<double>(at)) later += moved;
       }
     }
-    flat.steps.push_back({rulec::FlatStep::Kind::Rules, 0, flat.rules.size(), 0, "", 0});
+    flat.steps.push_back(
+        {rulec::FlatStep::Kind::Rules, 0, flat.rules.size(), 0, "", rulec::StateUse::None, 0});
     flat.stages.push_back({"made", "Made.", 0, 1});
     const MadeChain made(std::move(flat));
     ASSERT_EQ(Ran(made.chain(), text), now) << "seed " << seed;
@@ -232,15 +235,6 @@ TEST(FiringLog, NotesEachRuleOnceWithItsFirstHit) {
   EXPECT_EQ(first.after, u"-bb-bb-");
   EXPECT_EQ(log.firings()[1].count, 2U);
   EXPECT_EQ(log.firings()[1].after, u"--bb-");
-}
-
-TEST(FiringLog, IsToldInTheLanguageOfTheRules) {
-  const MadeChain made("chain Told binary\nstage one \"A.\"\n  ⟨a b⏎⟩ -> ⟨c⟩\n");
-  const rules::Chain* const chains[] = {&made.chain()};
-  const std::vector<rules::Firing> firings = rules::Explain(chains, u"xa b\r\n\r");
-  ASSERT_EQ(firings.size(), 1U);
-  EXPECT_EQ(rules::Described(firings[0]),
-            u"made.rules:3  Told/1 one  x1\n  rule    ⟨a␣b⏎⟩ -> ⟨c⟩\n  before  ⟨xa␣b⏎␍⟩\n  after   ⟨xc␍⟩\n");
 }
 
 }  // namespace

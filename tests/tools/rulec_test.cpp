@@ -2,14 +2,13 @@
 #include <gtest/gtest.h>
 
 #include "expand.h"
-#include "masking.h"
 #include "rule_file.h"
 
 namespace quillary::rulec {
 namespace {
 
-const Sentinels& Known() {
-  static const Sentinels known = ReadSentinels("sentinel bullet ⟨|Ü⟩ \"a bullet\"\n");
+const Names& Known() {
+  static const Names known = ReadSentinels("sentinel bullet ⟨|Ü⟩ \"a bullet\"\n");
   return known;
 }
 
@@ -44,9 +43,14 @@ TEST(RuleFile, RefusesWhatIsMalformed) {
       {"⟨a⟩ -> ⟨b⟩ for <n> 1 to 2", "3: unknown placeholder, no literal uses it: n"},
       {"⟨a<n>⟩ -> ⟨b⟩", "3: unknown placeholder: n"},
       {"⟨a<label>⟩ -> ⟨b⟩ for <label> in x\n⟨a<label>⟩ -> ⟨b⟩", "4: unknown placeholder: label"},
-      {"⟨a‹ballot›⟩ -> ⟨b⟩", "3: unknown sentinel: ballot"},
+      {"⟨a‹ballot›⟩ -> ⟨b⟩", "3: unknown name: ballot"},
       {"⟨a  b⟩ -> ⟨b⟩", "3: bare run of blanks"},
       {"⟨a⟩ -> ⟨b ⟩", "3: bare blank at the edge of a literal"},
+      {"⟨a\tb⟩ -> ⟨b⟩", "3: invisible character in a literal"},
+      {"⟨a\u00A0b⟩ -> ⟨b⟩", "3: invisible character in a literal"},
+      {"⟨a⟩ -> ⟨\uFEFF⟩", "3: invisible character in a literal"},
+      {"⟨a\\u{110000}⟩ -> ⟨b⟩", "3: no character has the number 110000"},
+      {"⟨a\\u{1000000041}⟩ -> ⟨b⟩", "3: no character has the number 1000000041"},
       {"⟨a⟩ -> ⟨b⟩ first 0", "3: first 0 replaces nothing"},
       {"when binary\n⟨a⟩ -> ⟨b⟩\nend", "3: guard without a find"},
       {"when ⟨⟩\n⟨a⟩ -> ⟨b⟩\nend", "3: guard without a find"},
@@ -59,6 +63,17 @@ TEST(RuleFile, RefusesWhatIsMalformed) {
       {"chain Trial", "3: duplicate chain: Trial"},
   };
   for (const auto& [source, cause] : cases) EXPECT_EQ(Refusal(head + source), cause) << source;
+  const std::string used = head + "⟨‹x›⟩ -> ⟨⟩";
+  EXPECT_EQ(Refusal("let x ⟨y⟩ \"why\"\n" + used), "accepted");
+  EXPECT_EQ(Refusal("let x ⟨y⟩ \"why\"\n" + head + "⟨a⟩ -> ⟨b⟩"), "1: unused name: x");
+  EXPECT_EQ(Refusal("let x ⟨y⟩ \"why\"\nlet x ⟨z⟩ \"why\"\n" + used), "2: duplicate name: x");
+  EXPECT_EQ(Refusal("let bullet ⟨y⟩ \"why\"\n" + used), "1: duplicate name: bullet");
+  EXPECT_EQ(Refusal("let x ⟨‹z›⟩ \"why\"\nlet z ⟨y⟩ \"why\"\n" + used), "1: unknown name: z");
+  EXPECT_EQ(Refusal("let x ⟨a<n>⟩ \"why\"\n" + used), "1: unknown placeholder: n");
+  EXPECT_EQ(Refusal("let x ⟨y⟩\n" + used), "1: let without its meaning");
+  EXPECT_EQ(Refusal("let x ⟨⟩ \"why\"\n" + used), "1: empty let");
+  EXPECT_EQ(Refusal(used + "\nlet x ⟨y⟩ \"why\""), "3: unknown name: x");
+  EXPECT_EQ(Refusal(head + "let x ⟨y⟩ \"why\""), "3: let after a chain");
   EXPECT_EQ(Refusal("⟨a⟩ -> ⟨b⟩"), "1: step outside a stage");
   EXPECT_EQ(Refusal("chain Trial\n⟨a⟩ -> ⟨b⟩"), "2: step outside a stage");
 }
@@ -90,31 +105,26 @@ TEST(RuleFile, WritesFamiliesOutInOrder) {
   EXPECT_EQ(chain.steps[3].skip, 5U);
 }
 
-TEST(Masking, NamesTheRuleThatEatsAnother) {
-  const FlatChain chain = Compiled(
-      "⟨ab⟩ -> ⟨x⟩\n"
-      "⟨cABc⟩ -> ⟨y⟩ binary\n"  // eaten by line 3
-      "⟨cd⟩ -> ⟨x⟩ binary\n"
-      "⟨cde⟩ -> ⟨y⟩\n"  // "CDE" is left
-      "⟨12⟩ -> ⟨x⟩ binary\n"
-      "⟨123⟩ -> ⟨y⟩\n"  // eaten by line 7
-      "⟨p⟩ -> ⟨pp⟩\n"
-      "⟨pp⟩ -> ⟨q⟩\n"  // brought back
-      "⟨f⟩ -> ⟨⟩ first 1\n"
-      "⟨ff⟩ -> ⟨⟩\n"                            // one is left
-      "when ⟨u⟩\n⟨g⟩ -> ⟨⟩\n⟨gg⟩ -> ⟨⟩\nend\n"  // eaten by line 14
-      "⟨ggg⟩ -> ⟨⟩\n"                           // without a "u" it is left
-      "⟨k⟩ -> ⟨⟩\n⟨z⟩ -> ⟨kk⟩\n⟨kk⟩ -> ⟨⟩\n"
-      "⟨<td>␣⟩ -> ⟨</td><td>⟩\n⟨<td>␣</td>⟩ -> ⟨⟩\n"  // eaten by line 21, not joined
-      "⟨<table></td><td>␣</td>⟩ -> ⟨⟩\n");            // eaten by the nearest, line 22
-  std::vector<std::array<std::size_t, 3>> lines;
-  for (const Masked& masked : FindMasked(chain)) {
-    const std::size_t joined_by = masked.joined_by == nullptr ? 0 : masked.joined_by->line;
-    lines.push_back({masked.rule->line, masked.by->line, joined_by});
+TEST(RuleFile, PutsInNamedLiteralsAndTellsSharedOnesThatNobodyUses) {
+  std::set<std::string> used;
+  const Names shared = ReadSentinels(
+      "let tab ⟨\\tab⟩ \"a tab\"\nlet group ⟨{‹tab›}⟩ \"a group\"\nlet other ⟨o⟩ \"another\"\n"
+      "sentinel hidden ⟨#⟩ \"hidden\"\n",
+      &used);
+  const std::vector<ChainSource> chains = ReadRules(
+      "let own ⟨‹group›␣⟩ \"one's own\"\nchain Trial binary\nstage one \"A.\"\n⟨‹own›⟩ -> ⟨‹group›‹hidden⟩\n",
+      shared, "", &used);
+  const FlatChain chain = Expand(chains.at(0));
+  EXPECT_EQ(chain.rules.at(0).find, u"{\\tab} ");
+  EXPECT_EQ(chain.rules[0].with, u"{\\tab}‹hidden");
+  EXPECT_EQ(used, (std::set<std::string>{"tab", "group", "own"}));
+  try {
+    CheckAllUsed(shared, used);
+    ADD_FAILURE() << "accepted";
+  } catch (const Malformed& malformed) {
+    EXPECT_EQ(malformed.line(), 3U);
+    EXPECT_STREQ(malformed.what(), "unused name: other");
   }
-  const std::vector<std::array<std::size_t, 3>> expected = {
-      {4, 3, 3}, {8, 7, 7}, {15, 14, 14}, {22, 21, 0}, {23, 22, 22}};
-  EXPECT_EQ(lines, expected);
 }
 
 TEST(RuleFile, RefusesSentinelsThatAreAlike) {
@@ -126,8 +136,8 @@ TEST(RuleFile, RefusesSentinelsThatAreAlike) {
     }
     return "accepted";
   };
-  EXPECT_EQ(cause("sentinel a ⟨x⟩ \"x\"\nsentinel a ⟨y⟩ \"y\""), "duplicate sentinel: a");
-  EXPECT_EQ(cause("sentinel a ⟨x⟩ \"x\"\nsentinel b ⟨x⟩ \"y\""), "the same literal as sentinel a");
+  EXPECT_EQ(cause("sentinel a ⟨x⟩ \"x\"\nsentinel a ⟨y⟩ \"y\""), "duplicate name: a");
+  EXPECT_EQ(cause("sentinel a ⟨x⟩ \"x\"\nsentinel b ⟨x⟩ \"y\""), "the same literal as a");
   EXPECT_EQ(cause("sentinel a ⟨⟩ \"x\""), "empty sentinel");
   EXPECT_EQ(cause("⟨x⟩"), "unknown word: x");
 }

@@ -39,8 +39,9 @@ Text ConvertAs(Kind kind, Apartment& apartment, Properties& properties) {
   return component::ConvertRTF(apartment, properties);
 }
 
-void WriteTraceLine(std::string_view step, TextView page) {
-  const nlohmann::ordered_json line = {{"step", step}, {"text", ToUtf8(page)}};
+void WriteTraceLine(std::string_view step, TextView page, std::string_view failure) {
+  nlohmann::ordered_json line = {{"step", step}, {"text", ToUtf8(page)}};
+  if (!failure.empty()) line["failure"] = failure;
   std::cout << line.dump() << '\n';
 }
 

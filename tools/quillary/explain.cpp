@@ -8,6 +8,7 @@
 #include "for_each.h"
 #include "rules/firing_log.h"
 #include "rules/listing.h"
+#include "rules/notation.h"
 #include "text/encodings.h"
 
 namespace quillary::command_line {
@@ -19,21 +20,6 @@ const rules::Stage& StageOf(const Firing& firing) {
   return firing.chain->stages[static_cast<std::size_t>(firing.stage) - 1];
 }
 
-// Units that would break a line or cannot be seen are shown as in a rule file.
-std::string Shown(TextView text) {
-  Text shown;
-  for (const char16_t unit : text) {
-    if (unit == u'\r') {
-      shown += u'\u240D';
-    } else if (unit == u'\n') {
-      shown += u'\u240A';
-    } else {
-      shown += unit < 0x20 ? static_cast<char16_t>(0x2400 + unit) : unit;
-    }
-  }
-  return ToUtf8(shown);
-}
-
 void PrintForPerson(const Firing& firing, const Firing* previous) {
   const rules::Stage& stage = StageOf(firing);
   if (previous == nullptr || previous->chain != firing.chain || previous->stage != firing.stage) {
@@ -41,23 +27,31 @@ void PrintForPerson(const Firing& firing, const Firing* previous) {
               << '\n';
   }
   std::cout << "  " << rules::Where(*firing.chain, *firing.rule) << "  " << firing.count
-            << (firing.count == 1 ? " time\n" : " times\n") << "    find    " << Shown(firing.rule->find)
+            << (firing.count == 1 ? " time\n" : " times\n") << "    " << ToUtf8(rules::Written(*firing.rule))
             << '\n'
-            << "    with    " << Shown(firing.rule->with) << '\n'
-            << "    before  " << Shown(firing.before) << '\n'
-            << "    after   " << Shown(firing.after) << '\n';
+            << "    before  " << ToUtf8(rules::Written(firing.before)) << '\n'
+            << "    after   " << ToUtf8(rules::Written(firing.after)) << '\n';
 }
 
 void PrintLine(const Firing& firing) {
   const nlohmann::ordered_json line = {{"chain", firing.chain->name},
                                        {"stage", StageOf(firing).name},
                                        {"where", rules::Where(*firing.chain, *firing.rule)},
+                                       {"rule", ToUtf8(rules::Written(*firing.rule))},
                                        {"count", firing.count},
                                        {"find", ToUtf8(firing.rule->find)},
                                        {"with", ToUtf8(firing.rule->with)},
                                        {"before", ToUtf8(firing.before)},
                                        {"after", ToUtf8(firing.after)}};
   std::cout << line.dump() << '\n';
+}
+
+void PrintFailed(const FailedStep& failed, bool json) {
+  if (json) {
+    std::cout << nlohmann::ordered_json{{"step", failed.step}, {"failure", failed.failure}}.dump() << '\n';
+  } else {
+    std::cout << failed.step << "  failed (" << failed.failure << ") and was skipped\n";
+  }
 }
 
 }  // namespace
@@ -79,6 +73,7 @@ int Run(const Explain& command) {
       }
       previous = &firing;
     }
+    for (const FailedStep& failed : apartment.failed_steps) PrintFailed(failed, command.json);
     std::cout.flush();
   });
 }

@@ -1,21 +1,22 @@
 // Every chain, and each of its stages, as a routine of one text; and all rules
 // as JSON rows.
+#include "component/all_chains.h"
 #include "registry.h"
-#include "rules/all_chains.h"
 #include "rules/listing.h"
+#include "rules/notation.h"
 #include "rules/run.h"
 
 namespace quillary::routine {
 
 void AddChainRoutines(Registry& registry) {
-  for (const rules::Chain* chain : rules::AllChains()) {
+  for (const rules::Chain* chain : component::AllChains()) {
     const auto add = [&](const std::string& name, int stage) {
       registry.Add(name, {Kind::Text}, [chain, stage](Call& call) {
-        rules::Rewriting text(call.text(0), &call.apartment());
+        rules::Rewriting text = StartRewriting(call.apartment(), call.text(0));
         if (stage == 0) {
-          rules::Run(*chain, text);
+          rules::Run(*chain, text, &call.state());
         } else {
-          rules::RunStage(*chain, stage, text);
+          rules::RunStage(*chain, stage, text, &call.state());
         }
         call.result = ToJson(text.text());
       });
@@ -29,7 +30,7 @@ void AddChainRoutines(Registry& registry) {
 
 std::vector<Json> RuleRows() {
   std::vector<Json> rows;
-  for (const rules::Chain* chain : rules::AllChains()) {
+  for (const rules::Chain* chain : component::AllChains()) {
     for (const rules::RuleRow& row : rules::ListRules(*chain)) {
       rows.push_back({{"chain", chain->name},
                       {"stage", row.stage},
@@ -38,7 +39,8 @@ std::vector<Json> RuleRows() {
                       {"with", ToJson(row.rule->with)},
                       {"mode", static_cast<int>(row.rule->mode)},
                       {"limit", row.rule->limit < 0 ? Json(nullptr) : Json(row.rule->limit)},
-                      {"where", rules::Where(*chain, *row.rule)}});
+                      {"where", rules::Where(*chain, *row.rule)},
+                      {"rule", ToJson(rules::Written(*row.rule))}});
     }
   }
   return rows;

@@ -1,31 +1,21 @@
 // The repairs of the assembled page and its finishing, where they are more
 // than a chain of rules, and the HTML cleaner. Plain chains have routines of
 // the same names.
-#include "html_finishing/font_tags.h"
-#include "html_finishing/late_finish.h"
+#include "html_finishing/late_finish.rules.h"
 #include "registry.h"
-#include "rtf_to_html/page_repairs/list_repairs.h"
+#include "rtf_to_html/page_repairs/default_font.h"
 #include "rtf_to_html/page_repairs/table_repairs.h"
 
 namespace quillary::routine {
 namespace {
 
 using PageRoutine = void (*)(rules::Rewriting&);
-using ColourRoutine = void (*)(rules::Rewriting&, TextView);
 using CleanerRoutine = Text (platform::HtmlCleaner::*)(TextView);
 
 void AddPage(Registry& registry, const char* name, PageRoutine routine) {
   registry.Add(name, {Kind::Text}, [routine](Call& call) {
-    rules::Rewriting page(call.text(0), &call.apartment());
+    rules::Rewriting page = StartRewriting(call.apartment(), call.text(0));
     routine(page);
-    call.result = ToJson(page.text());
-  });
-}
-
-void AddColour(Registry& registry, const char* name, ColourRoutine routine) {
-  registry.Add(name, {Kind::Text, Kind::Text}, [routine](Call& call) {
-    rules::Rewriting page(call.text(0), &call.apartment());
-    routine(page, call.text(1));
     call.result = ToJson(page.text());
   });
 }
@@ -41,13 +31,25 @@ void AddCleaner(Registry& registry, const char* name, CleanerRoutine routine) {
 
 void AddFinishingRoutines(Registry& registry) {
   AddPage(registry, "OpenFirstCellWidth", modQuillary::OpenFirstCellWidth);
-  AddColour(registry, "SupplyTableHead", modQuillary::SupplyTableHead);
-  AddPage(registry, "BalanceTableBlocks",
-          [](rules::Rewriting& page) { modQuillary::BalanceTableBlocks(page); });
+  registry.Add("SupplyTableHead", {Kind::Text, Kind::Text}, [](Call& call) {
+    rules::Rewriting page = StartRewriting(call.apartment(), call.text(0));
+    modQuillary::SupplyTableHead(page, call.text(1));
+    call.result = ToJson(page.text());
+  });
+  registry.Add("BalanceTableBlocks", {Kind::Text}, [](Call& call) {
+    rules::Rewriting page = StartRewriting(call.apartment(), call.text(0));
+    modQuillary::BalanceTableBlocks(page, call.apartment());
+    call.result = ToJson(page.text());
+  });
   AddPage(registry, "DropEmptyLastCells", modQuillary::DropEmptyLastCells);
   AddPage(registry, "DropFirstCellWidth", modQuillary::DropFirstCellWidth);
-  AddColour(registry, "SupplyDefaultFont", modQuillary::SupplyDefaultFont);
-  registry.Add("LateFinish", {Kind::Text}, [](Call& call) { html_finishing::LateFinish(call.text(0)); });
+  registry.Add("SupplyDefaultFont", {Kind::Text, Kind::Text}, [](Call& call) {
+    rules::Rewriting page = StartRewriting(call.apartment(), call.text(0));
+    modQuillary::SupplyDefaultFont(page, call.state(), call.text(1));
+    call.result = ToJson(page.text());
+  });
+  registry.Add("LateFinish", {Kind::Text},
+               [](Call& call) { call.text(0) = rules::RunOver(chains::LateFinish, call.text(0)); });
   AddCleaner(registry, "TidyDLL_CleanHTML", &platform::HtmlCleaner::TidyDLL_CleanHTML);
   AddCleaner(registry, "TidyDLL_ToXHTML", &platform::HtmlCleaner::TidyDLL_ToXHTML);
   AddCleaner(registry, "TidyDLL_ParseHTML", &platform::HtmlCleaner::TidyDLL_ParseHTML);

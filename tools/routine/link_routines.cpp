@@ -19,7 +19,7 @@ void AddLoader(Registry& registry, const char* name, void (*load)(RtfToHtmlState
 // means the copy.
 void AddScan(Registry& registry, const char* name, void (*scan)(RtfToHtmlState&, TextView)) {
   registry.Add(name, {Kind::Text}, [scan](Call& call) {
-    if (call.state().HtmlOut.empty()) call.state().HtmlOut = call.text(0);
+    if (call.state().HtmlOut.text().empty()) call.state().HtmlOut.Assign(call.text(0));
     scan(call.state(), call.text(0));
   });
 }

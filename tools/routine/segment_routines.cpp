@@ -17,14 +17,14 @@ void AddSegmentRoutines(Registry& registry) {
         {"head", ToJson(segment.head)}, {"body", ToJson(segment.body)}, {"dropped", road == Road::Dropped}};
   });
   registry.Add("SegmentBodyWords", {Kind::Text, Kind::Text}, [](Call& call) {
-    rules::Rewriting body(call.text(0), &call.apartment());
-    ReplaceBodyWords(body, call.text(1));
+    rules::Rewriting body = StartRewriting(call.apartment(), call.text(0));
+    ReplaceBodyWords(call.state(), body, call.text(1));
     call.result = ToJson(body.text());
   });
   registry.Add("SegmentHeadAndOutput", {Kind::Text, Kind::Text, Kind::Text}, [](Call& call) {
     Segment segment(call.text(0));
     segment.head = call.text(1);
-    rules::Rewriting body(call.text(2), &call.apartment());
+    rules::Rewriting body = StartRewriting(call.apartment(), call.text(2));
     ReadHeadWords(call.state(), segment, body);
     ReplaceRemainingWords(call.state(), segment, body);
     WriteSegment(call.apartment(), segment, body.Take());

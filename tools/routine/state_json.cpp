@@ -79,16 +79,16 @@ void VisitFields(State& state, Visitor&& visit) {
   visit("ImageName", state.ImageName);
   visit("UseSpanTags", state.UseSpanTags);
   visit("UseFontTags", state.UseFontTags);
-  visit("BodyOnly", state.BodyOnly);
-  visit("BodyOnlyFonts", state.BodyOnlyFonts);
+  visit.YesOrNo("BodyOnly", state.BodyOnly);
+  visit.YesOrNo("BodyOnlyFonts", state.BodyOnlyFonts);
   visit("HtmlOut", state.HtmlOut);
   visit("LanguageMode", state.LanguageMode);
-  visit("EquationSeen", state.EquationSeen);
-  visit("ForeignCharsets", state.ForeignCharsets);
-  visit("CentreOpen", state.CentreOpen);
-  visit("ParagraphOpen", state.ParagraphOpen);
-  visit("IndentOpen", state.IndentOpen);
-  visit("ColourExplicit", state.ColourExplicit);
+  visit.YesOrNo("EquationSeen", state.EquationSeen);
+  visit.YesOrNo("ForeignCharsets", state.ForeignCharsets);
+  visit.YesOrNo("CentreOpen", state.CentreOpen);
+  visit.YesOrNo("ParagraphOpen", state.ParagraphOpen);
+  visit.YesOrNo("IndentOpen", state.IndentOpen);
+  visit.YesOrNo("ColourExplicit", state.ColourExplicit);
   visit("PendingIndent", state.PendingIndent);
   visit("CarriedIndent", state.CarriedIndent);
   visit("CurrentFace", state.CurrentFace);
@@ -117,6 +117,11 @@ void VisitFields(State& state, Visitor&& visit) {
   visit("UnderlineOn", state.UnderlineOn);
 }
 
+// The languages by the words in use.
+constexpr std::pair<LanguageModes, const char*> kLanguages[] = {{LanguageModes::English, "english"},
+                                                                {LanguageModes::Greek, "greek"},
+                                                                {LanguageModes::Turkish, "turkish"}};
+
 struct Writer {
   Json& fields;
   const std::vector<std::string>& names;
@@ -126,6 +131,15 @@ struct Writer {
   }
   void operator()(const char* name, const Text& value) {
     if (Wanted(name)) fields[name] = ToJson(TextView(value));
+  }
+  void operator()(const char* name, const rules::Rewriting& value) { (*this)(name, value.text()); }
+  void operator()(const char* name, LanguageModes value) {
+    for (const auto& [language, word] : kLanguages) {
+      if (value == language && Wanted(name)) fields[name] = word;
+    }
+  }
+  void YesOrNo(const char* name, bool value) {
+    if (Wanted(name)) fields[name] = value ? "yes" : "no";
   }
   void operator()(const char* name, const Integer16& value) {
     if (Wanted(name)) fields[name] = static_cast<std::int16_t>(value);
@@ -151,6 +165,21 @@ struct Reader {
   }
   void operator()(const char* name, Text& value) {
     if (const Json* field = Field(name)) ElementFromJson(*field, value);
+  }
+  void operator()(const char* name, rules::Rewriting& value) {
+    Text text;
+    (*this)(name, text);
+    value.Assign(std::move(text));
+  }
+  void operator()(const char* name, LanguageModes& value) {
+    const Json* field = Field(name);
+    if (field == nullptr) return;
+    for (const auto& [language, word] : kLanguages) {
+      if (*field == word) value = language;
+    }
+  }
+  void YesOrNo(const char* name, bool& value) {
+    if (const Json* field = Field(name)) value = *field == "yes";
   }
   void operator()(const char* name, Integer16& value) {
     if (const Json* field = Field(name)) {
@@ -185,6 +214,7 @@ void StateFromJson(const Json& fields, RtfToHtmlState& state) {
   Reader reader{fields};
   VisitFields(state, reader);
   if (reader.found != fields.size()) throw Refusal("usage");
+  state.options = ReadOptions(state.ConvertImages, state.ImageFormat, state.UseSpanTags, state.UseFontTags);
   Widen(state.ColourTable, state.ColourCount);
   Widen(state.FontFaces, state.FontCount);
   Widen(state.FontCharsets, state.FontCount);

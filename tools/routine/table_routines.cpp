@@ -1,7 +1,7 @@
 // Table repair, the carry-over of cell formats and the first list of a page. The
 // chain of entities and lists is a routine by itself.
 #include "html_finishing/cell_formats.h"
-#include "html_finishing/finish_entities_and_lists.h"
+#include "html_finishing/collapse_first_list.h"
 #include "registry.h"
 #include "table_repair/balance_table_tags.h"
 #include "table_repair/copy_first_cell_format.h"

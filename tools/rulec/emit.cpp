@@ -86,6 +86,23 @@ class GramTable {
   std::size_t count_ = 0;
 };
 
+// The state in the type in which a scan takes it.
+std::string StateType(const FlatChain& chain, StateUse use) {
+  return use == StateUse::Reads ? "const " + chain.state : chain.state;
+}
+
+// What the engine calls for a scan: the scan itself, with the state in its type.
+std::string Call(const FlatChain& chain, const FlatStep& step) {
+  const std::string name = chain.scan_namespace + "::" + step.scan;
+  if (step.state_use == StateUse::None) return "[](Rewriting& text, void*) { " + name + "(text); }";
+  return "[](Rewriting& text, void* state) { " + name + "(text, *static_cast<" +
+         StateType(chain, step.state_use) + "*>(state)); }";
+}
+
+std::string ChainType(const FlatChain& chain) {
+  return chain.state.empty() ? "Chain" : "ChainWith<" + chain.state + ">";
+}
+
 void EmitSteps(const FlatChain& chain, std::ostream& out) {
   for (const FlatStep& step : chain.steps) {
     switch (step.kind) {
@@ -98,8 +115,7 @@ void EmitSteps(const FlatChain& chain, std::ostream& out) {
             << ", 0, nullptr, nullptr},\n";
         break;
       case FlatStep::Kind::Scan:
-        out << "    {Step::Kind::Scan, 0, 0, 0, 0, " << chain.scan_namespace << "::" << step.scan << ", \""
-            << step.scan << "\"},\n";
+        out << "    {Step::Kind::Scan, 0, 0, 0, 0, " << Call(chain, step) << ", \"" << step.scan << "\"},\n";
         break;
     }
   }
@@ -143,11 +159,23 @@ void EmitChain(const FlatChain& chain, const std::string& name, std::ostream& ou
   EmitArray("Stage", chain.name + "_stage_table", stages.str(), out);
   out << "}  // namespace\n";
   const auto table = [&](const char* suffix, bool any) { return any ? chain.name + suffix : "{}"; };
-  out << "constexpr Chain " << chain.name << " = {\"" << chain.name << "\", " << Narrow(name) << ", "
-      << table("_stage_table", !chain.stages.empty()) << ", " << table("_steps", !chain.steps.empty()) << ", "
-      << table("_rules", !chain.rules.empty()) << ", " << table("_conditions", !chain.conditions.empty())
-      << ", " << table("_grams", !grams.rows().empty()) << ", " << table("_first_grams", !chain.rules.empty())
-      << "};\n\n";
+  const bool with_state = !chain.state.empty();
+  out << "constexpr " << ChainType(chain) << " " << chain.name << (with_state ? " = {{\"" : " = {\"")
+      << chain.name << "\", " << Narrow(name) << ", " << (with_state ? "\"" + chain.state + "\"" : "nullptr")
+      << ", " << table("_stage_table", !chain.stages.empty()) << ", " << table("_steps", !chain.steps.empty())
+      << ", " << table("_rules", !chain.rules.empty()) << ", "
+      << table("_conditions", !chain.conditions.empty()) << ", " << table("_grams", !grams.rows().empty())
+      << ", " << table("_first_grams", !chain.rules.empty()) << (with_state ? "}};\n\n" : "};\n\n");
+}
+
+// The state types that the chains name.
+void DeclareStates(const std::vector<FlatChain>& chains, std::ostream& out) {
+  std::set<std::string> states;
+  for (const FlatChain& chain : chains) {
+    if (!chain.state.empty() && states.insert(chain.state).second) {
+      out << "namespace quillary {\nstruct " << chain.state << ";\n}\n";
+    }
+  }
 }
 
 }  // namespace
@@ -156,16 +184,17 @@ std::string EmitTables(const std::vector<FlatChain>& chains, const std::string& 
   std::ostringstream out;
   const std::string header = name.starts_with("src/") ? name.substr(4) : name;
   out << made_by << "#include \"" << header << ".h\"\n\n";
-  std::set<std::pair<std::string, std::string>> scans;
+  std::set<std::string> scans;
   for (const FlatChain& chain : chains) {
     for (const FlatStep& step : chain.steps) {
-      if (step.kind == FlatStep::Kind::Scan) scans.insert({chain.scan_namespace, step.scan});
+      if (step.kind != FlatStep::Kind::Scan) continue;
+      const bool with_state = step.state_use != StateUse::None;
+      const std::string state = with_state ? ", " + StateType(chain, step.state_use) + "& state" : "";
+      scans.insert("namespace quillary::" + chain.scan_namespace + " {\nvoid " + step.scan +
+                   "(rules::Rewriting& text" + state + ");\n}\n");
     }
   }
-  for (const auto& [scan_namespace, scan] : scans) {
-    out << "namespace quillary::" << scan_namespace << " {\nvoid " << scan
-        << "(rules::Rewriting& text);\n}\n";
-  }
+  for (const std::string& scan : scans) out << scan;
   out << "namespace quillary::chains {\nusing namespace rules;\n";
   for (const FlatChain& chain : chains) EmitChain(chain, name, out);
   out << "}  // namespace quillary::chains\n";
@@ -174,10 +203,12 @@ std::string EmitTables(const std::vector<FlatChain>& chains, const std::string& 
 
 std::string EmitHeader(const std::vector<FlatChain>& chains, const std::string& name) {
   std::ostringstream out;
-  out << made_by << "// " << name
-      << "\n#pragma once\n\n#include \"rules/run.h\"\n\nnamespace quillary::chains {\n";
+  out << made_by << "// " << name << "\n#pragma once\n\n#include \"rules/run.h\"\n\n";
+  DeclareStates(chains, out);
+  out << "namespace quillary::chains {\n";
   for (const FlatChain& chain : chains) {
-    out << "\nextern const rules::Chain " << chain.name << ";\nnamespace " << chain.name << "_stages {\n";
+    out << "\nextern const rules::" << ChainType(chain) << " " << chain.name << ";\nnamespace " << chain.name
+        << "_stages {\n";
     for (std::size_t i = 0; i < chain.stages.size(); ++i) {
       out << "/// " << chain.stages[i].purpose << "\ninline constexpr int " << chain.stages[i].name << " = "
           << i + 1 << ";\n";
@@ -188,31 +219,15 @@ std::string EmitHeader(const std::vector<FlatChain>& chains, const std::string& 
   return out.str();
 }
 
-std::string EmitSentinels(const Sentinels& sentinels) {
+std::string EmitSentinels(const Names& names) {
   std::ostringstream out;
   out << made_by << "#pragma once\n\n#include \"text/text.h\"\n\nnamespace quillary::sentinels {\n\n";
-  for (const Sentinel& sentinel : sentinels) {
+  for (const Named& sentinel : names) {
+    if (sentinel.kind != Named::Kind::Sentinel) continue;
     out << "/// " << sentinel.meaning << "\ninline constexpr TextView " << sentinel.name << " = "
         << Quoted(sentinel.text) << ";\n";
   }
   out << "\n}  // namespace quillary::sentinels\n";
-  return out.str();
-}
-
-std::string EmitRegistry(const std::vector<std::string>& chain_names) {
-  std::ostringstream out;
-  out << made_by << "#include \"rules/all_chains.h\"\n\nnamespace quillary::chains {\n";
-  for (const std::string& chain : chain_names) out << "extern const rules::Chain " << chain << ";\n";
-  out << "}  // namespace quillary::chains\n\nnamespace quillary::rules {\n\n"
-      << "std::span<const Chain* const> AllChains() {\n";
-  if (chain_names.empty()) {
-    out << "  return {};\n";
-  } else {
-    out << "  static constexpr const Chain* all[] = {\n";
-    for (const std::string& chain : chain_names) out << "      &chains::" << chain << ",\n";
-    out << "  };\n  return all;\n";
-  }
-  out << "}\n\n}  // namespace quillary::rules\n";
   return out.str();
 }
 

@@ -11,8 +11,7 @@ namespace quillary::rulec {
 /// `name` is the file's path as diagnostics show it, "src/links/foo.rules".
 std::string EmitTables(const std::vector<FlatChain>& chains, const std::string& name);
 std::string EmitHeader(const std::vector<FlatChain>& chains, const std::string& name);
-std::string EmitSentinels(const Sentinels& sentinels);
-/// The registry of all chains, in the given order.
-std::string EmitRegistry(const std::vector<std::string>& chain_names);
+/// The sentinels among the names as constants.
+std::string EmitSentinels(const Names& names);
 
 }  // namespace quillary::rulec

@@ -33,7 +33,7 @@ class Expander {
           When(node);
           break;
         case Node::Kind::Scan:
-          chain_.steps.push_back({FlatStep::Kind::Scan, 0, 0, 0, node.scan, 0});
+          chain_.steps.push_back({FlatStep::Kind::Scan, 0, 0, 0, node.scan, node.state_use, 0});
           joinable_ = false;
           break;
       }
@@ -55,7 +55,8 @@ class Expander {
     FlatRule rule{Fill(node.find, values_), Fill(node.with, values_), node.mode, node.limit, node.line};
     if (rule.find.size() > 0xFFFF || rule.with.size() > 0xFFFF)
       throw Malformed(node.line, "literal too long");
-    if (!joinable_) chain_.steps.push_back({FlatStep::Kind::Rules, chain_.rules.size(), 0, 0, "", 0});
+    if (!joinable_)
+      chain_.steps.push_back({FlatStep::Kind::Rules, chain_.rules.size(), 0, 0, "", StateUse::None, 0});
     joinable_ = true;
     chain_.rules.push_back(std::move(rule));
     ++chain_.steps.back().count;
@@ -64,7 +65,7 @@ class Expander {
   void When(const Node& node) {
     const std::size_t guard = chain_.steps.size();
     chain_.steps.push_back(
-        {FlatStep::Kind::Guard, chain_.conditions.size(), node.conditions.size(), 0, "", 0});
+        {FlatStep::Kind::Guard, chain_.conditions.size(), node.conditions.size(), 0, "", StateUse::None, 0});
     for (const Asked& asked : node.conditions) {
       chain_.conditions.push_back({asked.kind, Fill(asked.find, values_), asked.mode, asked.units});
     }
@@ -85,6 +86,7 @@ FlatChain Expand(const ChainSource& source) {
   FlatChain chain;
   chain.name = source.name;
   chain.scan_namespace = source.scan_namespace;
+  chain.state = source.state;
   Expander expander(chain);
   for (const StageSource& stage : source.stages) expander.Stage(stage);
   return chain;

@@ -31,6 +31,7 @@ struct FlatStep {
   std::size_t count = 0;
   std::size_t skip = 0;
   std::string scan;
+  StateUse state_use = StateUse::None;
   std::uint32_t gram = 0;
 };
 
@@ -44,6 +45,7 @@ struct FlatStage {
 struct FlatChain {
   std::string name;
   std::string scan_namespace;
+  std::string state;
   std::vector<FlatStage> stages;
   std::vector<FlatStep> steps;
   std::vector<FlatRule> rules;

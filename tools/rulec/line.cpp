@@ -12,6 +12,19 @@ bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
 }  // namespace
 
+std::string Word::Written() const {
+  switch (kind) {
+    case Kind::Delimited:
+      return std::string(opening) + text + std::string(closing);
+    case Kind::Quoted:
+      return '"' + text + '"';
+    case Kind::Plain:
+    case Kind::Comma:
+      break;
+  }
+  return text;
+}
+
 Line::Line(std::string_view source, std::size_t number) : number_(number) {
   std::size_t at = 0;
   // What lies between two delimiters of the given lengths.

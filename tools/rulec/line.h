@@ -12,6 +12,9 @@ struct Word {
   enum class Kind { Plain, Delimited, Quoted, Comma };
   Kind kind = Kind::Plain;
   std::string text;  // what stands between the delimiters
+
+  /// With its delimiters.
+  std::string Written() const;
 };
 
 /// A line cut into words, read from left to right.
@@ -33,6 +36,7 @@ class Line {
   /// there is none, or none of that kind.
   const std::string& Expect(Word::Kind kind, const std::string& cause);
   const Word& Next() { return words_[next_++]; }
+  const std::vector<Word>& words() const { return words_; }
 
   /// Throws Malformed for a word that nothing has taken.
   void End() const;

@@ -1,12 +1,46 @@
 #include "literal.h"
 
 #include <algorithm>
+#include <charconv>
+
+#include "rules/notation.h"
 
 namespace quillary::rulec {
 namespace {
 
+void AppendCharacter(std::uint32_t code, Text& text) {
+  if (code >= 0x10000) {
+    text += static_cast<char16_t>(0xD7C0 + (code >> 10));
+    code = 0xDC00 + (code & 0x3FF);
+  }
+  text += static_cast<char16_t>(code);
+}
+
 bool IsNameUnit(char16_t unit) {
   return (unit >= u'a' && unit <= u'z') || (unit >= u'0' && unit <= u'9') || unit == u'_';
+}
+
+bool IsHexDigit(char16_t unit) {
+  return (unit >= u'0' && unit <= u'9') || (unit >= u'a' && unit <= u'f') || (unit >= u'A' && unit <= u'F');
+}
+
+// Takes the character that the source writes by its number at `at`, \u{A0}.
+// Only hexadecimal digits between the braces make it one: \u in front of
+// anything else is a control word of a document.
+bool TakeNumbered(TextView source, std::size_t& at, std::size_t line, Text& plain) {
+  if (!source.substr(at).starts_with(u"\\u{")) return false;
+  std::size_t end = at + 3;
+  while (end < source.size() && IsHexDigit(source[end])) ++end;
+  if (end == at + 3 || end == source.size() || source[end] != u'}') return false;
+  const std::string digits = ToUtf8(source.substr(at + 3, end - at - 3));
+  std::uint32_t code = 0;
+  if (std::from_chars(digits.data(), digits.data() + digits.size(), code, 16).ec != std::errc() ||
+      code > 0x10FFFF) {
+    throw Malformed(line, "no character has the number " + digits);
+  }
+  AppendCharacter(code, plain);
+  at = end + 1;
+  return true;
 }
 
 // The name between the delimiter at `at` and the first `close` behind it, or
@@ -34,6 +68,8 @@ Literal ReadLiteral(const std::string& source, std::size_t line, const Scope& sc
   std::size_t at = 0;
   while (at < text.size()) {
     Text& plain = literal.back().text;
+    if (TakeNumbered(text, at, line, plain)) continue;
+    if (rules::IsInvisible(text, at)) throw Malformed(line, "invisible character in a literal");
     const char16_t unit = text[at++];
     if (unit == u'␣') {
       plain += u' ';
@@ -43,15 +79,13 @@ Literal ReadLiteral(const std::string& source, std::size_t line, const Scope& sc
       plain += u'\r';
     } else if (unit == u'␊') {
       plain += u'\n';
-    } else if (unit < 0x20) {
-      throw Malformed(line, "control character in a literal");
-    } else if (const std::string sentinel = unit == u'‹' ? NameAt(text, at - 1, u'›') : "";
-               !sentinel.empty()) {
-      const auto found = std::find_if(scope.sentinels.begin(), scope.sentinels.end(),
-                                      [&](const Sentinel& known) { return known.name == sentinel; });
-      if (found == scope.sentinels.end()) throw Malformed(line, "unknown sentinel: " + sentinel);
+    } else if (const std::string used = unit == u'‹' ? NameAt(text, at - 1, u'›') : ""; !used.empty()) {
+      const auto found = std::find_if(scope.names.begin(), scope.names.end(),
+                                      [&](const Named& known) { return known.name == used; });
+      if (found == scope.names.end()) throw Malformed(line, "unknown name: " + used);
+      if (scope.used != nullptr) scope.used->insert(used);
       plain += found->text;
-      at += sentinel.size() + 1;
+      at += used.size() + 1;
     } else if (const std::string name = unit == u'<' ? NameAt(text, at - 1, u'>') : "";
                scope.placeholders.contains(name)) {
       literal.push_back({true, name, u""});
@@ -70,39 +104,6 @@ Text Fill(const Literal& literal, const std::map<std::string, Text>& values) {
   Text text;
   for (const Piece& piece : literal) text += piece.is_placeholder ? values.at(piece.placeholder) : piece.text;
   return text;
-}
-
-Text FromUtf8(std::string_view bytes) {
-  Text text;
-  std::size_t at = 0;
-  while (at < bytes.size()) {
-    const auto lead = static_cast<unsigned char>(bytes[at++]);
-    const int more = lead < 0xC0 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-    std::uint32_t code = more == 0 ? lead : lead & (0x3FU >> more);
-    for (int i = 0; i < more && at < bytes.size(); ++i) {
-      code = code << 6 | (static_cast<unsigned char>(bytes[at++]) & 0x3FU);
-    }
-    if (code >= 0x10000) {
-      text += static_cast<char16_t>(0xD7C0 + (code >> 10));
-      code = 0xDC00 + (code & 0x3FF);
-    }
-    text += static_cast<char16_t>(code);
-  }
-  return text;
-}
-
-std::string ToUtf8(TextView text) {
-  std::string bytes;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    std::uint32_t code = text[at];
-    if (code >= 0xD800 && code < 0xDC00 && at + 1 < text.size()) {
-      code = 0x10000 + ((code - 0xD800) << 10) + (text[++at] - 0xDC00U);
-    }
-    const int more = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-    bytes += static_cast<char>(more == 0 ? code : (0xFF00U >> (more + 1) & 0xFFU) | code >> (6 * more));
-    for (int i = more - 1; i >= 0; --i) bytes += static_cast<char>(0x80U | (code >> (6 * i) & 0x3FU));
-  }
-  return bytes;
 }
 
 }  // namespace quillary::rulec

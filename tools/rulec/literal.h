@@ -1,4 +1,5 @@
-// Literals: visible blanks, line ends, sentinels and placeholders.
+// Literals: visible spaces and line ends, characters by number, names and
+// placeholders.
 #pragma once
 
 #include <set>
@@ -8,12 +9,13 @@
 
 namespace quillary::rulec {
 
-/// The names a literal may use: the placeholders that are in force where it
+/// The names a literal may use; the placeholders that are in force where it
 /// stands, and all those that the file uses anywhere.
 struct Scope {
-  const Sentinels& sentinels;
+  const Names& names;
   std::set<std::string> placeholders;
   std::set<std::string> elsewhere;
+  std::set<std::string>* used = nullptr;  // takes up the names that are used
 };
 
 /// Throws Malformed.

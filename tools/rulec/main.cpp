@@ -2,24 +2,24 @@
 //
 //   rulec --sentinels FILE --name src/links/foo.rules INPUT OUT.cpp OUT.h
 //   rulec --sentinels-header FILE OUT.h
-//   rulec --registry ORDER OUT.cpp INPUT...
-//   rulec --masking SENTINELS INPUT...
+//   rulec --check-names SENTINELS STAMP INPUT...
+//   rulec --format [--check] FILE...
 //
-// The last prints the rules that an earlier rule of their stage always eats.
+// --format lays rule files out; with --check it only names those that are not.
 //
 // A malformed rule file ends it with "file:line: cause" and status 1.
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "emit.h"
 #include "expand.h"
 #include "grams.h"
-#include "masking.h"
+#include "layout.h"
 #include "rule_file.h"
 
 namespace quillary::rulec {
@@ -57,11 +57,11 @@ auto Of(const std::string& path, Action&& action) {
   }
 }
 
-Sentinels SentinelsOf(const std::string& path) {
-  return Of(path, [&] { return ReadSentinels(ReadFile(path)); });
+Names NamesOf(const std::string& path, std::set<std::string>* used = nullptr) {
+  return Of(path, [&] { return ReadSentinels(ReadFile(path), used); });
 }
 
-std::vector<FlatChain> ChainsOf(const std::string& path, const Sentinels& known, const std::string& folder) {
+std::vector<FlatChain> ChainsOf(const std::string& path, const Names& known, const std::string& folder) {
   return Of(path, [&] {
     std::vector<FlatChain> flat;
     for (const ChainSource& chain : ReadRules(ReadFile(path), known, folder)) flat.push_back(Expand(chain));
@@ -72,71 +72,60 @@ std::vector<FlatChain> ChainsOf(const std::string& path, const Sentinels& known,
 void Compile(const std::string& sentinels, const std::string& name, const std::string& input,
              const std::string& tables, const std::string& header) {
   const std::string folder = std::filesystem::path(name).parent_path().filename();
-  std::vector<FlatChain> chains = ChainsOf(input, SentinelsOf(sentinels), folder);
+  std::vector<FlatChain> chains = ChainsOf(input, NamesOf(sentinels), folder);
   for (FlatChain& chain : chains) CutIntoBlocks(chain);
   WriteFile(header, EmitHeader(chains, name));
   WriteFile(tables, EmitTables(chains, name));
 }
 
-// The names of the chains of a rule file, without the rest of it.
-std::vector<std::string> ChainNames(const std::string& path) {
-  std::vector<std::string> names;
-  std::ifstream in(path);
-  if (!in) throw BadFile(path + ": cannot be read");
-  std::string line;
-  while (std::getline(in, line)) {
-    if (line.starts_with("chain ")) names.push_back(line.substr(6, line.find(' ', 6) - 6));
+// A name declared for all rule files must be used by one of them.
+void CheckNames(const std::string& sentinels, const std::string& stamp, const Arguments& inputs) {
+  std::set<std::string> used;
+  const Names known = NamesOf(sentinels, &used);
+  for (const std::string& input : inputs) {
+    Of(input, [&] { return ReadRules(ReadFile(input), known, "any", &used); });
   }
-  return names;
+  Of(sentinels, [&] { CheckAllUsed(known, used); });
+  WriteFile(stamp, "");
 }
 
-void Register(const std::string& order, const std::string& output, const Arguments& inputs) {
-  std::vector<std::string> ranks;
-  std::ifstream in(order);
-  if (!in) throw BadFile(order + ": cannot be read");
-  for (std::string line; std::getline(in, line);) ranks.push_back(line);
-  std::vector<std::string> chains;
-  for (const std::string& input : inputs) {
-    for (std::string& name : ChainNames(input)) chains.push_back(std::move(name));
+void Format(const Arguments& files) {
+  for (const std::string& file : files) {
+    const std::string source = ReadFile(file);
+    const std::string laid_out = Of(file, [&] { return LaidOut(source); });
+    if (laid_out != source) WriteFile(file, laid_out);
   }
-  const auto rank = [&](const std::string& name) { return std::find(ranks.begin(), ranks.end(), name); };
-  std::stable_sort(chains.begin(), chains.end(), [&](const std::string& left, const std::string& right) {
-    return rank(left) < rank(right);
-  });
-  WriteFile(output, EmitRegistry(chains));
 }
 
-void ReportMasked(const std::string& sentinels, const Arguments& inputs) {
-  const Sentinels known = SentinelsOf(sentinels);
-  for (const std::string& input : inputs) {
-    for (const FlatChain& chain :
-         ChainsOf(input, known, std::filesystem::path(input).parent_path().filename())) {
-      for (const Masked& masked : FindMasked(chain)) {
-        std::cout << input << ':' << masked.rule->line << ": " << chain.name << ": "
-                  << ToUtf8(masked.rule->find) << "\n    is eaten in line " << masked.by->line << " by "
-                  << ToUtf8(masked.by->find) << '\n';
-        if (masked.joined_by != nullptr) {
-          std::cout << "    unless line " << masked.joined_by->line << " joins its parts again\n";
-        }
-      }
-    }
+// Names the files that are not laid out; whether there are none.
+bool CheckFormat(const Arguments& files) {
+  bool all_are = true;
+  for (const std::string& file : files) {
+    const std::string source = ReadFile(file);
+    if (Of(file, [&] { return LaidOut(source); }) == source) continue;
+    std::cerr << file << ": not laid out; rulec --format does it\n";
+    all_are = false;
   }
+  return all_are;
 }
 
 int Main(const Arguments& arguments) {
-  if (arguments.size() == 7 && arguments[0] == "--sentinels" && arguments[2] == "--name") {
+  if (arguments.size() >= 3 && arguments[0] == "--format" && arguments[1] == "--check") {
+    return CheckFormat({arguments.begin() + 2, arguments.end()}) ? 0 : 1;
+  }
+  if (arguments.size() >= 2 && arguments[0] == "--format") {
+    Format({arguments.begin() + 1, arguments.end()});
+  } else if (arguments.size() == 7 && arguments[0] == "--sentinels" && arguments[2] == "--name") {
     Compile(arguments[1], arguments[3], arguments[4], arguments[5], arguments[6]);
   } else if (arguments.size() == 3 && arguments[0] == "--sentinels-header") {
-    WriteFile(arguments[2], EmitSentinels(SentinelsOf(arguments[1])));
-  } else if (arguments.size() >= 3 && arguments[0] == "--registry") {
-    Register(arguments[1], arguments[2], {arguments.begin() + 3, arguments.end()});
-  } else if (arguments.size() >= 2 && arguments[0] == "--masking") {
-    ReportMasked(arguments[1], {arguments.begin() + 2, arguments.end()});
+    WriteFile(arguments[2], EmitSentinels(NamesOf(arguments[1])));
+  } else if (arguments.size() >= 4 && arguments[0] == "--check-names") {
+    CheckNames(arguments[1], arguments[2], {arguments.begin() + 3, arguments.end()});
   } else {
     std::cerr << "usage: rulec --sentinels FILE --name NAME INPUT OUT.cpp OUT.h\n"
                  "       rulec --sentinels-header FILE OUT.h\n"
-                 "       rulec --registry ORDER OUT.cpp INPUT...\n"
-                 "       rulec --masking SENTINELS INPUT...\n";
+                 "       rulec --check-names SENTINELS STAMP INPUT...\n"
+                 "       rulec --format [--check] FILE...\n";
     return 2;
   }
   return 0;

@@ -49,10 +49,28 @@ std::string Name(Line& line, const std::string& cause) {
 
 Text Digits(std::int32_t value) { return FromUtf8(std::to_string(value)); }
 
+// What stands after "sentinel" or "let" becomes one name more; its literal may
+// use the names before it.
+void ReadNamed(Named::Kind kind, Line& line, Names& names, std::set<std::string>* used) {
+  const bool is_sentinel = kind == Named::Kind::Sentinel;
+  const std::string word = is_sentinel ? "sentinel" : "let";
+  Named named{kind, Name(line, word + " without a name"), u"", "", line.number()};
+  const std::string& literal = line.Expect(Word::Kind::Delimited, word + " without its literal");
+  if (literal.empty()) line.Fail("empty " + word);
+  named.text = Fill(ReadLiteral(literal, line.number(), {names, {}, {"n", "m"}, used}), {});
+  named.meaning = line.Expect(Word::Kind::Quoted, word + " without its meaning");
+  line.End();
+  for (const Named& other : names) {
+    if (other.name == named.name) line.Fail("duplicate name: " + named.name);
+    if (is_sentinel && other.text == named.text) line.Fail("the same literal as " + other.name);
+  }
+  names.push_back(std::move(named));
+}
+
 class Reader {
  public:
-  Reader(std::string_view source, const Sentinels& sentinels, std::string default_namespace)
-      : lines_(SplitLines(source)), sentinels_(sentinels), default_namespace_(std::move(default_namespace)) {
+  Reader(std::string_view source, const Names& shared, std::string default_namespace)
+      : lines_(SplitLines(source)), names_(shared), default_namespace_(std::move(default_namespace)) {
     CollectPlaceholders();
   }
 
@@ -60,7 +78,10 @@ class Reader {
     while (next_ < lines_.size()) {
       Line line = NextLine();
       if (line.empty()) continue;
-      if (line.Take("chain")) {
+      if (line.Take("let")) {
+        if (!chains_.empty()) line.Fail("let after a chain");
+        ReadNamed(Named::Kind::Literal, line, names_, &used_);
+      } else if (line.Take("chain")) {
         ReadChain(line);
       } else if (line.Take("stage")) {
         ReadStage(line);
@@ -70,6 +91,10 @@ class Reader {
     }
     return std::move(chains_);
   }
+
+  const Names& names() const { return names_; }
+  const std::set<std::string>& used() const { return used_; }
+  std::vector<Family> Families(Line& line) { return ReadFamilies(line); }
 
  private:
   Line NextLine() {
@@ -99,6 +124,7 @@ class Reader {
     chain.scan_namespace = default_namespace_;
     if (const auto mode = TakeMode(line)) chain.mode = *mode;
     if (line.Take("namespace")) chain.scan_namespace = Name(line, "namespace without a name");
+    if (line.Take("state")) chain.state = Name(line, "state without a type");
     line.End();
     for (const ChainSource& other : chains_) {
       if (other.name == chain.name) line.Fail("duplicate chain: " + chain.name);
@@ -141,6 +167,12 @@ class Reader {
       node.kind = Node::Kind::Scan;
       node.scan = Name(line, "scan without a name");
       if (chains_.back().scan_namespace.empty()) line.Fail("scan in a chain without a namespace");
+      if (line.Take("reads")) node.state_use = StateUse::Reads;
+      if (line.Take("changes")) node.state_use = StateUse::Changes;
+      if (node.state_use != StateUse::None) {
+        if (!line.Take("state")) line.Fail("a scan reads or changes state");
+        if (chains_.back().state.empty()) line.Fail("scan with state in a chain without one");
+      }
       line.End();
     } else if (line.NextIsLiteral()) {
       ReadRule(line, node);
@@ -263,13 +295,14 @@ class Reader {
     }
   }
 
-  Literal Resolve(const std::string& source, const Line& line) const {
-    return ReadLiteral(source, line.number(), {sentinels_, in_force_, elsewhere_});
+  Literal Resolve(const std::string& source, const Line& line) {
+    return ReadLiteral(source, line.number(), {names_, in_force_, elsewhere_, &used_});
   }
 
   std::vector<std::string_view> lines_;
   std::size_t next_ = 0;
-  const Sentinels& sentinels_;
+  Names names_;
+  std::set<std::string> used_;
   std::string default_namespace_;
   std::set<std::string> elsewhere_;
   std::set<std::string> in_force_;
@@ -278,32 +311,39 @@ class Reader {
 
 }  // namespace
 
-Sentinels ReadSentinels(std::string_view source) {
-  Sentinels sentinels;
+Names ReadSentinels(std::string_view source, std::set<std::string>* used) {
+  Names names;
   std::size_t number = 0;
   for (const std::string_view text : SplitLines(source)) {
     Line line(text, ++number);
     if (line.empty()) continue;
-    if (!line.Take("sentinel")) line.End();
-    Sentinel sentinel;
-    sentinel.name = Name(line, "sentinel without a name");
-    const std::string& literal = line.Expect(Word::Kind::Delimited, "sentinel without its literal");
-    if (literal.empty()) line.Fail("empty sentinel");
-    sentinel.text = Fill(ReadLiteral(literal, number, {{}, {}, {}}), {});
-    sentinel.meaning = line.Expect(Word::Kind::Quoted, "sentinel without its meaning");
-    line.End();
-    for (const Sentinel& other : sentinels) {
-      if (other.name == sentinel.name) line.Fail("duplicate sentinel: " + sentinel.name);
-      if (other.text == sentinel.text) line.Fail("the same literal as sentinel " + other.name);
-    }
-    sentinels.push_back(std::move(sentinel));
+    const bool is_literal = line.Take("let");
+    if (!is_literal && !line.Take("sentinel")) line.End();
+    ReadNamed(is_literal ? Named::Kind::Literal : Named::Kind::Sentinel, line, names, used);
   }
-  return sentinels;
+  return names;
 }
 
-std::vector<ChainSource> ReadRules(std::string_view source, const Sentinels& sentinels,
-                                   const std::string& default_namespace) {
-  return Reader(source, sentinels, default_namespace).Read();
+std::vector<ChainSource> ReadRules(std::string_view source, const Names& shared,
+                                   const std::string& default_namespace, std::set<std::string>* used) {
+  Reader reader(source, shared, default_namespace);
+  std::vector<ChainSource> chains = reader.Read();
+  CheckAllUsed({reader.names().begin() + static_cast<std::ptrdiff_t>(shared.size()), reader.names().end()},
+               reader.used());
+  if (used != nullptr) used->insert(reader.used().begin(), reader.used().end());
+  return chains;
+}
+
+void CheckAllUsed(const Names& shared, const std::set<std::string>& used) {
+  for (const Named& named : shared) {
+    if (named.kind == Named::Kind::Literal && !used.contains(named.name)) {
+      throw Malformed(named.line, "unused name: " + named.name);
+    }
+  }
+}
+
+std::vector<Family> ReadFamilies(Line& line, const Names& names) {
+  return Reader("", names, "").Families(line);
 }
 
 }  // namespace quillary::rulec

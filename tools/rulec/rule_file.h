@@ -4,11 +4,13 @@
 
 #include <cstddef>
 #include <map>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "text/encodings.h"
 #include "text/text.h"
 
 namespace quillary::rulec {
@@ -23,12 +25,17 @@ class Malformed : public std::runtime_error {
   std::size_t line_;
 };
 
-struct Sentinel {
+/// A text that literals may write as ‹name›: a sentinel, which C++ code knows
+/// too, or a text that stands so often in rules that it was given a name.
+struct Named {
+  enum class Kind { Sentinel, Literal };
+  Kind kind = Kind::Sentinel;
   std::string name;
   Text text;
   std::string meaning;
+  std::size_t line = 0;
 };
-using Sentinels = std::vector<Sentinel>;
+using Names = std::vector<Named>;
 
 /// A literal is a row of texts and placeholders.
 struct Piece {
@@ -52,6 +59,9 @@ struct Asked {
   std::uint32_t units = 0;
 };
 
+/// What a scan does with the state of its chain.
+enum class StateUse { None, Reads, Changes };
+
 struct Node {
   enum class Kind { Rule, When, For, Scan };
   Kind kind = Kind::Rule;
@@ -63,7 +73,8 @@ struct Node {
   std::vector<Family> families;   // of a rule or a for block, the first outermost
   std::vector<Asked> conditions;  // of a guard
   std::string scan;
-  std::vector<Node> body;  // of a guard or a for block
+  StateUse state_use = StateUse::None;  // of a scan
+  std::vector<Node> body;               // of a guard or a for block
 };
 
 struct StageSource {
@@ -75,16 +86,27 @@ struct StageSource {
 struct ChainSource {
   std::string name;
   std::string scan_namespace;
+  std::string state;  // the type of the state that its scans use, empty if none does
   Compare mode = Compare::Binary;
   std::vector<StageSource> stages;
 };
 
-/// Throws Malformed.
-Sentinels ReadSentinels(std::string_view source);
-std::vector<ChainSource> ReadRules(std::string_view source, const Sentinels& sentinels,
-                                   const std::string& default_namespace);
+/// The names that all rule files share, "sentinels.rules"; adds those that it
+/// uses itself to `used`, unless that is null. Throws Malformed.
+Names ReadSentinels(std::string_view source, std::set<std::string>* used = nullptr);
 
-Text FromUtf8(std::string_view bytes);
-std::string ToUtf8(TextView text);
+/// Adds the shared names that the file uses to `used`, unless that is null.
+/// Throws Malformed.
+std::vector<ChainSource> ReadRules(std::string_view source, const Names& shared,
+                                   const std::string& default_namespace,
+                                   std::set<std::string>* used = nullptr);
+
+/// Throws Malformed for a shared literal that no rule file uses. A sentinel
+/// may be used by code alone.
+void CheckAllUsed(const Names& shared, const std::set<std::string>& used);
+
+class Line;
+/// The families after a "for" that stands outside a rule file.
+std::vector<Family> ReadFamilies(Line& line, const Names& names);
 
 }  // namespace quillary::rulec

@@ -1,6 +1,5 @@
 #include "rtf_to_html/document_tables/colour_table.h"
 
-#include "apartment/flags.h"
 #include "rtf_to_html/document_tables/colour_table.rules.h"
 #include "rules/run.h"
 
@@ -62,8 +61,9 @@ void ReplaceSystemColour(Text& colour) {
 }
 
 void ReplaceNamedColour(Text& colour) {
+  const Text folded = ToLower(colour);
   for (const KnownColour& known : kNamedColours) {
-    if (Folded(colour, known.from)) {
+    if (folded == known.from) {
       colour = known.to;
       return;
     }

@@ -1,6 +1,5 @@
 #include "rtf_to_html/document_tables/font_table.h"
 
-#include "apartment/flags.h"
 #include "rtf_to_html/document_tables/font_table.rules.h"
 #include "rules/run.h"
 
@@ -112,7 +111,7 @@ void ReadCharset(RtfToHtmlState& state, const Text& table, const EntryWalk& entr
     return;
   }
   state.FontCharsets.Set(font, ToInteger16(charset));
-  if (state.FontCharsets[font] > 2) state.ForeignCharsets = u"yes";
+  if (state.FontCharsets[font] > 2) state.ForeignCharsets = true;
 }
 
 // Far Eastern names come as escapes.
@@ -131,7 +130,7 @@ void MendCyrillicName(RtfToHtmlState& state, const Text& table, Text& name, std:
   for (const std::int32_t charset : {255, 204, 238, 161, 162, 186, 177, 178, 128, 129, 134, 136}) {
     if (!Holds(table, u"\\fcharset" + Decimal(charset), Compare::IgnoreCase)) continue;
     found = static_cast<std::int16_t>(charset);
-    state.ForeignCharsets = u"yes";
+    state.ForeignCharsets = true;
     break;
   }
   state.FontCharsets.Set(font, found);
@@ -158,10 +157,9 @@ void ReadLongForm(RtfToHtmlState& state, const Text& table) {
 }  // namespace
 
 void FillSizeTable(RtfToHtmlState& state) {
-  const bool keep_points = TrimmedFolded(state.UseSpanTags, u"yes");
   state.SizeTable.Size(kLargestPointSize + 5);
   for (std::int32_t points = 1; points <= kLargestPointSize; ++points) {
-    state.SizeTable.Set(points, keep_points ? Decimal(points) : Text(HtmlSizeOfPoints(points)));
+    state.SizeTable.Set(points, state.options.spans ? Decimal(points) : Text(HtmlSizeOfPoints(points)));
   }
 }
 

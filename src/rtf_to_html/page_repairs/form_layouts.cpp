@@ -1,10 +1,6 @@
 #include "rtf_to_html/page_repairs/form_layouts.h"
 
-#include <utility>
-
-#include "apartment/apartment.h"
 #include "rtf_to_html/page_repairs/form_layouts.rules.h"
-#include "rules/rewriting.h"
 #include "rules/run.h"
 
 namespace quillary::modQuillary {
@@ -24,14 +20,13 @@ bool IsMailForm(TextView page) { return Holds(page, mail_fonts, Compare::IgnoreC
 bool IsCalendarForm(TextView page) { return Holds(page, calendar_title, Compare::IgnoreCase); }
 bool IsMemoForm(TextView page) { return Holds(page, memo_head, Compare::IgnoreCase); }
 
-Text MailFormLayout(Text page, Apartment* apartment) {
-  return rules::RunOver(chains::MailFormLayout, std::move(page), apartment);
-}
-Text CalendarFormLayout(Text page, Apartment* apartment) {
-  return rules::RunOver(chains::CalendarFormLayout, std::move(page), apartment);
-}
-Text MemoFormLayout(Text page, Apartment* apartment) {
-  return rules::RunOver(chains::MemoFormLayout, std::move(page), apartment);
+void LayOutForms(rules::Rewriting& page) {
+  if (IsMailForm(page.text())) rules::Run(chains::MailFormLayout, page);
+  if (IsCalendarForm(page.text())) rules::Run(chains::CalendarFormLayout, page);
+  if (IsMemoForm(page.text())) rules::Run(chains::MemoFormLayout, page);
+  // Documents of one house name a font which pages do not have.
+  if (!page.Holds(u"ADMISSION HISTORY AND PHYSICAL:", Compare::IgnoreCase)) return;
+  page.Replace(u"font FACE=\"MS Sans Serif\"", u"font FACE=\"Arial\"", Compare::IgnoreCase, 1);
 }
 
 }  // namespace quillary::modQuillary

@@ -1,12 +1,8 @@
-// Fixed table layouts for pages that come out of a mail program: which pages
-// they are for, and the layouts.
+// Fixed table layouts for pages that come out of a mail program.
 #pragma once
 
+#include "rules/rewriting.h"
 #include "text/text.h"
-
-namespace quillary {
-struct Apartment;
-}
 
 namespace quillary::modQuillary {
 
@@ -14,9 +10,8 @@ bool IsMailForm(TextView page);
 bool IsCalendarForm(TextView page);
 bool IsMemoForm(TextView page);
 
-/// The apartment, if there is one, notes the rules that fire.
-Text MailFormLayout(Text page, Apartment* apartment = nullptr);
-Text CalendarFormLayout(Text page, Apartment* apartment = nullptr);
-Text MemoFormLayout(Text page, Apartment* apartment = nullptr);
+/// Lays mail, calendar and memo forms out as the forms they were, and gives
+/// the transfer sheets of one house the face that they ask for.
+void LayOutForms(rules::Rewriting& page);
 
 }  // namespace quillary::modQuillary

@@ -166,16 +166,16 @@ BlockWalk BalanceTableBlocks(rules::Rewriting& page, const BlockRoutine& balance
     position = blocks.ClosingOffset();
     if (balanced == *block) continue;
     blocks.ReplaceFirstEqual(balanced);
-    if (blocks.size() > page.apartment().working_limit) throw LimitReached(LimitReached::Limit::Growth);
+    if (blocks.size() > page.limit()) throw LimitReached(LimitReached::Limit::Growth);
     changed = true;
   }
   if (changed) page.Assign(blocks.Page());
   return result;
 }
 
-BlockWalk BalanceTableBlocks(rules::Rewriting& page) {
+BlockWalk BalanceTableBlocks(rules::Rewriting& page, Apartment& apartment) {
   return BalanceTableBlocks(
-      page, [&](TextView block) { return modTable::BalanceCellFormatting(page.apartment(), block); });
+      page, [&](TextView block) { return modTable::BalanceCellFormatting(apartment, block); });
 }
 
 }  // namespace quillary::modQuillary

@@ -39,38 +39,23 @@ void OpenFirstCellWidth(rules::Rewriting& page) {
   if (number.size() == 4 && IsNumeric(number)) page.Replace(width, u"", Compare::Binary, 2);
 }
 
-void RepairTableHeads(rules::Rewriting& page) { rules::Run(chains::RepairTableHeads, page); }
-
 void SupplyTableHead(rules::Rewriting& page, TextView colour) {
   if (!page.Holds(u"</table>", Compare::IgnoreCase) || page.Holds(u"<table", Compare::IgnoreCase)) return;
   const Text body = BodyTagOf(colour);
   page.Replace(body, body + Text(table_head), Compare::IgnoreCase, 1);
 }
 
-void RepairRowShapes(rules::Rewriting& page) { rules::Run(chains::RepairRowShapes, page); }
-
-void DropBorderSpacing(rules::Rewriting& page) { rules::Run(chains::DropBorderSpacing, page); }
-
-void RepairRowStarts(rules::Rewriting& page) { rules::Run(chains::RepairRowStarts, page); }
-
 void RunTableRepair(rules::Rewriting& text) {
   Attempt([&] {
-    text.Assign(RepairHTMLTable::RepairTables(text.text(), RepairHTMLTable::kFillEmptyCells,
-                                              text.apartment().working_limit));
+    text.Assign(RepairHTMLTable::RepairTables(text.text(), RepairHTMLTable::kFillEmptyCells, text.limit()));
   });
 }
-
-void DropCellMarks(rules::Rewriting& page) { rules::Run(chains::DropCellMarks, page); }
 
 void DropEmptyLastCells(rules::Rewriting& page) {
   const std::int32_t joints =
       CountOccurrences(page.text(), u"></font></TD></tr><tr><TD>", Compare::IgnoreCase);
   if (joints > 4) rules::Run(chains::EmptyLastCells, page);
 }
-
-void MendLowQuotes(rules::Rewriting& page) { rules::Run(chains::MendLowQuotes, page); }
-
-void DropCellWidths(rules::Rewriting& page) { rules::Run(chains::DropCellWidths, page); }
 
 void DropFirstCellWidth(rules::Rewriting& page) {
   constexpr TextView row_width = u"<tr><td>\\cellx";

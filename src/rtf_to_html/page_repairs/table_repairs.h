@@ -1,5 +1,6 @@
-// Repairs of the tables of an assembled page, in running order. None of them
-// parses: each knows the exact shapes that the assembly is known to leave.
+// Repairs of the tables of an assembled page that are more than a chain of
+// rules, in running order. None of them parses: each knows the exact shapes
+// that the assembly is known to leave.
 #pragma once
 
 #include <functional>
@@ -14,27 +15,11 @@ namespace quillary::modQuillary {
 /// one before a font end goes.
 void OpenFirstCellWidth(rules::Rewriting& page);
 
-/// Fonts move in front of a table head; rows that lost their start get it back.
-void RepairTableHeads(rules::Rewriting& page);
-
 /// A page that closes a table which it never opened gets a table head behind
 /// its body tag. `colour` is the one that the body tag was written with.
 void SupplyTableHead(rules::Rewriting& page, TextView colour);
 
-void RepairRowShapes(rules::Rewriting& page);
-
-/// Removes what is left of border spacing words, and mends the joints of rows.
-void DropBorderSpacing(rules::Rewriting& page);
-
-/// Moves row starts in front of the formats before them, and runs the table
-/// repair; a failure of that repair leaves the page as it was before it.
-void RepairRowStarts(rules::Rewriting& page);
-
-void DropCellMarks(rules::Rewriting& page);
-
 void DropEmptyLastCells(rules::Rewriting& page);
-void MendLowQuotes(rules::Rewriting& page);
-void DropCellWidths(rules::Rewriting& page);
 
 /// Looks at the first row only that begins with a cell width of four digits,
 /// and not at one at the very beginning of the page.
@@ -49,10 +34,10 @@ using BlockRoutine = std::function<Text(TextView block)>;
 
 /// Rewrites the tables block by block, a block being the text from a "<table"
 /// to the nearest "</table>". What came before the block that failed stays
-/// rewritten.
+/// rewritten. Throws LimitReached for a page above its limit.
 BlockWalk BalanceTableBlocks(rules::Rewriting& page, const BlockRoutine& balance);
 
 /// The same with the balance of cell formats.
-BlockWalk BalanceTableBlocks(rules::Rewriting& page);
+BlockWalk BalanceTableBlocks(rules::Rewriting& page, Apartment& apartment);
 
 }  // namespace quillary::modQuillary

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <memory>
 
-#include "apartment/flags.h"
 #include "rules/sentinels.h"
 #include "text/search.h"
 
@@ -105,8 +104,6 @@ void StripObjects(Text& text, int count) {
   cutter.Finish();
 }
 
-bool IsPng(const RtfToHtmlState& state) { return TrimmedFolded(state.ImageFormat, u"png"); }
-
 void WritePictures(Apartment& apartment, const Text& text) {
   RtfToHtmlState& state = apartment.rtf_to_html;
   state.ImageFolder += u'\\';
@@ -116,7 +113,8 @@ void WritePictures(Apartment& apartment, const Text& text) {
   if (!extractor) throw Failure(Failure::Kind::Raised);
   std::erase_if(state.ImageName, [](char16_t unit) { return unit == u'\\' || unit == u'/'; });
   if (TrimView(state.ImageName).empty()) state.ImageName = u"object";
-  extractor->Parse(text, state.ImageFolder + state.ImageName, 0, IsPng(state) ? 2 : 1, 100, 1, u"Quillary");
+  extractor->Parse(text, state.ImageFolder + state.ImageName, 0, state.options.png_images ? 2 : 1, 100, 1,
+                   u"Quillary");
 }
 
 // Folder and name as they stand between the markers, without the number.
@@ -133,7 +131,7 @@ void MarkPictures(Apartment& apartment, Text& text) {
   RtfToHtmlState& state = apartment.rtf_to_html;
   if (!Holds(text, kPicture)) return;
   const Text path = MarkedPath(state);
-  const TextView ending = IsPng(state) ? u".png" : u".jpeg";
+  const TextView ending = state.options.png_images ? u".png" : u".jpeg";
   const TextView source(text);
   const Finder opening(kPicture, Compare::Binary);
   const Finder closing(u"}", Compare::Binary);
@@ -162,7 +160,7 @@ void MarkPictures(Apartment& apartment, Text& text) {
 
 void UnwrapObjects(RtfToHtmlState& state, Text& text) {
   if (!Holds(text, kObject)) return;
-  if (Holds(text, u"{\\*\\objclass Equation")) state.EquationSeen = u"yes";
+  if (Holds(text, u"{\\*\\objclass Equation")) state.EquationSeen = true;
   const TextView source(text);
   const Finder object(kObject, Compare::Binary);
   const Finder mark(sentinels::picture_start, Compare::Binary);
@@ -184,8 +182,8 @@ void UnwrapObjects(RtfToHtmlState& state, Text& text) {
 
 void ReplacePictures(Apartment& apartment, Text& text) {
   RtfToHtmlState& state = apartment.rtf_to_html;
-  state.EquationSeen = u"no";
-  if (!Folded(state.ConvertImages, u"yes")) {
+  state.EquationSeen = false;
+  if (!state.options.convert_images) {
     int count = 1;
     StripPictures(text, count);
     apartment.stopped_short.pictures = count == kUsedUp;

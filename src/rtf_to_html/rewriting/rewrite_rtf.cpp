@@ -34,7 +34,7 @@ void RemoveMsfteditGenerators(Text& text) {
 
 // Runs the rules that bring the text of all known writers to one dialect.
 void BringToOneDialect(Apartment& apartment, Text& text) {
-  rules::Rewriting rewriting(std::move(text), &apartment);
+  rules::Rewriting rewriting = StartRewriting(apartment, std::move(text));
   try {
     rules::Run(chains::RewriteChainBullets, rewriting);
     rules::Run(chains::RewriteChainHeadings, rewriting);
@@ -50,7 +50,7 @@ void BringToOneDialect(Apartment& apartment, Text& text) {
 
 void RewriteRtf(Apartment& apartment, Text& text) {
   RtfToHtmlState& state = apartment.rtf_to_html;
-  Attempt([&] {
+  AttemptStep(apartment, "RewriteRtf", [&] {
     ReplacePictures(apartment, text);
     if (Holds(text, u"\\caps0 ")) text = ApplyCaps(std::move(text));
     RemoveRichedGenerator(text);
@@ -58,11 +58,11 @@ void RewriteRtf(Apartment& apartment, Text& text) {
     BringToOneDialect(apartment, text);
     CheckGrowth(apartment, text);
     state.SegmentIndex = 0;
-    state.ParagraphOpen = u"no";
-    state.HtmlOut.reserve(state.HtmlOut.size() + text.size() + text.size() / 8);
+    state.ParagraphOpen = false;
+    state.HtmlOut.Edit().reserve(state.HtmlOut.text().size() + text.size() + text.size() / 8);
     SplitSegments(apartment, text, [&](Text& segment) {
       TranslateSegment(apartment, segment);
-      CheckGrowth(apartment, state.HtmlOut);
+      CheckGrowth(apartment, state.HtmlOut.text());
     });
   });
 }

@@ -71,7 +71,7 @@ void SplitSegments(Apartment& apartment, TextView text, const std::function<void
     carried_font = FontAtEnd(segment);
     // A font that is not stated must not take over a foreign charset.
     constexpr TextView left_to_right = u"plain\\pard\\ltrpar\\ ";
-    if (state.ForeignCharsets == u"yes" && segment.size() > 25 && segment.starts_with(left_to_right)) {
+    if (state.ForeignCharsets && segment.size() > 25 && segment.starts_with(left_to_right)) {
       segment.replace(0, left_to_right.size(), u"plain\\pard\\ltrpar\\f0\\ ");
     }
 

@@ -61,8 +61,8 @@ bool ChangesLanguage(TextView text) { return Holds(text, u"\\lang1055") || Holds
 /// The last step of the stage: what the foreign fonts left goes through the map
 /// of the language.
 void MapBytes(const RtfToHtmlState& state, rules::Rewriting& body, TextView head) {
-  if (state.LanguageMode != u"turkish" && !Holds(head, u"lang1055")) {
-    if (state.LanguageMode == u"greek" || Holds(head, u"lang1032")) {
+  if (state.LanguageMode != LanguageModes::Turkish && !Holds(head, u"lang1055")) {
+    if (state.LanguageMode == LanguageModes::Greek || Holds(head, u"lang1032")) {
       rules::Run(chains::GreekBytes, body);
       return;
     }
@@ -81,19 +81,19 @@ void MapBytes(const RtfToHtmlState& state, rules::Rewriting& body, TextView head
 Text DecodeHexEscapes(Apartment& apartment, TextView text, const EscapeHead& head) {
   const RtfToHtmlState& state = apartment.rtf_to_html;
   Text decoded(text);
-  if (state.LanguageMode == u"turkish" || head.turkish) {
+  if (state.LanguageMode == LanguageModes::Turkish || head.turkish) {
     RunMap(chains::TurkishBytes, decoded);
-  } else if (state.LanguageMode == u"greek" || head.greek) {
+  } else if (state.LanguageMode == LanguageModes::Greek || head.greek) {
     RunMap(chains::GreekBytes, decoded);
   } else if (ChangesLanguage(decoded)) {
     RunMap(chains::TurkishBytes, decoded);
   } else {
     if (Holds(decoded, u"\\lang")) {
-      rules::Rewriting rewriting(std::move(decoded), &apartment);
+      rules::Rewriting rewriting = StartRewriting(apartment, std::move(decoded));
       rules::Run(chains::RemoveWesternLanguages, rewriting);
       decoded = rewriting.Take();
     }
-    if (state.ForeignCharsets != u"yes") return decoded;
+    if (!state.ForeignCharsets) return decoded;
     const int code_page = head.font ? CodePageOfCharset(CharsetOfFont(state, *head.font)) : 0;
     decoded = code_page == 0 ? MapWesternBytes(decoded) : NewDecoder(apartment)->ToString(code_page, decoded);
   }
@@ -118,10 +118,10 @@ void SegmentHexEscapes(Apartment& apartment, Text& body, TextView head) {
   // Without an escape only the maps have work to do: they take language words.
   const bool escapes = Holds(body, kEscape);
   if (!escapes && !Holds(body, u"\\lang")) return;
-  rules::Rewriting rewriting(std::move(body), &apartment);
+  rules::Rewriting rewriting = StartRewriting(apartment, std::move(body));
   if (escapes) {
     rules::Run(chains::HideEscapedEscapes, rewriting);
-    if (state.ForeignCharsets == u"yes" && rewriting.Holds(kEscape, Compare::Binary)) {
+    if (state.ForeignCharsets && rewriting.Holds(kEscape, Compare::Binary)) {
       rules::Run(chains::OpenForeignRuns, rewriting);
       Text runs = rewriting.Take();
       DecodeForeignRuns(apartment, runs, ReadEscapeHead(state, head));

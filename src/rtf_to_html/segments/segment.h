@@ -40,7 +40,7 @@ void RemoveBraceGroups(const RtfToHtmlState& state, Text& body);
 
 /// Replaces the control words that stand in running text. From here to the
 /// output the body is a text under rewriting, so that one index serves all.
-void ReplaceBodyWords(rules::Rewriting& body, TextView head);
+void ReplaceBodyWords(RtfToHtmlState& state, rules::Rewriting& body, TextView head);
 
 /// Reads the control words of the head into opening, closing and attributes.
 void ReadHeadWords(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body);
@@ -65,8 +65,6 @@ void ReplaceTableWords(rules::Rewriting& body);
 void WriteSegment(Apartment& apartment, Segment& segment, Text body);
 
 /// Whether the page is a fragment without font faces and sizes.
-inline bool WithoutFonts(const RtfToHtmlState& state) {
-  return state.BodyOnly == u"yes" && state.BodyOnlyFonts != u"yes";
-}
+inline bool WithoutFonts(const RtfToHtmlState& state) { return state.BodyOnly && !state.BodyOnlyFonts; }
 
 }  // namespace quillary::modQuillary

@@ -68,10 +68,10 @@ void RemoveLanguageWords(rules::Rewriting& text) {
 }
 
 /// The automatic colour counts as a colour that was asked for.
-void MakeColourExplicit(rules::Rewriting& text) { text.apartment().rtf_to_html.ColourExplicit = u"yes"; }
+void MakeColourExplicit(rules::Rewriting&, RtfToHtmlState& state) { state.ColourExplicit = true; }
 
-void ReplaceBodyWords(rules::Rewriting& body, TextView head) {
-  rules::Run(chains::SegmentWords, body);
+void ReplaceBodyWords(RtfToHtmlState& state, rules::Rewriting& body, TextView head) {
+  rules::Run(chains::SegmentWords, body, state);
   const bool tab_stops = Holds(head, u"\\tx", ignore_case);
   rules::RunStage(chains::SegmentTabs,
                   tab_stops ? chains::SegmentTabs_stages::tab_stops : chains::SegmentTabs_stages::plain_tabs,

@@ -116,7 +116,7 @@ class GroupRemoval {
 
 void RemoveBraceGroups(const RtfToHtmlState& state, Text& body) {
   if (body.find(u"{\\") == Text::npos) return;
-  body = GroupRemoval(body, state.ForeignCharsets == u"yes").Run();
+  body = GroupRemoval(body, state.ForeignCharsets).Run();
 }
 
 }  // namespace quillary::modQuillary

@@ -61,7 +61,7 @@ void RemovePictureAndObjects(Text& segment) {
 
 void RepairSegment(Apartment& apartment, Text& segment) {
   MarkRightAlignedPicture(segment);
-  rules::Rewriting text(std::move(segment), &apartment);
+  rules::Rewriting text = StartRewriting(apartment, std::move(segment));
   rules::Run(chains::SegmentEntryRepairs, text);
   segment = text.Take();
   RemoveLineBreakingGroups(segment);
@@ -80,7 +80,7 @@ void TakeSplit(Segment& segment, TextView text) {
 
 // The escapes of a document with foreign fonts must lie in the body.
 void SeparateFirstEscape(const RtfToHtmlState& state, Segment& segment) {
-  if (state.ForeignCharsets != u"yes") return;
+  if (!state.ForeignCharsets) return;
   const std::size_t escape = segment.segment.find(u"\\'");
   if (escape == Text::npos || segment.segment.find(u' ') < escape) return;
   segment.segment.insert(escape, 1, u' ');
@@ -92,7 +92,7 @@ enum class Cut : std::uint8_t { Dropped, HeadIsAll, BehindRepairs, AtOnce };
 
 // The start of a document body without text: all words are head words.
 Cut HeadOfDocumentStart(Apartment& apartment, Segment& segment) {
-  rules::Rewriting text(std::move(segment.segment), &apartment);
+  rules::Rewriting text = StartRewriting(apartment, std::move(segment.segment));
   rules::Run(chains::SegmentDocumentStart, text);
   segment.segment = text.Take();
   TakeSplit(segment, segment.segment);
@@ -118,7 +118,7 @@ Cut SplitWithoutBlank(Apartment& apartment, Segment& segment) {
   }
   segment.head = text;
   if (text.find(u"<br>") == Text::npos) return Cut::HeadIsAll;
-  rules::Rewriting head(std::move(segment.head), &apartment);
+  rules::Rewriting head = StartRewriting(apartment, std::move(segment.head));
   rules::Run(chains::SegmentHeadBreaks, head);
   segment.head = head.Take();
   TakeSplit(segment, segment.head);
@@ -225,10 +225,10 @@ bool CutSegment(RtfToHtmlState& state, Segment& segment, Cut cut) {
 }  // namespace
 
 void CloseCentre(RtfToHtmlState& state, TextView segment) {
-  if (state.CentreOpen != u"yes") return;
+  if (!state.CentreOpen) return;
   if (segment.find(u"\\pard\\") == TextView::npos && segment.find(u"\\pard{") == TextView::npos) return;
-  state.HtmlOut += u"</CENTER>";
-  state.CentreOpen = u"no";
+  state.HtmlOut.Edit() += u"</CENTER>";
+  state.CentreOpen = false;
 }
 
 Road EnterSegment(Apartment& apartment, Segment& segment) {

@@ -135,7 +135,7 @@ class FontWords {
     const std::int32_t number = WholeNumber(digits);
     const Text* colour = EntryAt(state_.ColourTable, number);
     if (colour != nullptr) tag_ = u"<font COLOR=\"" + *colour + u"\">";
-    state_.ColourExplicit = u"yes";
+    state_.ColourExplicit = true;
     if (!IsSettled(number)) Settle(number, ReplaceForms(u"\\cf" + Decimal(number)));
     if (colour != nullptr) state_.CurrentColour = *colour;
     segment_.hadFontWord = true;

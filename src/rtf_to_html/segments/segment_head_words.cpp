@@ -178,14 +178,14 @@ class HeadReader {
       if (state_.LongSegments < 2 && !bold_ends_) segment_.closing += u"<b>";
     } else if (word == u"qr") {
       segment_.opening += u"<p align=\"right\">";
-      state_.ParagraphOpen = u"yes";
+      state_.ParagraphOpen = true;
     } else if (word == u"qc") {
       segment_.opening += u"<CENTER>";
-      state_.ColourExplicit = u"no";
-      state_.CentreOpen = u"yes";
+      state_.ColourExplicit = false;
+      state_.CentreOpen = true;
       if (group_follows_) {
         segment_.closing += u"</CENTER>";
-        state_.CentreOpen = u"no";
+        state_.CentreOpen = false;
       }
     } else {
       return false;
@@ -223,7 +223,7 @@ class HeadReader {
 
   void SetFirstIndent(std::int32_t twips) {
     Append(segment_.opening, blank_entity, BlanksFor(indent_bands, twips));
-    state_.IndentOpen = u"yes";
+    state_.IndentOpen = true;
   }
 
   void ReadColour(TextView word) {
@@ -238,7 +238,7 @@ class HeadReader {
       }
       state_.CurrentColour = colour;
     }
-    state_.ColourExplicit = u"yes";
+    state_.ColourExplicit = true;
   }
 
   void ReadHighlight(TextView word) {
@@ -251,9 +251,9 @@ class HeadReader {
   }
 
   void ReadLanguage(TextView word) {
-    if (word == u"lang1032") state_.LanguageMode = u"greek";
-    if (word == u"lang1055") state_.LanguageMode = u"turkish";
-    if (word == u"lang1033") state_.LanguageMode = u"english";
+    if (word == u"lang1032") state_.LanguageMode = LanguageModes::Greek;
+    if (word == u"lang1055") state_.LanguageMode = LanguageModes::Turkish;
+    if (word == u"lang1033") state_.LanguageMode = LanguageModes::English;
   }
 
   void ReadLeftIndent(TextView word) {
@@ -265,7 +265,7 @@ class HeadReader {
       segment_.opening += state_.PendingIndent;
       state_.PendingIndent.clear();
     }
-    state_.IndentOpen = u"yes";
+    state_.IndentOpen = true;
   }
 
   void ReadUnicode(TextView word) {
@@ -334,19 +334,19 @@ void CountControlSegment(RtfToHtmlState& state, TextView head) {
 }
 
 void CloseIndent(RtfToHtmlState& state, Segment& segment) {
-  if (state.IndentOpen != u"yes") return;
+  if (!state.IndentOpen) return;
   const TextView head = segment.head;
   if (head.find(u"plain\\pard\\") == TextView::npos || head.find(u"\\li") != TextView::npos) return;
   segment.opening += u"</ul></ul></ul></ul>";
-  state.IndentOpen = u"no";
+  state.IndentOpen = false;
 }
 
 void CloseRightParagraph(RtfToHtmlState& state, Segment& segment) {
-  if (state.ParagraphOpen != u"yes") return;
+  if (!state.ParagraphOpen) return;
   const TextView head = segment.head;
   if (head.find(u"\\pard\\") == TextView::npos || head.find(u"qr") != TextView::npos) return;
   segment.opening.insert(0, u"</p>");
-  state.ParagraphOpen = u"no";
+  state.ParagraphOpen = false;
 }
 
 // A segment that names no font, size or colour gets the running ones.
@@ -358,8 +358,7 @@ void AddRunningValues(RtfToHtmlState& state, Text& attributes) {
   add(u"FACE=", state.CurrentFace);
   add(u"SIZE=", state.CurrentSize);
   // Blue and red words do not run on into the paragraph behind them.
-  if (state.ColourExplicit != u"no" &&
-      (state.CurrentColour == u"#0000ff" || state.CurrentColour == u"#ff0000")) {
+  if (state.ColourExplicit && (state.CurrentColour == u"#0000ff" || state.CurrentColour == u"#ff0000")) {
     state.CurrentColour = u"#000000";
   }
   add(u"COLOR=", state.CurrentColour);

@@ -80,7 +80,7 @@ bool MoveListItem(const RtfToHtmlState& state, Text& body) {
     if (body.find(in_place) != Text::npos) return false;
   }
   body.erase(item, 4);
-  const TextView page = state.HtmlOut;
+  const TextView page = state.HtmlOut.text();
   const TextView end = page.substr(page.size() - std::min(page.size(), body_tag_reach));
   return end.find(u"<BODY BGCOLOR=") == TextView::npos;
 }
@@ -106,7 +106,7 @@ void WriteRun(RtfToHtmlState& state, const Segment& segment, Text& body) {
     if (item_in_front) front.append(u"<li>");
     end = u"</font>";
   }
-  AppendRun(state.HtmlOut, front.append(state.CarriedIndent), body, end.append(segment.closing));
+  AppendRun(state.HtmlOut.Edit(), front.append(state.CarriedIndent), body, end.append(segment.closing));
 }
 
 // Where the last `name` of the page begins. What was searched before is not
@@ -123,7 +123,7 @@ std::size_t LastOnPage(TextView page, TextView name, WrittenAttribute& known) {
 // The running values are those that were written last, be it by a word of the
 // head or of the body. What was never written stays as it is.
 void TakeRunningValues(RtfToHtmlState& state) {
-  const TextView page = state.HtmlOut;
+  const TextView page = state.HtmlOut.text();
   constexpr TextView colour = u" COLOR=";
   constexpr TextView size = u" SIZE=";
   constexpr TextView face = u" FACE=";
@@ -150,7 +150,7 @@ void WriteSegment(Apartment& apartment, Segment& segment, Text body) {
   RtfToHtmlState& state = apartment.rtf_to_html;
   FinishBody(state, body, segment.opening);
   WriteRun(state, segment, body);
-  if (state.HtmlOut.size() > apartment.working_limit) throw LimitReached(LimitReached::Limit::Growth);
+  CheckGrowth(apartment, state.HtmlOut.text());
   if (segment.hadFontWord) TakeRunningValues(state);
   state.CarriedIndent = std::move(state.PendingIndent);
   state.PendingIndent.clear();

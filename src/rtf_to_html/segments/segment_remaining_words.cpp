@@ -22,7 +22,7 @@ void ReplaceAlignment(RtfToHtmlState& state, rules::Rewriting& body, Text& closi
   if (ReplaceOnlyWord(body, u"\\qc", u"<center>")) {
     body.Assign(body.text() + u"</center>");
     closing += u"</CENTER>";
-    state.CentreOpen = u"no";
+    state.CentreOpen = false;
   }
   if (ReplaceOnlyWord(body, u"\\qr", u"<p align=\"right\">")) closing += u"</p>";
   rules::RunStage(chains::SegmentAlignment, chains::SegmentAlignment_stages::escaped_words_back, body);

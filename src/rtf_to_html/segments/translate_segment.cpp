@@ -14,8 +14,8 @@ void TranslateSegment(Apartment& apartment, Text& text) {
   const Road road = EnterSegment(apartment, segment);
   if (road == Road::Dropped) return;
   if (road == Road::Body) SegmentHexEscapes(apartment, segment.body, segment.head);
-  rules::Rewriting body(std::move(segment.body), &apartment);
-  if (road == Road::Body) ReplaceBodyWords(body, segment.head);
+  rules::Rewriting body = StartRewriting(apartment, std::move(segment.body));
+  if (road == Road::Body) ReplaceBodyWords(state, body, segment.head);
   ReadHeadWords(state, segment, body);
   ReplaceRemainingWords(state, segment, body);
   WriteSegment(apartment, segment, body.Take());

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <random>
 
-#include "html_finishing/late_finish.h"
+#include "html_finishing/late_finish.rules.h"
 #include "platform/html_cleaner/inline_order.h"
 
 namespace quillary::platform {
@@ -31,7 +31,7 @@ TEST(HtmlCleaner, WritesTheDocumentTypeOfCleanedPages) {
   EXPECT_FALSE(Holds(MakeHtmlCleaner()->TidyDLL_ParseHTML(Page(u"x")), u"<!DOCTYPE"));
   // The end tags as the driver writes them, once the line ends are whole.
   Text page = Clean(u"x");
-  html_finishing::LateFinish(page);
+  page = rules::RunOver(chains::LateFinish, page);
   EXPECT_TRUE(page.ends_with(u"x\r\n</body>\r\n</html>\r\n"));
 }
 
@@ -68,7 +68,7 @@ TEST(HtmlCleaner, GivesTheShapesThatTheLastPassJoins) {
        {u"\n      ", u"=\r\n\"", u"\"\ncolor=", u"\"\nsrc=", u"<br />", u"<li style=\"list-style: none\">"}) {
     EXPECT_TRUE(Holds(page, shape)) << Text(shape).size() << "\n" << std::string(page.begin(), page.end());
   }
-  html_finishing::LateFinish(page);
+  page = rules::RunOver(chains::LateFinish, page);
   EXPECT_TRUE(Holds(page,
                     u"<table bordercolorlight=\"#000000\" border=\"1\" bordercolordark=\"#000000\" "
                     u"bordercolor=\"#000000\" cellspacing=\"0\" cellpadding=\"0\">"));
@@ -187,7 +187,7 @@ TEST(HtmlCleaner, WritesWellFormedXhtmlWhateverItGets) {
     for (std::size_t count = random() % 40; count > 0; --count) body += pieces[random() % pieces.size()];
     Text page = Xhtml(body);
     ASSERT_EQ(WhyNotWellFormed(page), "") << std::string(page.begin(), page.end());
-    html_finishing::LateFinish(page);
+    page = rules::RunOver(chains::LateFinish, page);
     ASSERT_EQ(WhyNotWellFormed(page), "") << std::string(page.begin(), page.end());
   }
 }

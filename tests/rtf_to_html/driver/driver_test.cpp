@@ -36,9 +36,10 @@ TEST(Driver, ShowsThePageBehindEachStep) {
   apartment.services = ControlOnly();
   std::vector<std::string> steps;
   std::vector<Text> pages;
-  apartment.trace = [&](std::string_view step, TextView page) {
+  apartment.trace = [&](std::string_view step, TextView page, std::string_view failure) {
     steps.emplace_back(step);
     pages.emplace_back(page);
+    EXPECT_EQ(failure, "") << step;
   };
   Properties properties = NewProperties();
   properties.ConvertImages = u"no";
@@ -53,6 +54,28 @@ TEST(Driver, ShowsThePageBehindEachStep) {
   EXPECT_FALSE(Holds(pages[static_cast<std::size_t>(place("WriteBodyTag"))], u"Okafor"));
   EXPECT_TRUE(Holds(pages[static_cast<std::size_t>(place("RewriteRtf"))], u"Okafor"));
   EXPECT_EQ(pages.back(), page);
+  EXPECT_TRUE(apartment.failed_steps.empty());
+}
+
+TEST(Driver, ShowsTheStepThatFails) {
+  Apartment apartment;
+  std::string shown;
+  apartment.trace = [&](std::string_view step, TextView, std::string_view failure) {
+    if (!failure.empty()) shown += std::string(step) + " " + std::string(failure) + ";";
+  };
+  // A picture, and nothing to extract it with.
+  Properties properties = NewProperties(u"{\\rtf1\\plain\\pard x}");
+  properties.CleanRTF = u"nono";
+  properties.ImageFormat = u"png";
+  apartment.services.picture_extractor = nullptr;
+  properties.RTF_Text.insert(properties.RTF_Text.size() - 1, u"{\\pict\\pngblip 00}");
+  component::ConvertRTF(apartment, properties);
+  EXPECT_EQ(shown, "RewriteRtf raised;");
+  ASSERT_EQ(apartment.failed_steps.size(), 1U);
+  // The next conversion starts without failures.
+  properties.RTF_Text = u"{\\rtf1\\plain\\pard x}";
+  component::ConvertRTF(apartment, properties);
+  EXPECT_TRUE(apartment.failed_steps.empty());
 }
 
 Text Repeat(TextView piece, int times) {
@@ -81,7 +104,7 @@ TEST(Driver, ClosesWhatIsOpenButNotTooMuch) {
   for (const Case& each : cases) {
     Apartment apartment;
     Text closed;
-    apartment.trace = [&](std::string_view step, TextView page) {
+    apartment.trace = [&](std::string_view step, TextView page, std::string_view) {
       if (step == "CloseDocument") closed = page;
     };
     Properties properties = NewProperties(u"");

