@@ -74,7 +74,7 @@ class GramTable {
   /// The two fields of a rule or a condition.
   std::string Fields(TextView find) {
     const std::vector<std::uint32_t> hashes = TellingGrams(find);
-    const std::string fields = std::to_string(count_) + ", " + std::to_string(hashes.size());
+    std::string fields = std::to_string(count_) + ", " + std::to_string(hashes.size());
     for (const std::uint32_t hash : hashes) rows_ += "    " + Hash(hash) + ",\n";
     count_ += hashes.size();
     return fields;

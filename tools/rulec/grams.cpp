@@ -124,6 +124,7 @@ std::vector<std::uint32_t> TellingGrams(TextView find) {
     }
   }
   std::vector<std::uint32_t> hashes;
+  hashes.reserve(chosen.size());
   for (const Gram& gram : chosen) hashes.push_back(gram.hash);
   return hashes;
 }

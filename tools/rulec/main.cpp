@@ -38,7 +38,10 @@ std::string ReadFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
+// A file that already holds the content keeps its date, so that nothing that
+// depends on it is built again.
 void WriteFile(const std::string& path, const std::string& content) {
+  if (std::filesystem::exists(path) && ReadFile(path) == content) return;
   std::ofstream out(path, std::ios::binary);
   out << content;
   if (!out) throw BadFile(path + ": cannot be written");

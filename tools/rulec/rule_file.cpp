@@ -42,7 +42,7 @@ std::int32_t Number(const std::string& word, const Line& line) {
 }
 
 std::string Name(Line& line, const std::string& cause) {
-  const std::string name = line.Expect(Word::Kind::Plain, cause);
+  std::string name = line.Expect(Word::Kind::Plain, cause);
   if (!IsName(name)) line.Fail("not a name: " + name);
   return name;
 }
@@ -106,10 +106,10 @@ class Reader {
   // in force is told from a tag.
   void CollectPlaceholders() {
     elsewhere_ = {"n", "m"};
-    for (std::size_t i = 0; i < lines_.size(); ++i) {
-      const std::size_t opening = lines_[i].find("for <");
-      if (opening == std::string_view::npos || lines_[i].starts_with('#')) continue;
-      std::string_view rest = lines_[i].substr(std::max(opening, lines_[i].rfind("⟩") + 1));
+    for (const std::string_view line : lines_) {
+      const std::size_t opening = line.find("for <");
+      if (opening == std::string_view::npos || line.starts_with('#')) continue;
+      const std::string_view rest = line.substr(std::max(opening, line.rfind("⟩") + 1));
       for (std::size_t at = rest.find('<'); at != std::string_view::npos; at = rest.find('<', at + 1)) {
         const std::size_t end = rest.find('>', at);
         const std::string name(rest.substr(at + 1, end == std::string_view::npos ? 0 : end - at - 1));

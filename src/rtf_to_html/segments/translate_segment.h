@@ -6,10 +6,10 @@
 
 namespace quillary::modQuillary {
 
-/// Translates the segment and appends what comes out to HtmlOut. The segment
-/// is changed in place. Never throws Failure: a statement that fails leaves
+/// Translates the text of a segment and appends what comes out to HtmlOut. The
+/// text is changed in place. Never throws Failure: a statement that fails leaves
 /// the texts as they were, and the next one runs.
-void TranslateSegment(Apartment& apartment, Text& segment);
+void TranslateSegment(Apartment& apartment, Text& text);
 
 /// The text with the width words of its cells replaced by sentinels. Stops at the
 /// first width that is no number.

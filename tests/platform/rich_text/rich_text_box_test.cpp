@@ -398,6 +398,11 @@ TEST(RichTextBox, ReadsTables) {
       {"a row without its end", Document(two + "\\intbl a\\cell b\\cell\\pard c\\par"),
        two + "\\pard\\intbl\\f0\\fs24 a\\cell b\\cell\\row\r\n\\pard c"},
       {"a definition without a row", Document(two + "\\pard a\\par b"), "\\pard\\f0\\fs24 a\r\n\\par b"},
+      {"a definition without a row between two rows",
+       Document(two + "\\intbl a\\cell b\\cell\\row" + two +
+                "\\pard c\\par\\intbl d\\cell e\\cell\\row\\pard"),
+       two + "\\pard\\intbl\\f0\\fs24 a\\cell b\\cell\\row\r\n\\pard c\r\n\\par " + two +
+           "\\pard\\intbl d\\cell e\\cell\\row\r\n\\pard "},
       {"lists in cells are text", Document(two + "\\intbl{\\*\\pn\\pnlvlblt\\pnf2}a\\par b\\cell\\row"),
        two + "\\pard\\intbl\\f0\\fs24 \\bullet  a\\line \\bullet  b\\cell\\row\r\n\\pard "},
       {"borders",

@@ -126,7 +126,7 @@ void ListTables::ReadOverrideWord(const Token& token) {
   }
 }
 
-Text ListTables::ComputeLabel(const Levels& levels, const Override& override, std::size_t level) const {
+Text ListTables::ComputeLabel(const Levels& levels, const Override& override, std::size_t level) {
   Text label;
   for (const char16_t unit : levels[level].text) {
     if (unit < kLevels) {

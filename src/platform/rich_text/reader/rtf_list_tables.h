@@ -44,7 +44,7 @@ class ListTables {
     std::array<std::int32_t, kLevels> counters{};  // 0 before the first item
   };
 
-  Text ComputeLabel(const Levels& levels, const Override& override, std::size_t level) const;
+  static Text ComputeLabel(const Levels& levels, const Override& override, std::size_t level);
 
   std::unordered_map<std::int32_t, Levels> lists_;
   std::unordered_map<std::int32_t, Override> overrides_;

@@ -1,0 +1,280 @@
+"""Changes of one line of a rule file.
+
+What is proven to change nothing is not offered: a rule that compares no letters
+in the other mode, neighbours that cannot touch each other's text, a guard whose
+text is a part of every rule behind it.
+"""
+import itertools
+import re
+
+from cpp import changed_unit
+
+LITERAL = re.compile("⟨([^⟩]*)⟩")
+MODE = re.compile(" (binary|ignore-case)")
+CONDITION = re.compile("(not )?⟨([^⟩]*)⟩( binary| ignore-case)?|shorter than (\\d+)")
+RANGE = re.compile(r"> (\d+)( down)? to (\d+)")
+LIST = re.compile(r"(<\w+> in )([^,]*)")
+
+
+def mutation(lines, at, rng):
+    """One random change at that line: what it is and the lines after it, or None."""
+    kinds = CHANGES.get(kind_of(lines[at]), [])
+    for change in rng.sample(kinds, len(kinds)):
+        changed = change(lines, at, rng)
+        if changed:
+            return changed
+    return None
+
+
+def kind_of(line):
+    word = line.split(maxsplit=1)[0] if line.strip() else ""
+    return "rule" if word.startswith("⟨") else word
+
+
+def replaced(lines, at, *with_lines):
+    return lines[:at] + list(with_lines) + lines[at + 1 :]
+
+
+# Rules.
+
+
+def drop(lines, at, rng):
+    return "dropped " + kind_of(lines[at]), replaced(lines, at)
+
+
+def flip_mode(lines, at, rng):
+    """The other mode, for the rule or for one of a guard's conditions."""
+    spots = list(CONDITION.finditer(lines[at])) if kind_of(lines[at]) == "when" else [arrow(lines[at])]
+    spots = [spot for spot in spots if "⟨" in spot[0] and has_letters(lines, spot[0])]
+    if not spots:
+        return None
+    spot = rng.choice(spots)
+    end = spot.start() + spot[0].rindex("⟩") + 1
+    rest = MODE.sub("", lines[at][end:], 1) if MODE.match(lines[at], end) else lines[at][end:]
+    flipped = "binary" if mode_at(lines, at, end) == "ignore-case" else "ignore-case"
+    changed = replaced(lines, at, lines[at][:end] + " " + flipped + rest)
+    return ("compares " + flipped, changed) if not same_guard(lines, changed, at) else None
+
+
+def change_literal(lines, at, rng):
+    """One character of a literal cut, doubled or changed; not of a placeholder or a sentinel."""
+    spots = []
+    for literal in LITERAL.finditer(outside_families(lines[at])):
+        for unit in re.finditer(names(lines) + "|.", literal[1]):
+            if len(unit[0]) == 1:
+                spots.append((literal.start(1) + unit.start(), unit[0]))
+    if not spots:
+        return None
+    place, unit = rng.choice(spots)
+    text = rng.choice(["", unit * 2] + changed_unit(unit) * 2)
+    changed = replaced(lines, at, lines[at][:place] + text + lines[at][place + 1 :])
+    return ("changed literal", changed) if not same_guard(lines, changed, at) else None
+
+
+def change_limit(lines, at, rng):
+    found = re.search(r" first (\d+)", lines[at])
+    if not found:
+        return None
+    k = int(found[1])
+    text = rng.choice(["", f" first {k + 1}"] + [f" first {k - 1}"] * (k > 1))
+    return "changed limit", replaced(lines, at, lines[at][: found.start()] + text + lines[at][found.end() :])
+
+
+def swap(lines, at, rng):
+    """The rule and the one on the next line."""
+    if at + 1 == len(lines) or kind_of(lines[at + 1]) != "rule" or lines[at] == lines[at + 1]:
+        return None
+    if commute(lines, at, at + 1):
+        return None
+    return "swapped rules", lines[:at] + [lines[at + 1], lines[at]] + lines[at + 2 :]
+
+
+def move_bound(lines, at, rng):
+    """One end of a range by one, or one value of a list out."""
+    start = family_start(lines[at])
+    changed = []
+    for found in RANGE.finditer(lines[at], start):
+        for group, by in itertools.product((1, 3), (1, -1)):
+            if int(found[group]) + by >= 0:
+                place, end = found.span(group)
+                changed.append(lines[at][:place] + str(int(found[group]) + by) + lines[at][end:])
+    for found in LIST.finditer(lines[at], start):
+        values = found[2].split()
+        for value in values if len(values) > 1 else []:
+            if values.count(value) == 1:
+                kept = " ".join(other for other in values if other != value)
+                changed.append(lines[at][: found.start(2)] + kept + lines[at][found.end(2) :])
+    return ("moved family bound", replaced(lines, at, rng.choice(changed))) if changed else None
+
+
+# Guards.
+
+
+def change_guard(lines, at, rng):
+    """A condition negated or dropped; the guard with its last one."""
+    conditions = list(CONDITION.finditer(lines[at]))
+    asked = rng.choice(conditions)
+    if asked[4] or rng.random() < 0.5:
+        if asked[4]:
+            text = f"shorter than {int(asked[4]) + rng.choice((1, -1))}"
+        else:
+            text = asked[0].removeprefix("not ") if asked[1] else "not " + asked[0]
+        line = lines[at][: asked.start()] + text + lines[at][asked.end() :]
+        return "negated condition", replaced(lines, at, line)
+    if implied(lines, at, asked):
+        return None
+    if len(conditions) == 1:
+        end = block_end(lines, at)
+        return "dropped guard", lines[:at] + lines[at + 1 : end] + lines[end + 1 :]
+    kept = " and ".join(other[0] for other in conditions if other is not asked)
+    return "dropped condition", replaced(lines, at, re.match(r"\s*when ", lines[at])[0] + kept)
+
+
+def block_end(lines, at):
+    depth = 1
+    while depth > 0:
+        at += 1
+        opens = kind_of(lines[at]) in ("when", "for")
+        depth += 1 if opens else -1 if lines[at].strip() == "end" else 0
+    return at
+
+
+def implied(lines, at, asked):
+    """Whether no rule behind the guard can fire where the condition is not met."""
+    if asked[1] or asked[4]:
+        return False
+    ignoring = mode_at(lines, at, asked.start() + asked[0].index("⟩") + 1) == "ignore-case"
+    for inner in range(at + 1, block_end(lines, at)):
+        if kind_of(lines[inner]) == "scan":
+            return False
+        if kind_of(lines[inner]) != "rule":
+            continue
+        find = LITERAL.search(lines[inner])[1]
+        if not ignoring and mode_at(lines, inner, arrow(lines[inner]).end()) == "ignore-case":
+            return False
+        if (asked[2].lower() not in find.lower()) if ignoring else (asked[2] not in find):
+            return False
+    return True
+
+
+def same_guard(lines, changed, at):
+    """Whether the changed guard lets the same texts be changed as before."""
+    if kind_of(lines[at]) != "when":
+        return False
+    pairs = zip(CONDITION.finditer(lines[at]), CONDITION.finditer(changed[at]))
+    return all(a[0] == b[0] or (implied(lines, at, a) and implied(changed, at, b)) for a, b in pairs)
+
+
+# What rules compare.
+
+
+def arrow(line):
+    """Find, arrow and replacement."""
+    return re.search("⟨[^⟩]*⟩ -> ⟨[^⟩]*⟩", line)
+
+
+def mode_at(lines, at, end):
+    """The mode of what ends there: its own or the chain's."""
+    own = MODE.match(lines[at], end)
+    if own:
+        return own[1]
+    chain = next(line for line in reversed(lines[:at]) if line.startswith("chain "))
+    return "ignore-case" if re.match(r"chain \w+ ignore-case", chain) else "binary"
+
+
+def family_start(line):
+    """Where the families of a line begin, or its end."""
+    found = arrow(line)
+    place = line.find(" for <", found.end() if found else 0)
+    return 0 if line.split(maxsplit=1)[0] == "for" else place if place >= 0 else len(line)
+
+
+def outside_families(line):
+    return line[: family_start(line)]
+
+
+def placeholders(lines):
+    names = set()
+    for line in lines:
+        if kind_of(line) in ("rule", "for"):
+            names.update(re.findall(r"<(\w+)> (?:in|\d)", line[family_start(line) :]))
+    return sorted(names)
+
+
+def names(lines):
+    """What matches a sentinel or a placeholder of that file."""
+    return "|".join(["‹\\w+›"] + [f"<{name}>" for name in placeholders(lines)])
+
+
+def has_letters(lines, text):
+    """Whether the first literal of a text is spelt with letters that have two cases."""
+    found = re.sub(names(lines), "", LITERAL.search(text)[1])
+    return found.upper() != found.lower()
+
+
+def families(lines, at):
+    """The values of every placeholder in force at a rule."""
+    values = {}
+    depth = 0
+    for line in [lines[at]] + lines[at - 1 :: -1]:
+        if line.startswith(("stage ", "chain ")):
+            break
+        if line.strip() == "end":
+            depth += 1
+        elif line is not lines[at] and kind_of(line) in ("when", "for") and depth > 0:
+            depth -= 1
+        elif kind_of(line) == "for" or line is lines[at]:
+            tail = line[family_start(line) :]
+            for name, start, down, stop in re.findall(r"<(\w+)> (\d+)( down)? to (\d+)", tail):
+                values[name] = [str(n) for n in range(min(int(start), int(stop)), max(int(start), int(stop)) + 1)]
+            for name, listed in re.findall(r"<(\w+)> in ([^,]*)", tail):
+                values[name] = [value.strip("⟨⟩") for value in listed.split()]
+    return values
+
+
+def listed_unreachable(lines, at, cases):
+    """Whether the rule stands in an "unreachable" line of its case file."""
+    if kind_of(lines[at]) != "rule":
+        return False
+    place = []
+    for word in ("chain ", "stage "):
+        place.append(next(line for line in reversed(lines[:at]) if line.startswith(word)).split()[1])
+    families_too = lines[at][family_start(lines[at]) :].strip()
+    entry = f"unreachable {'/'.join(place)} {LITERAL.search(lines[at])[0]} "
+    return any(line.startswith(entry) and line.endswith(families_too or '"') for line in cases)
+
+
+def expanded(lines, at):
+    """Every find and replacement of a rule, in small letters and with plain spaces and line ends."""
+    values = families(lines, at)
+    find, with_text = LITERAL.findall(arrow(lines[at])[0])
+    used = [name for name in values if f"<{name}>" in find + with_text]
+    pairs = []
+    for chosen in itertools.product(*(values[name] for name in used)):
+        pair = [find, with_text]
+        for name, value in zip(used, chosen):
+            pair = [text.replace(f"<{name}>", value) for text in pair]
+        pairs.append([text.lower().replace("␣", " ").replace("⏎", "␍␊") for text in pair])
+    return pairs
+
+
+def commute(lines, one, other):
+    """Whether neither rule can make or spoil what the other finds."""
+
+    def touch(a, b):
+        return a in b or b in a or any(a[-n:] == b[:n] or b[-n:] == a[:n] for n in range(1, min(len(a), len(b))))
+
+    for (find, put), (other_find, other_put) in itertools.product(expanded(lines, one), expanded(lines, other)):
+        if not put or not other_put:
+            return False
+        if touch(find, other_find) or touch(put, other_find) or touch(other_put, find):
+            return False
+    return True
+
+
+CHANGES = {
+    "rule": [drop, flip_mode, change_literal, change_limit, swap, move_bound],
+    "when": [flip_mode, change_literal, change_guard],
+    "for": [move_bound],
+    "scan": [drop],
+}
