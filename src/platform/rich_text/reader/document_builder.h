@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "platform/rich_text/model/document_model.h"
-#include "platform/rich_text/reader/rtf_row_words.h"
+#include "platform/rich_text/reader/row_words.h"
 
 namespace quillary::platform::rtf {
 
@@ -42,7 +42,6 @@ class DocumentBuilder {
   bool ParagraphIsEmpty() const { return document_.text.size() == paragraph_begin_; }
   bool InRow() const { return row_open_; }
   std::size_t End() const { return document_.text.size(); }
-  std::size_t ParagraphBegin() const { return paragraph_begin_; }
 
  private:
   void UseFormat(std::uint32_t format);

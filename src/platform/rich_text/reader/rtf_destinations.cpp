@@ -2,8 +2,9 @@
 #include <memory>
 #include <utility>
 
-#include "platform/rich_text/reader/rtf_fields.h"
+#include "platform/rich_text/reader/field_instructions.h"
 #include "platform/rich_text/reader/rtf_reader.h"
+#include "platform/rich_text/reader/word_values.h"
 
 namespace quillary::platform::rtf {
 

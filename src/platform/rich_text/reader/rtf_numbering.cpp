@@ -1,6 +1,8 @@
 #include <algorithm>
 
+#include "platform/rich_text/reader/list_labels.h"
 #include "platform/rich_text/reader/rtf_reader.h"
+#include "platform/rich_text/reader/word_values.h"
 
 namespace quillary::platform::rtf {
 

@@ -10,13 +10,15 @@
 
 #include "platform/rich_text/model/document_model.h"
 #include "platform/rich_text/reader/byte_text.h"
+#include "platform/rich_text/reader/character_state.h"
+#include "platform/rich_text/reader/colour_table.h"
 #include "platform/rich_text/reader/document_builder.h"
-#include "platform/rich_text/reader/rtf_colour_table.h"
-#include "platform/rich_text/reader/rtf_font_table.h"
-#include "platform/rich_text/reader/rtf_list_tables.h"
-#include "platform/rich_text/reader/rtf_picture_words.h"
-#include "platform/rich_text/reader/rtf_state.h"
-#include "platform/rich_text/reader/rtf_tokens.h"
+#include "platform/rich_text/reader/font_table.h"
+#include "platform/rich_text/reader/hex_bytes.h"
+#include "platform/rich_text/reader/list_tables.h"
+#include "platform/rich_text/reader/paragraph_state.h"
+#include "platform/rich_text/reader/picture_words.h"
+#include "platform/rich_text/reader/tokens.h"
 
 namespace quillary::platform::rtf {
 

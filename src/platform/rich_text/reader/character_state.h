@@ -1,11 +1,10 @@
-// What holds in a group of an RTF text while it is read, and the words that
-// change it.
+// The character formatting that holds in a group of an RTF text, and the words
+// that change it.
 #pragma once
 
 #include <cstdint>
 
-#include "platform/rich_text/model/document_model.h"
-#include "platform/rich_text/reader/rtf_tokens.h"
+#include "platform/rich_text/reader/tokens.h"
 
 namespace quillary::platform::rtf {
 
@@ -40,24 +39,7 @@ struct CharacterState {
   std::uint16_t Effects() const;
 };
 
-struct ParagraphState {
-  ParagraphFormat format;
-  std::int32_t style = -1;
-  std::int32_t list_override = 0;
-  std::int32_t list_level = 0;
-  std::int32_t table_depth = 1;
-  Alignment next_tab = Alignment::Left;
-  bool in_table = false;
-  bool direct = false;
-};
-
 /// Takes a word that formats letters; false for any other word.
 bool ReadCharacterWord(const Token& token, CharacterState& state);
-
-/// Takes a word that formats paragraphs; false for any other word.
-bool ReadParagraphWord(const Token& token, ParagraphState& state, Document& document);
-
-/// Measures in twips, held within what a page can have.
-std::int32_t Twips(std::int32_t number);
 
 }  // namespace quillary::platform::rtf

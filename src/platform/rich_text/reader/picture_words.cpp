@@ -1,9 +1,4 @@
-#include "platform/rich_text/reader/rtf_picture_words.h"
-
-#include <algorithm>
-#include <utility>
-
-#include "platform/rich_text/reader/byte_text.h"
+#include "platform/rich_text/reader/picture_words.h"
 
 namespace quillary::platform::rtf {
 
@@ -78,32 +73,6 @@ Text PictureWords::Words() const {
     words += Decimal(measures_[index]);
   }
   return words;
-}
-
-void HexBytes::Add(TextView digits) {
-  for (const char16_t unit : digits) {
-    const int digit = HexDigit(unit);
-    if (digit < 0) continue;
-    if (pending_ < 0) {
-      pending_ = digit;
-    } else {
-      bytes_ += static_cast<char>(pending_ * 16 + digit);
-      pending_ = -1;
-    }
-  }
-}
-
-void HexBytes::AddRaw(TextView bytes) {
-  bytes_.reserve(bytes_.size() + bytes.size());
-  for (const char16_t unit : bytes) {
-    const int byte = RawByte(unit);
-    bytes_ += static_cast<char>(byte < 0 ? unit : byte);
-  }
-}
-
-std::string HexBytes::Take() {
-  pending_ = -1;
-  return std::exchange(bytes_, {});
 }
 
 }  // namespace quillary::platform::rtf

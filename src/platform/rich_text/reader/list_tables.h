@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/rich_text/model/document_model.h"
-#include "platform/rich_text/reader/rtf_tokens.h"
+#include "platform/rich_text/reader/tokens.h"
 
 namespace quillary::platform::rtf {
 
@@ -52,17 +52,5 @@ class ListTables {
   std::size_t level_count_ = 0;
   std::int32_t override_list_ = 0;  // being read
 };
-
-/// "3", "c", "III" and the like.
-Text NumberText(std::int32_t number, NumberStyle style);
-
-/// Whether an item's label says more than a bullet.
-bool HasNumber(const Text& label);
-
-/// What stands in front of a number or behind, within bounds.
-Text Affix(TextView text);
-
-/// Splits the written number of an item into what stands in front of it and behind.
-void SplitLabel(const Text& label, ListFormat& format);
 
 }  // namespace quillary::platform::rtf

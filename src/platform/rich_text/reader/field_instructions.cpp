@@ -1,4 +1,4 @@
-#include "platform/rich_text/reader/rtf_fields.h"
+#include "platform/rich_text/reader/field_instructions.h"
 
 #include <algorithm>
 #include <array>

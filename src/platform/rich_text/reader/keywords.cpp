@@ -1,4 +1,4 @@
-#include "platform/rich_text/reader/rtf_keywords.h"
+#include "platform/rich_text/reader/keywords.h"
 
 #include <algorithm>
 #include <array>

@@ -1,23 +1,19 @@
+#include "platform/rich_text/reader/character_state.h"
+
 #include <algorithm>
 
-#include "platform/rich_text/reader/rtf_state.h"
+#include "platform/rich_text/model/document_model.h"
+#include "platform/rich_text/reader/word_values.h"
 
 namespace quillary::platform::rtf {
 namespace {
 
-// The control held no more tab stops than this.
-constexpr std::size_t kMostTabStops = 32;
-constexpr std::int32_t kWidest = 31680;  // 22 inches
 constexpr std::int32_t kLargestSize = 3276;
 // A rise beyond 31 half points, and a spacing beyond these, are taken apart on
 // the page and leave digits there.
 constexpr std::int32_t kMostRise = 31;
 constexpr std::int32_t kLeastSpacing = -9;
 constexpr std::int32_t kMostSpacing = 40;
-
-/// A word that sets a state: "\b" and "\b1" switch it on, "\b0" off. It never
-/// turns the state over.
-bool IsOn(const Token& token) { return !token.has_number || token.number != 0; }
 
 void Set(std::uint16_t& effects, std::uint16_t effect, bool on) {
   effects = static_cast<std::uint16_t>(on ? effects | effect : effects & ~effect);
@@ -145,124 +141,13 @@ bool ReadValueWord(const Token& token, CharacterState& state) {
       state.spacing = Spacing(token.number);
       return true;
     case Keyword::Expnd:
-      state.spacing = Spacing(std::clamp(token.number, -kWidest, kWidest) * 5);
+      state.spacing = Spacing(Twips(token.number) * 5);
       return true;
     case Keyword::Up:
       state.rise = Rise(token, 1);
       return true;
     case Keyword::Dn:
       state.rise = Rise(token, -1);
-      return true;
-    default:
-      return false;
-  }
-}
-
-void AddTabStop(ParagraphState& state, Document& document, std::int32_t position) {
-  std::vector<TabStop> stops = document.tabs[state.format.tabs];
-  if (stops.size() < kMostTabStops) {
-    stops.push_back({Twips(position), state.next_tab});
-    state.format.tabs = document.TabsId(stops);
-  }
-  state.next_tab = Alignment::Left;
-}
-
-/// Words about the place of a paragraph, which no style covers.
-bool ReadPlaceWord(const Token& token, ParagraphState& state) {
-  switch (token.keyword) {
-    case Keyword::Pard:
-      state = ParagraphState{};
-      return true;
-    case Keyword::S:
-      state.style = token.number;
-      return true;
-    case Keyword::Intbl:
-      state.in_table = IsOn(token);
-      return true;
-    case Keyword::Itap:
-      state.table_depth = token.number;
-      if (token.number > 0) state.in_table = true;
-      return true;
-    case Keyword::Ls:
-      state.list_override = token.number;
-      return true;
-    case Keyword::Ilvl:
-      state.list_level = std::clamp(token.number, 0, 8);
-      return true;
-    case Keyword::Tqc:
-      state.next_tab = Alignment::Centre;
-      return true;
-    case Keyword::Tqr:
-      state.next_tab = Alignment::Right;
-      return true;
-    case Keyword::Tqdec:
-      state.next_tab = Alignment::Justified;
-      return true;
-    case Keyword::Rtlpar:
-      state.format.right_to_left = true;
-      return true;
-    case Keyword::Ltrpar:
-      state.format.right_to_left = false;
-      return true;
-    case Keyword::Nowidctlpar:
-      state.format.no_widow_control = true;
-      return true;
-    case Keyword::Widctlpar:
-      state.format.no_widow_control = false;
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool ReadMeasureWord(const Token& token, ParagraphFormat& format) {
-  switch (token.keyword) {
-    case Keyword::Fi:
-      format.first_indent = Twips(token.number);
-      return true;
-    case Keyword::Li:
-      format.left_indent = Twips(token.number);
-      return true;
-    case Keyword::Ri:
-      format.right_indent = Twips(token.number);
-      return true;
-    case Keyword::Sb:
-      format.space_before = Twips(token.number);
-      return true;
-    case Keyword::Sa:
-      format.space_after = Twips(token.number);
-      return true;
-    case Keyword::Sl:
-      format.line_spacing = Twips(token.number);
-      if (format.line_spacing == 0) format.line_multiple = 0;
-      return true;
-    case Keyword::Slmult:
-      format.line_multiple = format.line_spacing != 0 && token.number == 1 ? 1 : 0;
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool ReadAlignmentWord(const Token& token, ParagraphFormat& format) {
-  switch (token.keyword) {
-    case Keyword::Ql:
-      format.alignment = Alignment::Left;
-      return true;
-    case Keyword::Qc:
-      format.alignment = Alignment::Centre;
-      return true;
-    case Keyword::Qr:
-      format.alignment = Alignment::Right;
-      return true;
-    case Keyword::Qj:
-      format.alignment = Alignment::Justified;
-      return true;
-    case Keyword::Keep:
-      format.keep = IsOn(token);
-      return true;
-    case Keyword::Keepn:
-      format.keep_next = IsOn(token);
       return true;
     default:
       return false;
@@ -290,8 +175,6 @@ std::uint16_t CharacterState::Effects() const {
   return result;
 }
 
-std::int32_t Twips(std::int32_t number) { return std::clamp(number, -kWidest, kWidest); }
-
 bool ReadCharacterWord(const Token& token, CharacterState& state) {
   if (token.keyword == Keyword::Plain) {
     state = CharacterState{};
@@ -306,17 +189,6 @@ bool ReadCharacterWord(const Token& token, CharacterState& state) {
     return true;
   }
   if (!ReadEffectWord(token, state) && !ReadValueWord(token, state)) return false;
-  state.direct = true;
-  return true;
-}
-
-bool ReadParagraphWord(const Token& token, ParagraphState& state, Document& document) {
-  if (ReadPlaceWord(token, state)) return true;
-  if (token.keyword == Keyword::Tx) {
-    AddTabStop(state, document, token.number);
-  } else if (!ReadMeasureWord(token, state.format) && !ReadAlignmentWord(token, state.format)) {
-    return false;
-  }
   state.direct = true;
   return true;
 }

@@ -1,4 +1,4 @@
-#include "platform/rich_text/reader/rtf_colour_table.h"
+#include "platform/rich_text/reader/colour_table.h"
 
 #include <algorithm>
 #include <limits>

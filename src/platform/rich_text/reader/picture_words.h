@@ -4,10 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string>
 
-#include "platform/rich_text/model/document_model.h"
-#include "platform/rich_text/reader/rtf_tokens.h"
+#include "platform/rich_text/reader/tokens.h"
+#include "text/text.h"
 
 namespace quillary::platform::rtf {
 
@@ -35,19 +34,6 @@ class PictureWords {
   Text kind_;
   Text bitmap_;  // the words that only a bitmap has
   std::array<std::int32_t, kMeasures> measures_{};
-};
-
-/// Collects hexadecimal digits into bytes; anything else is passed over.
-class HexBytes {
- public:
-  void Add(TextView digits);
-  void AddRaw(TextView bytes);
-  std::string Take();
-  bool IsEmpty() const { return bytes_.empty(); }
-
- private:
-  std::string bytes_;
-  int pending_ = -1;
 };
 
 }  // namespace quillary::platform::rtf

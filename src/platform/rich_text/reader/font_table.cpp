@@ -1,4 +1,4 @@
-#include "platform/rich_text/reader/rtf_font_table.h"
+#include "platform/rich_text/reader/font_table.h"
 
 #include <algorithm>
 #include <array>

@@ -7,7 +7,7 @@
 #include <unordered_map>
 
 #include "platform/rich_text/model/document_model.h"
-#include "platform/rich_text/reader/rtf_tokens.h"
+#include "platform/rich_text/reader/tokens.h"
 
 namespace quillary::platform::rtf {
 

@@ -1,8 +1,8 @@
-#include "platform/rich_text/reader/rtf_row_words.h"
+#include "platform/rich_text/reader/row_words.h"
 
 #include <algorithm>
 
-#include "platform/rich_text/reader/rtf_state.h"
+#include "platform/rich_text/reader/word_values.h"
 
 namespace quillary::platform::rtf {
 namespace {

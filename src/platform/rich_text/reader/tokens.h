@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/rich_text/reader/rtf_keywords.h"
+#include "platform/rich_text/reader/keywords.h"
 #include "text/text.h"
 
 namespace quillary::platform::rtf {

@@ -1,4 +1,4 @@
-#include "platform/rich_text/reader/rtf_tokens.h"
+#include "platform/rich_text/reader/tokens.h"
 
 #include <algorithm>
 #include <limits>
