@@ -33,15 +33,6 @@ std::uint16_t Size(const Token& token) {
   return static_cast<std::uint16_t>(std::min(token.number, kLargestSize));
 }
 
-/// Greek and Turkish are left out: on a page their words remap the escapes of
-/// all that follows.
-std::uint16_t Language(std::int32_t number) {
-  constexpr std::int32_t kGreek = 1032;
-  constexpr std::int32_t kTurkish = 1055;
-  if (number <= 0 || number > 0xFFFF || number == kGreek || number == kTurkish) return 0;
-  return static_cast<std::uint16_t>(number);
-}
-
 /// Which script the fonts and sizes of the following words belong to.
 bool ReadScriptWord(const Token& token, CharacterState& state) {
   switch (token.keyword) {

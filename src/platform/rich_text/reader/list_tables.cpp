@@ -86,31 +86,31 @@ Text ListTables::ComputeLabel(const Levels& levels, const Override& override, st
   return label;
 }
 
-ListTables::Item ListTables::NextItem(std::int32_t override, std::int32_t level, bool has_label,
-                                      const Text& label) {
+ListTables::Item ListTables::NextItem(std::int32_t override, std::int32_t level,
+                                      const std::optional<Text>& label) {
   Item item;
   const auto index = std::min(static_cast<std::size_t>(std::max(level, std::int32_t{0})), kLevels - 1);
   Override& state = overrides_[override];
   const auto list = lists_.find(state.list);
   if (list == lists_.end()) {
     // The list is not defined: what its producer wrote tells what it is.
-    item.is_item = has_label;
-    item.format.bullet = !HasNumber(label);
-    item.label.text = label;
-    if (!item.format.bullet) SplitLabel(label, item.format);
+    item.is_item = label.has_value();
+    item.label.text = label.value_or(Text());
+    item.format.bullet = !HasNumber(item.label.text);
+    if (!item.format.bullet) SplitLabel(item.label.text, item.format);
     return item;
   }
   const Level& definition = list->second[index];
   std::int32_t& counter = state.counters[index];
   counter = counter == 0 ? definition.start : counter + 1;
   std::fill(state.counters.begin() + static_cast<std::ptrdiff_t>(index) + 1, state.counters.end(), 0);
-  const bool shows_number = has_label ? !label.empty() : !definition.text.empty();
+  const bool shows_number = label ? !label->empty() : !definition.text.empty();
   item.is_item =
       definition.number_kind == kBulletKind || (definition.number_kind != kNoNumberKind && shows_number);
   item.format.bullet = definition.number_kind == kBulletKind;
   if (item.format.bullet) return item;
   item.format.style = StyleOf(definition.number_kind);
-  item.label.text = has_label ? label : Trim(ComputeLabel(list->second, state, index));
+  item.label.text = label ? *label : Trim(ComputeLabel(list->second, state, index));
   item.label.ordinal = counter;
   SplitLabel(item.label.text, item.format);
   return item;

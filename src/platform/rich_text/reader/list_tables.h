@@ -5,8 +5,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <unordered_map>
-#include <vector>
 
 #include "platform/rich_text/model/document_model.h"
 #include "platform/rich_text/reader/tokens.h"
@@ -30,7 +30,7 @@ class ListTables {
   };
   /// The next item of list `override` at `level`. `label` is the item's number
   /// as its producer wrote it; where there is none it is computed.
-  Item NextItem(std::int32_t override, std::int32_t level, bool has_label, const Text& label);
+  Item NextItem(std::int32_t override, std::int32_t level, const std::optional<Text>& label);
 
  private:
   struct Level {

@@ -25,68 +25,18 @@ bool Reader::IsShown(TextView text) {
   return is_blank && !document_.text.empty() && document_.text.back() > u' ';
 }
 
-std::uint32_t Reader::FormatId() {
-  if (!format_changed_) return format_;
-  const Group& group = Top();
-  const CharacterState* state = &group.character;
-  // A paragraph that names a style and says nothing of its own has the style's letters.
-  if (!state->direct && group.paragraph.style > 0) {
-    const auto style = styles_.find(group.paragraph.style);
-    if (style != styles_.end()) state = &style->second.character;
-  }
-  CharacterFormat format;
-  format.font = fonts_.Index(state->Font());
-  format.size = state->Size();
-  format.effects = state->Effects();
-  format.colour = colours_.Id(state->colour);
-  if (state->highlight > 0) {
-    format.highlight = colours_.Id(state->highlight);
-  } else if (state->background > 0 && !colours_.IsWhite(state->background)) {
-    format.highlight = colours_.Id(state->background);
-  }
-  const std::uint16_t language = group.character.language;
-  format.language = language == document_.language ? std::uint16_t{0} : language;
-  format.spacing = state->spacing;
-  format.rise = state->rise;
-  if (!controls_own_ && !document_.runs.empty()) {
-    // A word for a language alone would leave a blank on the page, in the
-    // middle of a word as like as not.
-    CharacterFormat other_language = document_.characters[document_.runs.back().format];
-    other_language.language = format.language;
-    if (other_language == format)
-      format.language = document_.characters[document_.runs.back().format].language;
-  }
-  format_ = document_.characters.Id(format);
-  format_changed_ = false;
-  return format_;
-}
-
-/// The format of a mark that nobody sees. Word processors give their marks
-/// fonts, sizes, colours and languages of their own; a change of them is noise,
-/// and one of colour costs the cell behind it its font on the page. What
-/// ends with the text in front of the mark ends there, though.
-std::uint32_t Reader::MarkFormatId() {
-  const std::uint32_t own = FormatId();
-  if (controls_own_ || document_.runs.empty() || document_.runs.back().format == own) return own;
-  const CharacterFormat& mark = document_.characters[own];
-  CharacterFormat format = document_.characters[document_.runs.back().format];
-  format.effects &= mark.effects;
-  if (mark.highlight == 0) format.highlight = 0;
-  if (mark.rise == 0) format.rise = 0;
-  return document_.characters.Id(format);
-}
-
 void Reader::AddText(TextView text) {
   FlushAllBytes();
   if (!IsShown(text)) return;
   BeginCellItem();
   const CharacterState& state = Top().character;
-  if (fonts_.IsSymbol(state.Font())) {
-    for (const char16_t unit : text) builder_.AddUnit(static_cast<char16_t>(kSymbolBase + unit), FormatId());
+  if (header_.fonts.IsSymbol(state.Font())) {
+    for (const char16_t unit : text)
+      builder_.AddUnit(static_cast<char16_t>(kSymbolBase + unit), formats_.Id());
   } else if (state.capitals) {
-    builder_.AddText(ToUpper(text), FormatId());
+    builder_.AddText(ToUpper(text), formats_.Id());
   } else {
-    builder_.AddText(text, FormatId());
+    builder_.AddText(text, formats_.Id());
   }
 }
 
@@ -97,10 +47,10 @@ void Reader::AddCharacter(char16_t unit) {
   }
   if (unit < u' ' || !IsShown({&unit, 1})) return;
   // A symbol font shows its own sign for every Western character.
-  if (unit <= 0xFF && fonts_.IsSymbol(Top().character.Font()))
+  if (unit <= 0xFF && header_.fonts.IsSymbol(Top().character.Font()))
     unit = static_cast<char16_t>(kSymbolBase + unit);
   BeginCellItem();
-  builder_.AddUnit(Top().character.capitals ? ToUpper({&unit, 1}).front() : unit, FormatId());
+  builder_.AddUnit(Top().character.capitals ? ToUpper({&unit, 1}).front() : unit, formats_.Id());
 }
 
 void Reader::AddMark(char16_t mark) {
@@ -113,7 +63,7 @@ void Reader::AddMark(char16_t mark) {
   }
   if (group.character.hidden) return;
   if (mark == marks::kTab) BeginCellItem();
-  builder_.AddUnit(mark, mark == marks::kLine ? MarkFormatId() : FormatId());
+  builder_.AddUnit(mark, mark == marks::kLine ? formats_.StructureId() : formats_.Id());
 }
 
 /// Words that stand for a character.
@@ -185,7 +135,7 @@ bool Reader::ReadCharacterName(Keyword keyword) {
 /// Breaks, tables and the rest of what only the document's own text has.
 bool Reader::ReadBodyWord(const Token& token) {
   if (Top().destination == Destination::Nowhere) {
-    if (token.keyword == Keyword::Nestrow) builder_.EndNestedRow(MarkFormatId());
+    if (token.keyword == Keyword::Nestrow) builder_.EndNestedRow(formats_.StructureId());
     return true;
   }
   return InBody() && (ReadBreak(token.keyword) || builder_.Row().Read(token));
@@ -209,16 +159,15 @@ bool Reader::ReadBreak(Keyword keyword) {
       AddMark(marks::kTab);
       return true;
     case Keyword::Nestrow:
-      builder_.EndNestedRow(MarkFormatId());
+      builder_.EndNestedRow(formats_.StructureId());
       return true;
     case Keyword::Cell:
       if (is_one_line) {
         AddMark(marks::kTab);
       } else {
         FlushAllBytes();
-        builder_.EndCell(CurrentParagraph(), MarkFormatId());
-        label_.clear();
-        has_label_ = false;
+        builder_.EndCell(CurrentParagraph(), formats_.StructureId());
+        items_.EndCell();
       }
       return true;
     case Keyword::Row:
@@ -226,7 +175,7 @@ bool Reader::ReadBreak(Keyword keyword) {
         AddMark(marks::kLine);
       } else {
         FlushAllBytes();
-        builder_.EndRow(CurrentParagraph(), MarkFormatId());
+        builder_.EndRow(CurrentParagraph(), formats_.StructureId());
       }
       return true;
     case Keyword::Trowd:
@@ -241,18 +190,21 @@ bool Reader::ReadBreak(Keyword keyword) {
 }
 
 ParagraphEnd Reader::CurrentParagraph() {
-  const Group& group = Top();
-  const ParagraphState& state = group.paragraph;
-  ParagraphEnd paragraph{.format = state.format, .in_table = state.in_table || group.within_row};
-  if (!state.direct && state.style > 0) {
-    const auto style = styles_.find(state.style);
-    if (style != styles_.end()) {
-      paragraph.format = style->second.paragraph.format;
-      paragraph.format.list = state.format.list;
-      paragraph.format.right_to_left = state.format.right_to_left;
-    }
-  }
-  return paragraph;
+  const ParagraphState& state = Top().paragraph;
+  return {.format = header_.styles.Resolve(state), .in_table = state.in_table || Top().within_row};
+}
+
+/// The control has no lists in table cells: a bullet or number there is text.
+void Reader::BeginCellItem() {
+  const ParagraphState& state = Top().paragraph;
+  const bool is_item = state.list_override > 0 || state.format.list != 0;
+  if (!state.in_table || !is_item || !builder_.ParagraphIsEmpty()) return;
+  ParagraphEnd paragraph{.format = state.format};
+  items_.Resolve(state, true, paragraph);
+  if (paragraph.format.list == 0) return;
+  const bool is_bullet = document_.lists[paragraph.format.list].bullet;
+  builder_.AddText((is_bullet ? Text(u"\u2022") : document_.labels[paragraph.label].text) + u" ",
+                   formats_.Id());
 }
 
 void Reader::EndParagraph() {
@@ -265,12 +217,10 @@ void Reader::EndParagraph() {
   if (paragraph.in_table) {
     paragraph.format.list = 0;
   } else {
-    ResolveList(paragraph);
+    items_.Resolve(Top().paragraph, builder_.ParagraphIsEmpty(), paragraph);
   }
-  builder_.EndParagraph(paragraph, MarkFormatId());
-  label_.clear();
-  has_label_ = false;
-  label_before_pard_ = false;
+  builder_.EndParagraph(paragraph, formats_.StructureId());
+  items_.EndParagraph();
 }
 
 void Reader::Finish() {
@@ -279,9 +229,9 @@ void Reader::Finish() {
   if (builder_.ParagraphIsEmpty() || paragraph.in_table) {
     paragraph.format.list = 0;
   } else {
-    ResolveList(paragraph);
+    items_.Resolve(Top().paragraph, builder_.ParagraphIsEmpty(), paragraph);
   }
-  builder_.Finish(paragraph, FormatId());
+  builder_.Finish(paragraph, formats_.Id());
 }
 
 }  // namespace quillary::platform::rtf

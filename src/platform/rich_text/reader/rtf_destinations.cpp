@@ -76,8 +76,7 @@ bool Reader::OpenTable(const Token& token) {
     case Keyword::Label:
       return open(Destination::Label);
     case Keyword::Pn:
-      numbering_ = ListFormat{};
-      numbering_continues_ = false;
+      numbering_.Begin();
       return open(Destination::Numbering);
     case Keyword::Pntxtb:
       if (Top().destination != Destination::Numbering) return false;
@@ -98,7 +97,7 @@ bool Reader::OpenTable(const Token& token) {
 /// wherever in it they stand.
 bool Reader::OpenPart(const Token& token) {
   Group& group = Top();
-  const bool takes_text = InBody() || group.destination == Destination::Nowhere;
+  const bool takes_text = group.TakesContent();
   switch (token.keyword) {
     case Keyword::Pict:
       if (!takes_text) return false;
@@ -183,32 +182,34 @@ void Reader::EndDestination(const Group& closed) {
   const Destination outer = Top().destination;
   switch (closed.destination) {
     case Destination::FontTable:
-      if (outer != Destination::FontTable) fonts_.Close();
+      if (outer != Destination::FontTable) header_.fonts.Close();
       break;
     case Destination::FontAlternative:
-      fonts_.SetAlternativeName(Text(TrimView(gathered_)));
+      header_.fonts.SetAlternativeName(Text(TrimView(gathered_)));
       break;
     case Destination::StyleSheet:
-      if (outer == Destination::StyleSheet) EndStyle(closed);
+      if (outer == Destination::StyleSheet) {
+        header_.styles.Add(closed.character, closed.paragraph);
+        gathered_.clear();
+      }
       break;
     case Destination::LevelText:
-      lists_.SetLevelText(gathered_);
+      header_.lists.SetLevelText(gathered_);
       break;
     case Destination::Label:
       if (outer != Destination::Label) {
         while (!gathered_.empty() && gathered_.back() <= u' ') gathered_.pop_back();
-        label_ = TrimView(gathered_);
-        has_label_ = true;
+        items_.SetLabel(Text(TrimView(gathered_)));
       }
       break;
     case Destination::NumberBefore:
-      numbering_.before = gathered_;
+      numbering_.SetBefore(gathered_);
       break;
     case Destination::NumberAfter:
-      numbering_.after = gathered_;
+      numbering_.SetAfter(gathered_);
       break;
     case Destination::Numbering:
-      if (outer != Destination::Numbering) EndNumbering();
+      if (outer != Destination::Numbering) Top().paragraph.format.list = numbering_.End();
       break;
     case Destination::Picture:
       if (outer != Destination::Picture) EndPicture();
@@ -226,11 +227,11 @@ void Reader::EndDestination(const Group& closed) {
   if (closed.ends_footnote) AddFootnoteBracket(u"]");
   if (closed.ends_field) EndField();
   if (closed.ends_object) EndObject();
-  if (closed.ends_apart && !builder_.ParagraphIsEmpty()) {
+  if (closed.ends_text_box && !builder_.ParagraphIsEmpty()) {
     if (closed.within_row || Top().in_footnote) {
-      builder_.AddUnit(marks::kLine, FormatId());
+      builder_.AddUnit(marks::kLine, formats_.Id());
     } else {
-      builder_.EndParagraph({.format = closed.paragraph.format}, FormatId());
+      builder_.EndParagraph({.format = closed.paragraph.format}, formats_.Id());
     }
   }
 }
@@ -242,16 +243,10 @@ void Reader::AddFootnoteBracket(TextView bracket) {
   const CharacterState kept = state;
   state.effects &= static_cast<std::uint16_t>(~(kSuperscript | kSubscript));
   state.rise = 0;
-  format_changed_ = true;
+  formats_.Change();
   AddText(bracket);
   state = kept;
-  format_changed_ = true;
-}
-
-void Reader::EndStyle(const Group& closed) {
-  const std::int32_t number = std::max(closed.paragraph.style, std::int32_t{0});
-  styles_[number] = {closed.character, closed.paragraph};
-  gathered_.clear();
+  formats_.Change();
 }
 
 /// A text box stands at its anchor, in paragraphs of its own.
@@ -260,27 +255,27 @@ void Reader::BeginApart() {
   const bool within_row = builder_.InRow() || group.paragraph.in_table;
   if (!builder_.ParagraphIsEmpty()) {
     if (within_row || group.in_footnote) {
-      builder_.AddUnit(marks::kLine, FormatId());
+      builder_.AddUnit(marks::kLine, formats_.Id());
     } else {
-      builder_.EndParagraph({.format = group.paragraph.format}, FormatId());
+      builder_.EndParagraph({.format = group.paragraph.format}, formats_.Id());
     }
   }
   group.destination = Destination::Body;
   group.paragraph = {};
   group.character = {};
-  group.ends_apart = true;
+  group.ends_text_box = true;
   group.within_row = within_row;
-  format_changed_ = true;
+  formats_.Change();
 }
 
 void Reader::EndPicture() {
   Picture picture{picture_words_.Words(), picture_data_.Take()};
-  const bool takes_text = InBody() || Top().destination == Destination::Nowhere;
+  const bool takes_text = Top().TakesContent();
   if (picture.data.empty() || !takes_text || Top().character.hidden) return;
   Inline object;
   object.picture = std::move(picture);
   document_.inlines.push_back(std::move(object));
-  builder_.AddUnit(marks::kObject, FormatId());
+  builder_.AddUnit(marks::kObject, formats_.Id());
   picture_shown_at_ = builder_.End();
 }
 

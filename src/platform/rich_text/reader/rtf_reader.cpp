@@ -7,9 +7,6 @@
 namespace quillary::platform::rtf {
 namespace {
 
-// A group that is nested deeper than this does not restore the formatting of
-// the group around it.
-constexpr std::size_t kDeepest = 200000;
 // Text is shorter than its RTF, but pictures may be most of that.
 constexpr std::size_t kMostReserved = std::size_t{2} << 20;
 
@@ -38,7 +35,6 @@ Reader::Reader(TextView rtf) : rtf_(rtf), tokens_(rtf), last_close_(rtf.rfind(u'
   document_.text.reserve(std::min(rtf.size(), kMostReserved));
   document_.states_code_page = false;
   document_.source_units = rtf.size();
-  groups_.emplace_back();
 }
 
 Document Reader::Read() {
@@ -93,19 +89,9 @@ void Reader::OpenGroup() {
   fallback_left_ = 0;
   group_start_ = true;
   starred_ = false;
-  if (groups_.size() >= kDeepest) {
-    ++lost_groups_;
-    return;
-  }
-  Group group = groups_.back();
-  group.ends_apart = group.ends_footnote = group.ends_field = group.ends_object = false;
-  if (group.destination == Destination::StyleSheet) {
-    group.character = {};
-    group.paragraph = {};
-  }
-  groups_.push_back(group);
+  if (!groups_.Open()) return;
   const bool is_ansi_part =
-      group.destination == Destination::AnsiAndUnicode && !tokens_.Rest().starts_with(u"\\*");
+      Top().destination == Destination::AnsiAndUnicode && !tokens_.Rest().starts_with(u"\\*");
   if (is_ansi_part) SkipGroup();
 }
 
@@ -116,21 +102,15 @@ void Reader::CloseGroup() {
     FlushAllBytes();
   }
   fallback_left_ = 0;
-  if (lost_groups_ > 0) {
-    --lost_groups_;
-    return;
-  }
-  if (groups_.size() <= 2) {
+  if (groups_.AtDocument()) {
     // The end of the document, unless braces follow: then this one was one too many.
     const std::size_t at = rtf_.size() - tokens_.Rest().size() - 1;
     if (at == last_close_ && !surplus_) done_ = true;
     surplus_ = true;
-    return;
+  } else if (const std::optional<Group> closed = groups_.Close()) {
+    formats_.Change();
+    EndDestination(*closed);
   }
-  const Group closed = groups_.back();
-  groups_.pop_back();
-  format_changed_ = true;
-  EndDestination(closed);
 }
 
 void Reader::ReadSymbol(char16_t sign) {
@@ -175,7 +155,7 @@ void Reader::ReadByte(unsigned char byte) {
   }
   const Destination destination = Top().destination;
   if (destination == Destination::FontTable) {
-    fonts_.ReadByte(byte);
+    header_.fonts.ReadByte(byte);
     return;
   }
   if (destination == Destination::LevelText) {
@@ -183,11 +163,11 @@ void Reader::ReadByte(unsigned char byte) {
     return;
   }
   const std::int32_t font = Top().character.Font();
-  if (fonts_.IsSymbol(font)) {
+  if (header_.fonts.IsSymbol(font)) {
     if (byte >= u' ') AddCharacter(static_cast<char16_t>(kSymbolBase + byte));
     return;
   }
-  const int code_page = fonts_.CodePage(font);
+  const int code_page = header_.fonts.CodePage(font);
   if (!bytes_.IsEmpty() && bytes_.CodePage() != code_page) FlushAllBytes();
   if (code_page == 1252) {
     AddCharacter(WesternTable()[byte]);
@@ -260,10 +240,10 @@ void Reader::ReadDestinationText(TextView text) {
   FlushAllBytes();
   switch (Top().destination) {
     case Destination::FontTable:
-      fonts_.ReadText(text);
+      header_.fonts.ReadText(text);
       break;
     case Destination::ColourTable:
-      colours_.ReadText(text);
+      header_.colours.ReadText(text);
       break;
     case Destination::Picture:
       picture_data_.Add(text);
@@ -299,7 +279,7 @@ void Reader::ReadWord(const Token& token) {
   if (token.keyword == Keyword::U) {
     FlushAllBytes();
     if (Top().destination == Destination::FontTable) {
-      fonts_.ReadWord(token);
+      header_.fonts.ReadWord(token);
       fallback_left_ = Top().fallback_length;
     } else {
       ReadUnicode(token.number);
@@ -310,46 +290,21 @@ void Reader::ReadWord(const Token& token) {
   if (ReadCharacterName(token.keyword)) return;
   fallback_left_ = 0;
   if (ReadCharacterWord(token, Top().character)) {
-    format_changed_ = true;
+    formats_.Change();
     return;
   }
   if (ReadParagraphWord(token, Top().paragraph, document_)) {
-    if (token.keyword == Keyword::Pard) label_before_pard_ = has_label_;
-    format_changed_ = true;
+    if (token.keyword == Keyword::Pard) items_.ResetParagraph();
+    formats_.Change();
     return;
   }
   ReadBodyWord(token);
 }
 
 bool Reader::ReadHeaderWord(const Token& token) {
-  const auto code_page = [&](int number) { fonts_.SetDocumentCodePage(number); };
   switch (token.keyword) {
-    case Keyword::Ansicpg:
-      document_.states_code_page = true;
-      code_page(token.number == 0 ? 1252 : token.number);
-      return true;
-    case Keyword::Mac:
-      code_page(10000);
-      return true;
-    case Keyword::Pc:
-      code_page(437);
-      return true;
-    case Keyword::Pca:
-      code_page(850);
-      return true;
-    case Keyword::Deff:
-      fonts_.SetDefaultNumber(token.number);
-      return true;
-    case Keyword::Deflang:
-      if (token.number > 0 && token.number <= 0xFFFF && token.number != 1032 && token.number != 1055) {
-        document_.language = token.number;
-      }
-      return true;
     case Keyword::Viewkind:
-      controls_own_ = tokens_.Rest().starts_with(u"\\uc1");
-      return true;
-    case Keyword::Fbidis:
-      document_.right_to_left = true;
+      formats_.SetWrittenByControl(tokens_.Rest().starts_with(u"\\uc1"));
       return true;
     case Keyword::Uc:
       Top().fallback_length = std::clamp(token.number, 0, 255);
@@ -359,7 +314,7 @@ bool Reader::ReadHeaderWord(const Token& token) {
       if (!Top().html_only) html_entity_ = false;
       return true;
     default:
-      return false;
+      return header_.ReadWord(token);
   }
 }
 
@@ -367,22 +322,22 @@ bool Reader::ReadHeaderWord(const Token& token) {
 bool Reader::ReadDestinationWord(const Token& token) {
   switch (Top().destination) {
     case Destination::FontTable:
-      fonts_.ReadWord(token);
+      header_.fonts.ReadWord(token);
       return true;
     case Destination::ColourTable:
-      colours_.ReadWord(token);
+      header_.colours.ReadWord(token);
       return true;
     case Destination::ListTable:
-      lists_.ReadTableWord(token);
+      header_.lists.ReadTableWord(token);
       return true;
     case Destination::ListOverrides:
-      lists_.ReadOverrideWord(token);
+      header_.lists.ReadOverrideWord(token);
       return true;
     case Destination::Picture:
       picture_words_.Read(token);
       return true;
     case Destination::Numbering:
-      ReadNumberingWord(token);
+      numbering_.ReadWord(token);
       return true;
     case Destination::FontAlternative:
     case Destination::LevelText:

@@ -11,4 +11,11 @@ std::int32_t Twips(std::int32_t number) {
   return std::clamp(number, -kWidest, kWidest);
 }
 
+std::uint16_t Language(std::int32_t number) {
+  constexpr std::int32_t kGreek = 1032;
+  constexpr std::int32_t kTurkish = 1055;
+  if (number <= 0 || number > 0xFFFF || number == kGreek || number == kTurkish) return 0;
+  return static_cast<std::uint16_t>(number);
+}
+
 }  // namespace quillary::platform::rtf

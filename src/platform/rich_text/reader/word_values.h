@@ -11,7 +11,11 @@ namespace quillary::platform::rtf {
 /// "\b0" off. It never turns the state over.
 bool IsOn(const Token& token);
 
-/// Measures in twips, held within what a page can have.
+/// A measure in twips, held within what a page can have.
 std::int32_t Twips(std::int32_t number);
+
+/// A language that a page may name, or 0. Greek and Turkish it may not: there
+/// their words remap the escapes of all that follows.
+std::uint16_t Language(std::int32_t number);
 
 }  // namespace quillary::platform::rtf
