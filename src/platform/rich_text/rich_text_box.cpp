@@ -30,7 +30,7 @@ class RtfTextBox final : public RichTextBox {
  public:
   void SetTextRTF(TextView rtf) override {
     CheckLimit(rtf);
-    document_ = IsRtf(rtf) ? rtf::Reader(rtf).Read() : rtf::ReadPlainText(rtf);
+    document_ = IsRtf(rtf) ? rtf::ReadRtf(rtf) : rtf::ReadPlainText(rtf);
   }
   Text TextRTF() const override { return rtf::WriteCanonical(document_); }
 

@@ -9,10 +9,10 @@ namespace quillary::platform::rtf {
 namespace {
 
 bool EndsCellOrParagraph(char16_t unit) {
-  return unit <= marks::kParagraph &&
-         (unit == marks::kCell || unit == marks::kRow || unit == marks::kParagraph);
+  return unit <= structure::kParagraph &&
+         (unit == structure::kCell || unit == structure::kRow || unit == structure::kParagraph);
 }
-bool IsMark(char16_t unit) { return unit == marks::kParagraph || unit == marks::kCell; }
+bool IsMark(char16_t unit) { return unit == structure::kParagraph || unit == structure::kCell; }
 
 constexpr unsigned kCarried = kBold | kItalic | kUnderline;
 
@@ -32,8 +32,8 @@ class CarriedEffects {
   /// The effects of the mark at `at`, which has `own`. The unit behind the row
   /// that it may end is in the run `behind`.
   std::uint16_t AddMark(std::size_t at, unsigned own, std::size_t behind) {
-    const bool ends_cell = document_.text[at] == marks::kCell;
-    const bool ends_row = document_.text[at + (ends_cell ? 1 : 0)] == marks::kRow;
+    const bool ends_cell = document_.text[at] == structure::kCell;
+    const bool ends_row = document_.text[at + (ends_cell ? 1 : 0)] == structure::kRow;
     unsigned carried = own & kCarried;
     if (ends_row) {
       carried = last_ & ~Said(at + (ends_cell ? 2 : 1), paragraph_ + 1, behind);
@@ -70,9 +70,9 @@ class CarriedEffects {
     for (; at < document_.text.size(); ++at, ++paragraph) {
       while (run + 1 < runs_.size() && runs_[run + 1].begin <= at) ++run;
       const char16_t unit = document_.text[at];
-      if (unit == marks::kCell || (unit == marks::kParagraph && IsRow(paragraph + 1))) return 0;
+      if (unit == structure::kCell || (unit == structure::kParagraph && IsRow(paragraph + 1))) return 0;
       said &= document_.characters[runs_[run].format].effects;
-      if (unit != marks::kParagraph || !IsItem(paragraph + 1)) return said;
+      if (unit != structure::kParagraph || !IsItem(paragraph + 1)) return said;
     }
     return 0;
   }
@@ -104,7 +104,7 @@ void CarryEffectsOverCells(Document& document) {
         add(at, own);
       }
       if (mark == end) break;
-      const std::size_t next = mark + (document.text[mark] == marks::kCell ? 2 : 1);
+      const std::size_t next = mark + (document.text[mark] == structure::kCell ? 2 : 1);
       while (behind + 1 < runs.size() && runs[behind + 1].begin <= next) ++behind;
       CharacterFormat format = document.characters[own];
       const std::uint16_t effects = carried.AddMark(mark, format.effects, behind);
@@ -127,7 +127,7 @@ std::vector<Run> SplitOffMarks(const Document& document) {
     Run run = document.runs[index];
     const bool is_last = index + 1 == document.runs.size();
     const std::size_t end = is_last ? document.text.size() : document.runs[index + 1].begin;
-    if (index > 0 && document.text[run.begin] == marks::kRow && ++run.begin == end) continue;
+    if (index > 0 && document.text[run.begin] == structure::kRow && ++run.begin == end) continue;
     if (index > 0) {
       const Run in_front = runs.back();
       std::size_t mark = run.begin;
@@ -152,8 +152,8 @@ void EndEffects(Document& document, std::vector<Run>& runs) {
   for (std::size_t index = runs.size(); index-- > 1;) {
     const std::size_t end = runs[index].begin;
     const char16_t mark = document.text[end - 1];
-    if (!IsMark(mark) || (mark == marks::kParagraph && !structure_follows(end))) continue;
-    const unsigned kept = mark == marks::kCell ? kCarried : 0;
+    if (!IsMark(mark) || (mark == structure::kParagraph && !structure_follows(end))) continue;
+    const unsigned kept = mark == structure::kCell ? kCarried : 0;
     CharacterFormat format = document.characters[runs[index - 1].format];
     format.effects &= static_cast<std::uint16_t>(document.characters[runs[index].format].effects | kept);
     runs[index - 1].format = document.characters.Id(format);
@@ -164,7 +164,7 @@ void EndEffects(Document& document, std::vector<Run>& runs) {
 /// that changes the font: the rules would drop it.
 void DelaySizes(Document& document, std::vector<Run>& runs) {
   for (std::size_t index = 2; index < runs.size(); ++index) {
-    if (document.text[runs[index].begin - 1] != marks::kParagraph) continue;
+    if (document.text[runs[index].begin - 1] != structure::kParagraph) continue;
     const CharacterFormat& next = document.characters[runs[index].format];
     CharacterFormat format = document.characters[runs[index - 1].format];
     if (format.font == next.font) continue;

@@ -17,14 +17,14 @@
 
 namespace quillary::platform::rtf {
 
-namespace marks {
+namespace structure {
 inline constexpr char16_t kObject = 1;      // a picture or an embedded object
 inline constexpr char16_t kRow = 5;         // ends a table row
 inline constexpr char16_t kCell = 7;        // ends a cell
 inline constexpr char16_t kTab = 9;         //
 inline constexpr char16_t kLine = 11;       // a line break within a paragraph
 inline constexpr char16_t kParagraph = 13;  // ends a paragraph
-}  // namespace marks
+}  // namespace structure
 
 /// A byte of a symbol font is the character 0xF000 + byte.
 inline constexpr char16_t kSymbolBase = 0xF000;

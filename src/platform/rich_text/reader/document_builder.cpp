@@ -57,7 +57,7 @@ void DocumentBuilder::EndParagraph(const ParagraphEnd& paragraph, std::uint32_t 
     row_format_ = paragraph.format;
     row_has_format_ = true;
   }
-  AddUnit(marks::kParagraph, format);
+  AddUnit(structure::kParagraph, format);
   PutParagraph(paragraph);
 }
 
@@ -79,7 +79,7 @@ void DocumentBuilder::EndCell(const ParagraphEnd& paragraph, std::uint32_t forma
     document_.text.pop_back();  // the line break behind the last nested row
     if (document_.runs.back().begin > document_.text.size()) document_.runs.pop_back();
   }
-  AddUnit(marks::kCell, format);
+  AddUnit(structure::kCell, format);
   ++row_cells_;
   paragraph_begin_ = document_.text.size();
   cell_begin_ = paragraph_begin_;
@@ -95,7 +95,7 @@ void DocumentBuilder::EndRow(const ParagraphEnd& paragraph, std::uint32_t format
     row_open_ = false;
     return;
   }
-  AddUnit(marks::kRow, format);
+  AddUnit(structure::kRow, format);
   PutRow();
 }
 
@@ -103,7 +103,7 @@ void DocumentBuilder::EndRow(const ParagraphEnd& paragraph, std::uint32_t format
 void DocumentBuilder::PutRow() {
   document_.paragraphs.resize(row_first_paragraph_);
   const auto begin = document_.text.begin() + static_cast<std::ptrdiff_t>(row_begin_);
-  std::replace(begin, document_.text.end(), marks::kParagraph, marks::kLine);
+  std::replace(begin, document_.text.end(), structure::kParagraph, structure::kLine);
   row_format_.row = document_.RowId(row_words_.Words());
   row_format_.list = 0;
   ParagraphEnd row{.format = row_format_, .in_table = true};
@@ -113,7 +113,7 @@ void DocumentBuilder::PutRow() {
 }
 
 void DocumentBuilder::EndNestedRow(std::uint32_t format) {
-  AddUnit(marks::kLine, format);
+  AddUnit(structure::kLine, format);
   nested_row_end_ = document_.text.size();
 }
 
@@ -128,8 +128,8 @@ void DocumentBuilder::InsertRowMark(std::size_t at) {
   }
   const std::uint32_t format = LastFormat();
   document_.text.resize(at);
-  if (at > cell_begin_) AddUnit(marks::kCell, format);
-  AddUnit(marks::kRow, format);
+  if (at > cell_begin_) AddUnit(structure::kCell, format);
+  AddUnit(structure::kRow, format);
   PutRow();
   const std::size_t inserted = End() - at;
   document_.text += behind;

@@ -92,8 +92,7 @@ std::optional<char16_t> SymbolOfField(TextView instruction) {
   for (std::size_t index = 2; index + 1 < words.size(); ++index) {
     if (words[index] == u"\\f") return SymbolCharacter(words[index + 1], byte);
   }
-  const char narrow = static_cast<char>(byte);
-  return DecodePage(1252, {&narrow, 1}).front();
+  return WesternCharacter(byte);
 }
 
 }  // namespace quillary::platform::rtf

@@ -9,6 +9,21 @@ constexpr std::size_t kDeepest = 200000;
 
 }  // namespace
 
+bool Group::HoldsCharactersOnly() const {
+  switch (destination) {
+    case Destination::FontAlternative:
+    case Destination::LevelText:
+    case Destination::NumberBefore:
+    case Destination::NumberAfter:
+    case Destination::ObjectClass:
+    case Destination::ObjectData:
+    case Destination::FieldInstruction:
+      return true;
+    default:
+      return false;
+  }
+}
+
 bool Groups::Open() {
   if (groups_.size() >= kDeepest) {
     ++lost_;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/rich_text/reader/character_state.h"
@@ -52,6 +53,15 @@ struct Group {
   bool TakesContent() const {
     return destination == Destination::Body || destination == Destination::Nowhere;
   }
+  /// Whether it holds nothing but characters: of its words only those count that name one.
+  bool HoldsCharactersOnly() const;
+};
+
+/// What a part of the reader makes of a word that may give its group content of another kind.
+enum class Opening : std::uint8_t {
+  None,  // nothing: it is no such word
+  Done,  // the group is open, or the word means nothing there
+  Skip,  // the rest of the group is passed over
 };
 
 /// The stack of open groups. It is bounded; the lowest group is the text around the document's.
@@ -65,6 +75,9 @@ class Groups {
   /// Whether the document's own group is the only one that is open.
   bool AtDocument() const { return lost_ == 0 && groups_.size() <= 2; }
 
+  /// Closes the document's own group, which is kept for what may follow; false if it was closed before.
+  bool CloseDocument() { return !std::exchange(document_closed_, true); }
+
   /// Opens a group in the formatting of the one around it; false for one that is nested too deep to be kept.
   bool Open();
   /// Closes a group and gives it; nothing for one that was not kept.
@@ -73,6 +86,7 @@ class Groups {
  private:
   std::vector<Group> groups_;
   std::size_t lost_ = 0;  // open groups beyond the deepest that is kept
+  bool document_closed_ = false;
 };
 
 }  // namespace quillary::platform::rtf

@@ -33,7 +33,7 @@ struct Token {
 
 class Tokens {
  public:
-  explicit Tokens(TextView rtf) : rtf_(rtf) {}
+  explicit Tokens(TextView rtf) : rtf_(rtf), last_close_(rtf.rfind(u'}')) {}
 
   Token Next();
   /// Passes over everything up to the brace that closes the group in which the
@@ -41,12 +41,15 @@ class Tokens {
   void SkipGroup();
   /// What has not been read yet.
   TextView Rest() const { return rtf_.substr(at_); }
+  /// Whether the closing brace that was just read is the last of the text.
+  bool AtLastClose() const { return at_ == last_close_ + 1; }
 
  private:
   Token ControlToken();
   Token WordToken();
 
   TextView rtf_;
+  std::size_t last_close_;
   std::size_t at_ = 0;
 };
 

@@ -18,8 +18,8 @@ bool BeginsEntity(char16_t unit) {
 
 /// Whether a unit is written as a control word or an escape, or is a mark that is.
 bool IsWrittenAsWord(char16_t unit) {
-  return unit > u'~' || unit == marks::kTab || unit == marks::kLine || unit == marks::kCell ||
-         unit == marks::kRow;
+  return unit > u'~' || unit == structure::kTab || unit == structure::kLine || unit == structure::kCell ||
+         unit == structure::kRow;
 }
 
 /// Whether a unit may be written with a backslash in front.

@@ -49,7 +49,7 @@ void AppendNumber(Text& words, TextView word, std::int32_t number) {
 bool IsTypedItem(const Document& document, std::size_t begin, std::size_t end) {
   std::size_t at = begin;
   while (at < end && document.text[at] == u' ') ++at;
-  if (at + 1 >= end || document.text[at + 1] != marks::kTab) return false;
+  if (at + 1 >= end || document.text[at + 1] != structure::kTab) return false;
   const char16_t sign = document.text[at];
   const bool is_letter_or_digit = (sign >= u'0' && sign <= u'9') || (sign >= u'A' && sign <= u'Z') ||
                                   (sign >= u'a' && sign <= u'z' && sign != u'o');

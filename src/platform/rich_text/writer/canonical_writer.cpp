@@ -202,8 +202,8 @@ bool Writer::LosesOpeningMark(std::size_t index, const Text& character_words) co
   if (begin_ == paragraph.end || format.list != 0) return false;
   const char16_t mark = document_.text[begin_];
   const bool changes = tables_.FormatChanges(index);
-  if (format.row == 0) return changes && mark == marks::kLine;
-  const bool is_opening = mark == marks::kCell || mark == marks::kTab || mark == marks::kLine;
+  if (format.row == 0) return changes && mark == structure::kLine;
+  const bool is_opening = mark == structure::kCell || mark == structure::kTab || mark == structure::kLine;
   return is_opening && (changes || !character_words.empty());
 }
 
@@ -286,7 +286,7 @@ std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
   const char16_t unit = text[at];
   const char16_t next = at + 1 < text.size() ? text[at + 1] : u'\0';
   if (unit < u' ') {
-    if (unit == marks::kCell && next == marks::kRow && ends_stretch_)
+    if (unit == structure::kCell && next == structure::kRow && ends_stretch_)
       output_.PartUnicode(format_.language, symbol);
     WriteMark(unit);
   } else if (symbol && unit >= kSymbolBase + u' ' && unit <= kSymbolBase + 0xFF) {
@@ -308,15 +308,15 @@ std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
 
 void Writer::WriteMark(char16_t mark) {
   switch (mark) {
-    case marks::kTab:
+    case structure::kTab:
       return output_.Words(u"\\tab");
-    case marks::kLine:
+    case structure::kLine:
       return output_.Words(u"\\line");
-    case marks::kCell:
+    case structure::kCell:
       return output_.Words(u"\\cell");
-    case marks::kRow:
+    case structure::kRow:
       return output_.Words(u"\\row");
-    case marks::kObject:
+    case structure::kObject:
       return WriteInline();
     default:
       return;  // the end of a paragraph is written with the next one
