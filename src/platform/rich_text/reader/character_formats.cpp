@@ -21,8 +21,8 @@ void CharacterFormats::Resolve() {
   format.spacing = state.spacing;
   format.rise = state.rise;
   if (!by_control_ && !document_.runs.empty()) {
-    // A word for a language alone would leave a space on the page, in the
-    // middle of a word as like as not.
+    // A word for a language alone would leave a space on the page, often
+    // in the middle of a word.
     const CharacterFormat& last = document_.characters[document_.runs.back().format];
     CharacterFormat other_language = last;
     other_language.language = format.language;

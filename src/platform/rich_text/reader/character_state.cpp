@@ -9,7 +9,7 @@ namespace quillary::platform::rtf {
 namespace {
 
 constexpr std::int32_t kLargestSize = 3276;
-// A rise beyond 31 half points, and a spacing beyond these, are taken apart on
+// A rise beyond 31 half points, and a spacing beyond these, are split up on
 // the page and leave digits there.
 constexpr std::int32_t kMostRise = 31;
 constexpr std::int32_t kLeastSpacing = -9;
@@ -23,9 +23,9 @@ std::int16_t Spacing(std::int32_t twips) {
   return twips < kLeastSpacing || twips > kMostSpacing ? std::int16_t{0} : static_cast<std::int16_t>(twips);
 }
 
-std::int16_t Rise(const Token& token, std::int32_t sign) {
+std::int16_t Rise(const Token& token, std::int32_t direction) {
   const std::int32_t half_points = token.has_number ? token.number : 6;
-  return static_cast<std::int16_t>(sign * std::clamp(half_points, -kMostRise, kMostRise));
+  return static_cast<std::int16_t>(direction * std::clamp(half_points, -kMostRise, kMostRise));
 }
 
 std::uint16_t Size(const Token& token) {

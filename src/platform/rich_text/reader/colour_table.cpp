@@ -8,7 +8,9 @@ namespace {
 
 constexpr std::size_t kMostColours = std::numeric_limits<std::uint16_t>::max() - 1;
 
-std::uint8_t Part(const Token& token) { return static_cast<std::uint8_t>(std::clamp(token.number, 0, 255)); }
+std::uint8_t Component(const Token& token) {
+  return static_cast<std::uint8_t>(std::clamp(token.number, 0, 255));
+}
 
 }  // namespace
 
@@ -16,15 +18,15 @@ void ColourTable::ReadWord(const Token& token) {
   switch (token.keyword) {
     case Keyword::Red:
       if (!entry_) entry_.emplace();
-      entry_->red = Part(token);
+      entry_->red = Component(token);
       break;
     case Keyword::Green:
       if (!entry_) entry_.emplace();
-      entry_->green = Part(token);
+      entry_->green = Component(token);
       break;
     case Keyword::Blue:
       if (!entry_) entry_.emplace();
-      entry_->blue = Part(token);
+      entry_->blue = Component(token);
       break;
     default:
       break;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/rich_text/model/document_marks.h"
+#include "platform/rich_text/model/structure_formats.h"
 
 namespace quillary::platform::rtf {
 
@@ -48,8 +48,8 @@ void DocumentBuilder::EndParagraph(const ParagraphEnd& paragraph, std::uint32_t 
     if (!row_open_) OpenRow();
     row_said_in_table_ = true;
   } else if (row_open_ && row_cells_ > 0 && row_said_in_table_) {
-    // The row was never ended: what stands behind its last cell is no part of it.
-    InsertRowMark(paragraph_begin_);
+    // The row was never ended: what stands after its last cell is no part of it.
+    InsertRowEnd(paragraph_begin_);
   } else if (row_open_ && row_cells_ == 0 && any_said_in_table_) {
     row_open_ = false;
   }
@@ -76,7 +76,7 @@ void DocumentBuilder::EndCell(const ParagraphEnd& paragraph, std::uint32_t forma
     row_has_format_ = true;
   }
   if (nested_row_end_ == document_.text.size() && !ParagraphIsEmpty()) {
-    document_.text.pop_back();  // the line break behind the last nested row
+    document_.text.pop_back();  // the line break after the last nested row
     if (document_.runs.back().begin > document_.text.size()) document_.runs.pop_back();
   }
   AddUnit(structure::kCell, format);
@@ -119,11 +119,11 @@ void DocumentBuilder::EndNestedRow(std::uint32_t format) {
 
 /// Ends the open row at `at`, which lies in front of the paragraph that is
 /// being read.
-void DocumentBuilder::InsertRowMark(std::size_t at) {
-  Text behind = document_.text.substr(at);
-  std::vector<Run> runs_behind;
+void DocumentBuilder::InsertRowEnd(std::size_t at) {
+  const Text after = document_.text.substr(at);
+  std::vector<Run> runs_after;
   while (!document_.runs.empty() && document_.runs.back().begin > at) {
-    runs_behind.push_back(document_.runs.back());
+    runs_after.push_back(document_.runs.back());
     document_.runs.pop_back();
   }
   const std::uint32_t format = LastFormat();
@@ -132,8 +132,8 @@ void DocumentBuilder::InsertRowMark(std::size_t at) {
   AddUnit(structure::kRow, format);
   PutRow();
   const std::size_t inserted = End() - at;
-  document_.text += behind;
-  for (auto run = runs_behind.rbegin(); run != runs_behind.rend(); ++run) {
+  document_.text += after;
+  for (auto run = runs_after.rbegin(); run != runs_after.rend(); ++run) {
     document_.runs.push_back({run->begin + inserted, run->format});
   }
 }
@@ -141,7 +141,7 @@ void DocumentBuilder::InsertRowMark(std::size_t at) {
 void DocumentBuilder::Finish(const ParagraphEnd& paragraph, std::uint32_t format) {
   if (row_open_ && row_cells_ > 0) {
     if (!ParagraphIsEmpty() && !paragraph.in_table) {
-      InsertRowMark(paragraph_begin_);
+      InsertRowEnd(paragraph_begin_);
     } else {
       EndRow(paragraph, LastFormat());
     }
@@ -154,7 +154,7 @@ void DocumentBuilder::Finish(const ParagraphEnd& paragraph, std::uint32_t format
     last.in_table = false;
     EndParagraph(last, document_.runs.empty() ? format : LastFormat());
   }
-  SettleMarks(document_);
+  ChooseStructureFormats(document_);
 }
 
 }  // namespace quillary::platform::rtf

@@ -1,5 +1,5 @@
-// Puts a document together from text and marks in reading order. It settles
-// what belongs to a table row and what does not.
+// Builds a document from text and structure characters in reading order. It
+// resolves what belongs to a table row and what does not.
 #pragma once
 
 #include <cstddef>
@@ -47,7 +47,7 @@ class DocumentBuilder {
   void UseFormat(std::uint32_t format);
   void PutParagraph(const ParagraphEnd& paragraph);
   void OpenRow();
-  void InsertRowMark(std::size_t at);
+  void InsertRowEnd(std::size_t at);
   void PutRow();
   std::uint32_t LastFormat() const { return document_.runs.empty() ? 0 : document_.runs.back().format; }
 

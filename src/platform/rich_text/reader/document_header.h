@@ -1,4 +1,4 @@
-// The header of an RTF text: what it says of the document, and the tables to
+// The header of an RTF text: properties of the document, and the tables to
 // whose entries the text refers by number.
 #pragma once
 

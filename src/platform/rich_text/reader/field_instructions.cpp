@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kLongestTarget = 2048;
 
-/// The words of an instruction, quotes off. A quoted word keeps its blanks.
+/// The words of an instruction, quotes off. A quoted word keeps its spaces.
 std::vector<Text> Words(TextView instruction) {
   std::vector<Text> words;
   std::size_t at = 0;

@@ -1,4 +1,4 @@
-// What a field's instruction says.
+// The meaning of a field's instruction.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,7 @@ namespace quillary::platform::rtf {
 /// the document.
 Text LinkTarget(TextView instruction);
 
-/// Whether a link's label is its address, so that the address need not be said.
+/// Whether a link's label is its address, so that the address need not be added.
 bool IsSameTarget(TextView label, TextView target);
 
 /// The character of a SYMBOL field.

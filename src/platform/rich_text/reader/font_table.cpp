@@ -17,7 +17,7 @@ constexpr std::size_t kMostFonts = std::numeric_limits<std::uint16_t>::max() - 1
 struct Charset {
   std::int32_t charset;
   int code_page;
-  TextView suffix;  // behind the names of such fonts
+  TextView suffix;  // after the names of such fonts
 };
 
 constexpr Charset kCharsets[] = {
@@ -74,7 +74,7 @@ bool IsAscii(TextView text) {
   return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
 }
 
-// The name as the canonical table may hold it: nothing that ends an entry, no mark of
+// The name as the canonical table may hold it: nothing that ends an entry, no "@" of
 // vertical writing, no three capitals, which the reader of the table takes
 // for a tag.
 Text TableName(TextView raw) {

@@ -19,7 +19,7 @@ class ListItems {
 
   /// Takes the label of the paragraph as its producer wrote it.
   void SetLabel(Text label) { label_ = std::move(label); }
-  /// The paragraph's formatting starts anew.
+  /// The paragraph's formatting is reset.
   void ResetParagraph() { label_before_reset_ = label_.has_value(); }
   void EndCell() { label_.reset(); }
   void EndParagraph() {

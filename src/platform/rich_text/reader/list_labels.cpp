@@ -13,16 +13,16 @@ bool IsLetterOrDigit(char16_t unit) {
 }
 
 Text Roman(std::int32_t number) {
-  struct Sign {
+  struct Numeral {
     std::int32_t value;
     TextView text;
   };
-  constexpr Sign kSigns[] = {{1000, u"M"}, {900, u"CM"}, {500, u"D"}, {400, u"CD"}, {100, u"C"},
-                             {90, u"XC"},  {50, u"L"},   {40, u"XL"}, {10, u"X"},   {9, u"IX"},
-                             {5, u"V"},    {4, u"IV"},   {1, u"I"}};
+  constexpr Numeral kNumerals[] = {{1000, u"M"}, {900, u"CM"}, {500, u"D"}, {400, u"CD"}, {100, u"C"},
+                                   {90, u"XC"},  {50, u"L"},   {40, u"XL"}, {10, u"X"},   {9, u"IX"},
+                                   {5, u"V"},    {4, u"IV"},   {1, u"I"}};
   Text result;
-  for (const Sign& sign : kSigns) {
-    for (; number >= sign.value; number -= sign.value) result += sign.text;
+  for (const Numeral& numeral : kNumerals) {
+    for (; number >= numeral.value; number -= numeral.value) result += numeral.text;
   }
   return result;
 }

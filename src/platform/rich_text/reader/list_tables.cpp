@@ -53,7 +53,7 @@ void ListTables::ReadTableWord(const Token& token) {
 void ListTables::SetLevelText(const Text& text) {
   if (level_count_ == 0 || level_count_ > kLevels || text.empty()) return;
   Text& target = levels_[level_count_ - 1].text;
-  target = text.substr(1, kLongestLevelText);  // behind its length
+  target = text.substr(1, kLongestLevelText);  // after its length
   if (!target.empty() && target.back() == u';') target.pop_back();
 }
 

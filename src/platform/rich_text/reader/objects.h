@@ -15,7 +15,7 @@ class Objects {
  public:
   explicit Objects(Document& document) : document_(document) {}
 
-  /// Takes a word that makes `group` an object or says something of the one in which it stands.
+  /// Takes a word that makes `group` an object or describes the one in which it stands.
   Opening Open(const Token& token, Group& group);
   void SetClass(const Text& name);
   void ReadDigits(TextView digits) { data_.Add(digits); }

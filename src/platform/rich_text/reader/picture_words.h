@@ -13,7 +13,7 @@ namespace quillary::platform::rtf {
 class PictureWords {
  public:
   void Read(const Token& token);
-  /// The canonical words; empty for a picture whose kind was never said.
+  /// The canonical words; a picture whose kind was never stated is a bitmap.
   Text Words() const;
 
  private:

@@ -23,30 +23,30 @@ bool RowWords::Read(const Token& token) {
   return ReadMeasureWord(token) || ReadBorderWord(token);
 }
 
-void RowWords::BeginAnew() {
+void RowWords::BeginNew() {
   if (ended_) *this = RowWords{};
 }
 
 bool RowWords::ReadMeasureWord(const Token& token) {
   switch (token.keyword) {
     case Keyword::Trgaph:
-      BeginAnew();
+      BeginNew();
       gap_ = Twips(token.number);
       return true;
     case Keyword::Trleft:
-      BeginAnew();
+      BeginNew();
       left_ = Twips(token.number);
       return true;
     case Keyword::Trqc:
-      BeginAnew();
+      BeginNew();
       alignment_ = Alignment::Centre;
       return true;
     case Keyword::Trqr:
-      BeginAnew();
+      BeginNew();
       alignment_ = Alignment::Right;
       return true;
     case Keyword::Cellx:
-      BeginAnew();
+      BeginNew();
       EndCellDefinition(token.number);
       return true;
     default:
@@ -90,13 +90,13 @@ bool RowWords::ReadBorderWord(const Token& token) {
 }
 
 bool RowWords::BeginBorder(bool of_row, std::size_t side) {
-  BeginAnew();
+  BeginNew();
   border_ = of_row ? &row_borders_[side] : &cell_borders_[side];
   return true;
 }
 
 // The control writes style and width of a row's border in the other order
-// than those of a cell's, and a blank behind each of the former.
+// than those of a cell's, and a space after each of the former.
 void RowWords::AppendBorder(Text& words, TextView side, const Border& border, bool of_row) {
   if (!border.shown) return;
   words.append(side);

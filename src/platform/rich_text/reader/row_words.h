@@ -17,7 +17,7 @@ class RowWords {
   bool Read(const Token& token);
   /// The definition as it stands.
   Text Words() const;
-  /// A row ended. A word that follows begins a definition anew; without one
+  /// A row ended. A word that follows begins a new definition; without one
   /// the next row has the same.
   void EndRow() { ended_ = true; }
 
@@ -28,7 +28,7 @@ class RowWords {
   };
   using Borders = std::array<Border, 4>;  // top, left, bottom, right
 
-  void BeginAnew();
+  void BeginNew();
   bool ReadMeasureWord(const Token& token);
   bool ReadBorderWord(const Token& token);
   bool BeginBorder(bool of_row, std::size_t side);

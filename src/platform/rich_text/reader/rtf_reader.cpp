@@ -229,7 +229,7 @@ bool Reader::OpenDestination(const Token& token) {
     case Keyword::Skipped:
       return Take(Opening::Skip);
     case Keyword::Htmltag:
-      // The mark-up of a page. An entity in it is shown by what follows for
+      // The markup of a page. An entity in it is shown by what follows for
       // readers without HTML.
       body_.SetHtmlEntity(tokens_.Rest().starts_with(u'&'));
       return Take(Opening::Skip);

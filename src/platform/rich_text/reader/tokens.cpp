@@ -9,8 +9,8 @@ namespace {
 bool IsLetter(char16_t unit) { return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z'); }
 bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
-/// The signs that stand for themselves: from the blank to the tilde, but for
-/// the three that make RTF.
+/// The characters that stand for themselves: from the space to the tilde, but
+/// for the three that make RTF.
 bool IsPlain(char16_t unit) {
   return unit >= u' ' && unit <= u'~' && unit != u'\\' && unit != u'{' && unit != u'}';
 }
@@ -61,7 +61,7 @@ Token Tokens::ControlToken() {
   if (unit == u'\'') {
     const int high = at_ < rtf_.size() ? HexDigit(rtf_[at_]) : -1;
     const int low = at_ + 1 < rtf_.size() ? HexDigit(rtf_[at_ + 1]) : -1;
-    // Of a damaged escape only the two signs go: what stands behind them is text.
+    // Of a damaged escape only the two characters go: what stands after them is text.
     if (high < 0 || low < 0) return {.kind = Token::Kind::Symbol, .unit = unit};
     at_ += 2;
     return {.kind = Token::Kind::Byte, .unit = static_cast<char16_t>(high * 16 + low)};

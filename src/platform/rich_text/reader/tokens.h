@@ -16,11 +16,11 @@ struct Token {
     Open,    // {
     Close,   // }
     Word,    // a control word, with its keyword and its number
-    Symbol,  // a control symbol, with its sign in `unit`
+    Symbol,  // a control symbol, its character in `unit`
     Byte,    // an escape of two hexadecimal digits, its value in `unit`
-    Text,    // plain signs from the blank to the tilde, in `text`
+    Text,    // plain characters from the space to the tilde, in `text`
     Unit,    // one unit beyond those, in `unit`
-    Binary,  // the bytes behind \bin, in `text`
+    Binary,  // the bytes after \bin, in `text`
   };
 
   Kind kind = Kind::End;

@@ -1,4 +1,4 @@
-// What the number of a control word says.
+// The values that the numbers of control words stand for.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 namespace quillary::platform::rtf {
 
 /// What a word that sets a state sets it to: "\b" and "\b1" switch it on,
-/// "\b0" off. It never turns the state over.
+/// "\b0" off. It never toggles the state.
 bool IsOn(const Token& token);
 
 /// A measure in twips, held within what a page can have.

@@ -1,4 +1,4 @@
-#include "platform/rich_text/model/document_marks.h"
+#include "platform/rich_text/model/structure_formats.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -8,19 +8,20 @@
 namespace quillary::platform::rtf {
 namespace {
 
-bool EndsCellOrParagraph(char16_t unit) {
+bool EndsCellRowOrParagraph(char16_t unit) {
   return unit <= structure::kParagraph &&
          (unit == structure::kCell || unit == structure::kRow || unit == structure::kParagraph);
 }
-bool IsMark(char16_t unit) { return unit == structure::kParagraph || unit == structure::kCell; }
+bool IsEnd(char16_t unit) { return unit == structure::kParagraph || unit == structure::kCell; }
 
 constexpr unsigned kCarried = kBold | kItalic | kUnderline;
 
 /// What the page carries from one cell into all that follow in the row, and no
 /// further: bold type, italics and underlines that some text of the row has
-/// had. They go on over the marks of its cells, so that each cell ends them for
-/// itself. At the end of the row they end if the text behind has them, which
-/// must say so anew; else that text ends them. In front of a row they end.
+/// had. They go on over the ends of its cells, so that each cell ends them for
+/// itself. At the end of the row they end if the text after it has them, whose
+/// words then stand there again; else that text ends them. In front of a row
+/// they end.
 class CarriedEffects {
  public:
   CarriedEffects(const Document& document, const std::vector<Run>& runs) : document_(document), runs_(runs) {}
@@ -29,14 +30,14 @@ class CarriedEffects {
     last_ = effects & kCarried;
     seen_ |= last_;
   }
-  /// The effects of the mark at `at`, which has `own`. The unit behind the row
-  /// that it may end is in the run `behind`.
-  std::uint16_t AddMark(std::size_t at, unsigned own, std::size_t behind) {
+  /// The effects of the end of a cell or paragraph at `at`, which has `own`. The
+  /// unit after the row that it may end is in the run `after`.
+  std::uint16_t AddEnd(std::size_t at, unsigned own, std::size_t after) {
     const bool ends_cell = document_.text[at] == structure::kCell;
     const bool ends_row = document_.text[at + (ends_cell ? 1 : 0)] == structure::kRow;
     unsigned carried = own & kCarried;
     if (ends_row) {
-      carried = last_ & ~Said(at + (ends_cell ? 2 : 1), paragraph_ + 1, behind);
+      carried = last_ & ~EffectsAt(at + (ends_cell ? 2 : 1), paragraph_ + 1, after);
     } else if (ends_cell) {
       carried = seen_;
     } else if (IsRow(paragraph_ + 1)) {
@@ -63,16 +64,16 @@ class CarriedEffects {
     const ParagraphFormat* const format = FormatOf(paragraph);
     return format != nullptr && format->list != 0;
   }
-  /// The effects that will be in force at the start of a paragraph. The mark of
+  /// The effects that will be in force at the start of a paragraph. The end of
   /// an empty one keeps in front of an item only those that the item has.
-  unsigned Said(std::size_t at, std::size_t paragraph, std::size_t run) const {
-    unsigned said = kCarried;
+  unsigned EffectsAt(std::size_t at, std::size_t paragraph, std::size_t run) const {
+    unsigned effects = kCarried;
     for (; at < document_.text.size(); ++at, ++paragraph) {
       while (run + 1 < runs_.size() && runs_[run + 1].begin <= at) ++run;
       const char16_t unit = document_.text[at];
       if (unit == structure::kCell || (unit == structure::kParagraph && IsRow(paragraph + 1))) return 0;
-      said &= document_.characters[runs_[run].format].effects;
-      if (unit != structure::kParagraph || !IsItem(paragraph + 1)) return said;
+      effects &= document_.characters[runs_[run].format].effects;
+      if (unit != structure::kParagraph || !IsItem(paragraph + 1)) return effects;
     }
     return 0;
   }
@@ -92,36 +93,37 @@ void CarryEffectsOverCells(Document& document) {
       document.runs.push_back({begin, format});
   };
   CarriedEffects carried(document, runs);
-  std::size_t behind = 0;  // the run of the unit behind a row
+  std::size_t after = 0;  // the run of the unit after a row
   for (std::size_t index = 0; index < runs.size(); ++index) {
     const std::uint32_t own = runs[index].format;
     const std::size_t end = index + 1 < runs.size() ? runs[index + 1].begin : document.text.size();
     for (std::size_t at = runs[index].begin; at < end; ++at) {
-      std::size_t mark = at;
-      while (mark < end && !EndsCellOrParagraph(document.text[mark])) ++mark;
-      if (mark > at) {
+      std::size_t stop = at;
+      while (stop < end && !EndsCellRowOrParagraph(document.text[stop])) ++stop;
+      if (stop > at) {
         carried.AddText(document.characters[own].effects);
         add(at, own);
       }
-      if (mark == end) break;
-      const std::size_t next = mark + (document.text[mark] == structure::kCell ? 2 : 1);
-      while (behind + 1 < runs.size() && runs[behind + 1].begin <= next) ++behind;
+      if (stop == end) break;
+      const std::size_t next = stop + (document.text[stop] == structure::kCell ? 2 : 1);
+      while (after + 1 < runs.size() && runs[after + 1].begin <= next) ++after;
       CharacterFormat format = document.characters[own];
-      const std::uint16_t effects = carried.AddMark(mark, format.effects, behind);
+      const std::uint16_t effects = carried.AddEnd(stop, format.effects, after);
       if (effects == format.effects) {
-        add(mark, own);
+        add(stop, own);
       } else {
         format.effects = effects;
-        add(mark, document.characters.Id(format));
+        add(stop, document.characters.Id(format));
       }
-      at = mark;
+      at = stop;
     }
   }
 }
 
-/// The runs, with a run of its own for each of the marks in front of a change. A row's
-/// mark has the format of what it ends: words in front of it would be a cell.
-std::vector<Run> SplitOffMarks(const Document& document) {
+/// The runs, with a run of its own for each of the ends of cells and paragraphs in
+/// front of a change. The end of a row has the format of what it ends: words in
+/// front of it would be a cell.
+std::vector<Run> SplitOffEnds(const Document& document) {
   std::vector<Run> runs;
   for (std::size_t index = 0; index < document.runs.size(); ++index) {
     Run run = document.runs[index];
@@ -130,18 +132,18 @@ std::vector<Run> SplitOffMarks(const Document& document) {
     if (index > 0 && document.text[run.begin] == structure::kRow && ++run.begin == end) continue;
     if (index > 0) {
       const Run in_front = runs.back();
-      std::size_t mark = run.begin;
-      while (mark > in_front.begin + 1 && IsMark(document.text[mark - 1])) --mark;
-      for (; mark < run.begin; ++mark) runs.push_back({mark, in_front.format});
+      std::size_t end_at = run.begin;
+      while (end_at > in_front.begin + 1 && IsEnd(document.text[end_at - 1])) --end_at;
+      for (; end_at < run.begin; ++end_at) runs.push_back({end_at, in_front.format});
     }
     runs.push_back(run);
   }
   return runs;
 }
 
-/// Effects that end behind a mark end in front of it where a cell, a row or an
-/// item follows: the page would close them within the cell or the item, where
-/// they do not end for what comes behind.
+/// Effects that end after the end of a cell or paragraph end in front of it where
+/// a cell, a row or an item follows: the page would close them within the cell or
+/// the item, where they do not end for what comes after.
 void EndEffects(Document& document, std::vector<Run>& runs) {
   std::size_t paragraph = document.paragraphs.size();
   const auto structure_follows = [&](std::size_t end) {
@@ -151,16 +153,16 @@ void EndEffects(Document& document, std::vector<Run>& runs) {
   };
   for (std::size_t index = runs.size(); index-- > 1;) {
     const std::size_t end = runs[index].begin;
-    const char16_t mark = document.text[end - 1];
-    if (!IsMark(mark) || (mark == structure::kParagraph && !structure_follows(end))) continue;
-    const unsigned kept = mark == structure::kCell ? kCarried : 0;
+    const char16_t last = document.text[end - 1];
+    if (!IsEnd(last) || (last == structure::kParagraph && !structure_follows(end))) continue;
+    const unsigned kept = last == structure::kCell ? kCarried : 0;
     CharacterFormat format = document.characters[runs[index - 1].format];
     format.effects &= static_cast<std::uint16_t>(document.characters[runs[index].format].effects | kept);
     runs[index - 1].format = document.characters.Id(format);
   }
 }
 
-/// A size that only a paragraph mark brings waits for the text behind it where
+/// A size that only a paragraph's end brings waits for the text after it where
 /// that changes the font: the rules would drop it.
 void DelaySizes(Document& document, std::vector<Run>& runs) {
   for (std::size_t index = 2; index < runs.size(); ++index) {
@@ -178,9 +180,9 @@ void DelaySizes(Document& document, std::vector<Run>& runs) {
 
 }  // namespace
 
-void SettleMarks(Document& document) {
+void ChooseStructureFormats(Document& document) {
   CarryEffectsOverCells(document);
-  std::vector<Run> runs = SplitOffMarks(document);
+  std::vector<Run> runs = SplitOffEnds(document);
   EndEffects(document, runs);
   DelaySizes(document, runs);
   document.runs.clear();
