@@ -19,9 +19,8 @@ class FontTable {
   void ReadWord(const Token& token);
   void ReadText(TextView text);
   void ReadByte(unsigned char byte);
-  /// The other name of the font that is being read, which is taken where the
-  /// name itself has letters that no page can name a font by.
-  void SetAlternativeName(const Text& name) { alternative_ = name; }
+  /// The other name of the font that is being read.
+  void SetAlternativeName(const Text& name) { entry_.alternative_name = name; }
   /// The table is complete.
   void Close();
 
@@ -36,11 +35,18 @@ class FontTable {
   bool IsSymbol(std::int32_t number) const;
 
  private:
+  struct Entry {
+    Font font;
+    std::int32_t number = 0;
+    bool is_open = false;
+    std::string bytes;  // of the name
+    Text alternative_name;
+  };
+
   void EndEntry();
   std::optional<std::uint16_t> FindIndex(std::int32_t number) const;
   const Font* Find(std::int32_t number) const;
   int CodePageOfCharset(const Font& font) const;
-  Text PlainName();
 
   Document& document_;
   std::unordered_map<std::int32_t, std::uint16_t> indexes_;
@@ -49,11 +55,7 @@ class FontTable {
   int document_code_page_ = 1252;
   bool western_means_document_ = false;
 
-  Font font_;  // being read
-  std::int32_t number_ = 0;
-  bool open_ = false;
-  std::string bytes_;  // of the name
-  Text alternative_;
+  Entry entry_;  // being read
 };
 
 }  // namespace quillary::platform::rtf
