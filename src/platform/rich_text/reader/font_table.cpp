@@ -23,10 +23,6 @@ void FontTable::ReadWord(const Token& token) {
       entry_.is_open = true;
       entry_.number = token.number;
       break;
-    case Keyword::Fnil:
-    case Keyword::Ftech:
-    case Keyword::Fbidi:
-      break;
     case Keyword::Froman:
       entry_.font.family = "froman";
       break;
