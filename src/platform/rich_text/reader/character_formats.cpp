@@ -39,11 +39,11 @@ void CharacterFormats::Resolve() {
 std::uint32_t CharacterFormats::StructureId() {
   const std::uint32_t own = Id();
   if (by_control_ || document_.runs.empty() || document_.runs.back().format == own) return own;
-  const CharacterFormat& structure = document_.characters[own];
+  const CharacterFormat& own_format = document_.characters[own];
   CharacterFormat format = document_.characters[document_.runs.back().format];
-  format.effects &= structure.effects;
-  if (structure.highlight == 0) format.highlight = 0;
-  if (structure.rise == 0) format.rise = 0;
+  format.effects &= own_format.effects;
+  if (own_format.highlight == 0) format.highlight = 0;
+  if (own_format.rise == 0) format.rise = 0;
   return document_.characters.Id(format);
 }
 

@@ -15,7 +15,7 @@ class CharacterFormats {
   CharacterFormats(Document& document, DocumentHeader& header, const Groups& groups)
       : document_(document), header_(header), groups_(groups) {}
 
-  /// The control wrote the text itself, or it did not: its formats are taken as they are.
+  /// Whether the control wrote the text itself: then its formats are taken as they are.
   void SetWrittenByControl(bool by_control) { by_control_ = by_control; }
   /// The formatting of the deepest group is no longer what it was.
   void Change() { changed_ = true; }
