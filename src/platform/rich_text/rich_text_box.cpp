@@ -10,11 +10,11 @@
 namespace quillary::platform {
 namespace {
 
-/// Behind the mark of an encoding and blank space.
+/// Whether a text is RTF, after a byte order mark and space, which are removed.
 bool IsRtf(TextView& text) {
-  constexpr TextView kMark = u"\u00EF\u00BB\u00BF";
+  constexpr TextView kByteOrderMark = u"\u00EF\u00BB\u00BF";
   TextView rest = text;
-  if (rest.starts_with(kMark)) rest.remove_prefix(kMark.size());
+  if (rest.starts_with(kByteOrderMark)) rest.remove_prefix(kByteOrderMark.size());
   if (rest.starts_with(u'\uFEFF')) rest.remove_prefix(1);
   while (!rest.empty() && rest.front() <= u' ') rest.remove_prefix(1);
   if (!rest.starts_with(u"{\\rtf")) return false;
@@ -30,7 +30,7 @@ class RtfTextBox final : public RichTextBox {
  public:
   void SetTextRTF(TextView rtf) override {
     CheckLimit(rtf);
-    document_ = IsRtf(rtf) ? rtf::Reader(rtf).Read() : rtf::ReadPlainText(rtf);
+    document_ = IsRtf(rtf) ? rtf::ReadRtf(rtf) : rtf::ReadPlainText(rtf);
   }
   Text TextRTF() const override { return rtf::WriteCanonical(document_); }
 

@@ -1,6 +1,7 @@
-// What the rich text control holds: one text with marks in it for everything
-// that is no character, runs of character formatting over it, and paragraphs.
-// A table row is one paragraph whose cells are set apart by marks.
+// The document model of the rich text control: one text with structure characters
+// in it for everything that is no character, runs of character formatting over
+// it, and paragraphs. A table row is one paragraph, in which each cell ends with a
+// structure character.
 #pragma once
 
 #include <array>
@@ -17,14 +18,15 @@
 
 namespace quillary::platform::rtf {
 
-namespace marks {
-inline constexpr char16_t kObject = 1;      // a picture or an embedded object
-inline constexpr char16_t kRow = 5;         // ends a table row
-inline constexpr char16_t kCell = 7;        // ends a cell
-inline constexpr char16_t kTab = 9;         //
+/// Characters of the text that stand for its structure.
+namespace structure {
+inline constexpr char16_t kObject = 1;  // a picture or an embedded object
+inline constexpr char16_t kRow = 5;     // ends a table row
+inline constexpr char16_t kCell = 7;    // ends a cell
+inline constexpr char16_t kTab = 9;
 inline constexpr char16_t kLine = 11;       // a line break within a paragraph
 inline constexpr char16_t kParagraph = 13;  // ends a paragraph
-}  // namespace marks
+}  // namespace structure
 
 /// A byte of a symbol font is the character 0xF000 + byte.
 inline constexpr char16_t kSymbolBase = 0xF000;
@@ -83,7 +85,7 @@ struct ParagraphFormat {
 
 enum class NumberStyle : std::uint8_t { Decimal, UpperLetter, LowerLetter, UpperRoman, LowerRoman };
 
-/// How the items of a list are marked.
+/// What stands in front of the items of a list.
 struct ListFormat {
   bool bullet = true;
   NumberStyle style = NumberStyle::Decimal;
@@ -145,7 +147,7 @@ struct Label {
 };
 
 struct Paragraph {
-  std::size_t end = 0;  // behind its mark
+  std::size_t end = 0;  // after its structure character
   std::uint32_t format = 0;
   std::uint32_t label = 0;    // index into Document::labels, 0 is none
   bool stray_bullet = false;  // the control wrote the last list's bullet in front of it by mistake
@@ -173,11 +175,12 @@ class Pool {
   std::unordered_map<std::string, std::uint32_t> ids_;
 };
 
+/// What the control holds.
 struct Document {
   Text text;
   std::vector<Run> runs;
   std::vector<Paragraph> paragraphs;
-  std::vector<Inline> inlines;  // in the order of their marks
+  std::vector<Inline> inlines;  // in the order of their structure characters
 
   Pool<CharacterFormat> characters;
   Pool<ParagraphFormat> formats;
@@ -189,7 +192,7 @@ struct Document {
   std::vector<Font> fonts;
   std::vector<Colour> colours;
 
-  bool right_to_left = false;  // \fbidis: every paragraph says its direction
+  bool right_to_left = false;  // \fbidis: every paragraph states its direction
   bool states_code_page = true;
   std::int32_t language = 1033;
   std::size_t source_units = 0;  // length of the RTF that was read, 0 if it was none

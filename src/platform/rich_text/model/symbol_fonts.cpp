@@ -8,7 +8,7 @@ namespace {
 constexpr unsigned char kFirstLow = 0x20;
 constexpr unsigned char kFirstHigh = 0xA0;
 
-constexpr char16_t kLowSigns[] = {
+constexpr char16_t kLowCharacters[] = {
     0x0020, 0x0021, 0x2200, 0x0023, 0x2203, 0x0025, 0x0026, 0x220B, 0x0028, 0x0029, 0x2217, 0x002B,
     0x002C, 0x2212, 0x002E, 0x002F, 0x0030, 0x0031, 0x0032, 0x0033, 0x0034, 0x0035, 0x0036, 0x0037,
     0x0038, 0x0039, 0x003A, 0x003B, 0x003C, 0x003D, 0x003E, 0x003F, 0x2245, 0x0391, 0x0392, 0x03A7,
@@ -19,7 +19,7 @@ constexpr char16_t kLowSigns[] = {
     0x03C4, 0x03C5, 0x03D6, 0x03C9, 0x03BE, 0x03C8, 0x03B6, 0x007B, 0x007C, 0x007D, 0x223C,
 };
 
-constexpr char16_t kHighSigns[] = {
+constexpr char16_t kHighCharacters[] = {
     0x20AC, 0x03D2, 0x2032, 0x2264, 0x2044, 0x221E, 0x0192, 0x2663, 0x2666, 0x2665, 0x2660, 0x2194,
     0x2190, 0x2191, 0x2192, 0x2193, 0x00B0, 0x00B1, 0x2033, 0x2265, 0x00D7, 0x221D, 0x2202, 0x2022,
     0x00F7, 0x2260, 0x2261, 0x2248, 0x2026, 0x23D0, 0x23AF, 0x21B5, 0x2135, 0x2111, 0x211C, 0x2118,
@@ -30,13 +30,13 @@ constexpr char16_t kHighSigns[] = {
     0x23AE, 0x2321, 0x239E, 0x239F, 0x23A0, 0x23A4, 0x23A5, 0x23A6, 0x23AB, 0x23AC, 0x23AD,
 };
 
-struct Sign {
+struct Symbol {
   unsigned char byte;
   char16_t character;
 };
 
-// Of the font Wingdings: the signs that stand in running text and lists.
-constexpr Sign kPictureSigns[] = {
+// Of the font Wingdings: what stands in running text and lists.
+constexpr Symbol kPictureSymbols[] = {
     {0x28, 0x260E}, {0x2A, 0x2709}, {0x46, 0x261E}, {0x4A, 0x263A}, {0x4C, 0x2639}, {0x6C, 0x25CF},
     {0x6E, 0x25A0}, {0x6F, 0x25A1}, {0x71, 0x2751}, {0x72, 0x2752}, {0x75, 0x25C6}, {0x76, 0x2756},
     {0x77, 0x25C6}, {0x9E, 0x00B7}, {0x9F, 0x2022}, {0xA0, 0x25AA}, {0xA7, 0x25AA}, {0xA8, 0x25FB},
@@ -54,11 +54,11 @@ char16_t WesternCharacter(unsigned char byte) {
 char16_t SymbolCharacter(TextView font_name, unsigned char byte) {
   char16_t character = 0;
   if (Equal(font_name, u"Symbol", Compare::IgnoreCase)) {
-    if (byte >= kFirstLow && byte < 0x7F) character = kLowSigns[byte - kFirstLow];
-    if (byte >= kFirstHigh && byte < 0xFF) character = kHighSigns[byte - kFirstHigh];
+    if (byte >= kFirstLow && byte < 0x7F) character = kLowCharacters[byte - kFirstLow];
+    if (byte >= kFirstHigh && byte < 0xFF) character = kHighCharacters[byte - kFirstHigh];
   } else if (Equal(font_name, u"Wingdings", Compare::IgnoreCase)) {
-    for (const Sign& sign : kPictureSigns) {
-      if (sign.byte == byte) character = sign.character;
+    for (const Symbol& symbol : kPictureSymbols) {
+      if (symbol.byte == byte) character = symbol.character;
     }
   }
   return character != 0 ? character : WesternCharacter(byte);

@@ -1,4 +1,4 @@
-// The signs of symbol fonts as characters.
+// What the bytes of symbol fonts look like.
 #pragma once
 
 #include "text/text.h"
@@ -6,7 +6,7 @@
 namespace quillary::platform::rtf {
 
 /// The character that looks like `byte` in this font; the Western character of
-/// the byte where the font or the sign is not known.
+/// the byte where the font or the symbol is not known.
 char16_t SymbolCharacter(TextView font_name, unsigned char byte);
 
 }  // namespace quillary::platform::rtf

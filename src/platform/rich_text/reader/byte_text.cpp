@@ -1,5 +1,6 @@
 #include "platform/rich_text/reader/byte_text.h"
 
+#include <array>
 #include <utility>
 
 #include "platform/code_pages/code_pages.h"
@@ -9,7 +10,6 @@ namespace quillary::platform::rtf {
 namespace {
 
 constexpr int kUtf8 = 65001;
-constexpr int kWestern = 1252;
 
 /// Length of the UTF-8 sequence that a byte opens; 1 for any other byte.
 std::size_t SequenceLength(unsigned char byte) {
@@ -31,9 +31,21 @@ std::size_t IncompleteUtf8(std::string_view bytes) {
 
 }  // namespace
 
+char16_t WesternCharacter(unsigned char byte) {
+  static const std::array<char16_t, 256> kTable = [] {
+    std::array<char16_t, 256> units{};
+    for (std::size_t index = 0; index < units.size(); ++index) {
+      const char narrow = static_cast<char>(index);
+      units[index] = FromWindows1252({&narrow, 1}).front();
+    }
+    return units;
+  }();
+  return kTable[byte];
+}
+
 Text DecodePage(int code_page, std::string_view bytes) {
   if (code_page == kUtf8) return FromUtf8(bytes);
-  if (code_page == kWestern || !IsKnownCodePage(code_page)) return FromWindows1252(bytes);
+  if (code_page == kWesternPage || !IsKnownCodePage(code_page)) return FromWindows1252(bytes);
   return DecodeBytes(code_page, bytes);
 }
 
@@ -73,9 +85,9 @@ Text ByteText::TakeAll() {
   return text;
 }
 
-bool ByteText::Wants(char16_t unit) const {
-  constexpr char16_t kFirstTrail = 0x40;
-  return code_page_ != kUtf8 && unit >= kFirstTrail && unit < 0x7F && !bytes_.empty() &&
+bool ByteText::TakesAsSecond(char16_t unit) const {
+  constexpr char16_t kFirstSecond = 0x40;
+  return code_page_ != kUtf8 && unit >= kFirstSecond && unit < 0x7F && !bytes_.empty() &&
          IncompleteTail() == 1;
 }
 

@@ -1,5 +1,5 @@
 // Turns the bytes of an RTF text into characters. A pair of bytes may be split
-// over several escapes, over groups, and over an escape and a plain sign.
+// over several escapes, over groups, and over an escape and a plain character.
 #pragma once
 
 #include <string>
@@ -9,6 +9,11 @@
 #include "text/text.h"
 
 namespace quillary::platform::rtf {
+
+inline constexpr int kWesternPage = 1252;
+
+/// The Windows-1252 character of a byte.
+char16_t WesternCharacter(unsigned char byte);
 
 /// As DecodeBytes, for UTF-8 too (65001); an unknown page counts as Western.
 Text DecodePage(int code_page, std::string_view bytes);
@@ -24,14 +29,16 @@ class ByteText {
   Text TakeComplete();
   /// Gives all that is held.
   Text TakeAll();
-  /// Whether a byte that is held waits for this plain sign.
-  bool Wants(char16_t unit) const;
+  /// Forgets what is held.
+  void Clear() { bytes_.clear(); }
+  /// Whether the first byte of a pair is held and this plain character is its second.
+  bool TakesAsSecond(char16_t unit) const;
 
  private:
   std::size_t IncompleteTail() const;
 
   std::string bytes_;
-  int code_page_ = 1252;
+  int code_page_ = kWesternPage;
 };
 
 }  // namespace quillary::platform::rtf

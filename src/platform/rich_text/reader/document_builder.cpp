@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/rich_text/model/document_marks.h"
+#include "platform/rich_text/model/structure_formats.h"
 
 namespace quillary::platform::rtf {
 
@@ -32,121 +32,111 @@ void DocumentBuilder::PutParagraph(const ParagraphEnd& paragraph) {
   paragraph_begin_ = document_.text.size();
 }
 
-void DocumentBuilder::OpenRow() {
-  row_open_ = true;
-  row_begin_ = paragraph_begin_;
-  cell_begin_ = paragraph_begin_;
-  row_first_paragraph_ = document_.paragraphs.size();
-  row_cells_ = 0;
-  row_said_in_table_ = false;
-  row_has_format_ = false;
+/// The row that is open; a new one if there is none.
+DocumentBuilder::Row& DocumentBuilder::OpenRow() {
+  if (!row_) {
+    row_.emplace();
+    row_->begin = paragraph_begin_;
+    row_->cell_begin = paragraph_begin_;
+    row_->first_paragraph = document_.paragraphs.size();
+  }
+  return *row_;
 }
 
 void DocumentBuilder::EndParagraph(const ParagraphEnd& paragraph, std::uint32_t format) {
   if (paragraph.in_table) {
-    any_said_in_table_ = true;
-    if (!row_open_) OpenRow();
-    row_said_in_table_ = true;
-  } else if (row_open_ && row_cells_ > 0 && row_said_in_table_) {
-    // The row was never ended: what stands behind its last cell is no part of it.
-    InsertRowMark(paragraph_begin_);
-  } else if (row_open_ && row_cells_ == 0 && any_said_in_table_) {
-    row_open_ = false;
+    any_in_table_ = true;
+    OpenRow().in_table = true;
+  } else if (row_ && row_->cells > 0 && row_->in_table) {
+    // The row was never ended: what stands after its last cell is no part of it.
+    InsertRowEnd(paragraph_begin_);
+  } else if (row_ && row_->cells == 0 && any_in_table_) {
+    row_.reset();
   }
-  if (row_open_ && !row_has_format_) {
-    row_format_ = paragraph.format;
-    row_has_format_ = true;
-  }
-  AddUnit(marks::kParagraph, format);
+  if (row_ && !row_->format) row_->format = paragraph.format;
+  AddUnit(structure::kParagraph, format);
   PutParagraph(paragraph);
 }
 
-void DocumentBuilder::BeginRow() {
-  if (!row_open_) OpenRow();
-}
+void DocumentBuilder::BeginRow() { OpenRow(); }
 
 void DocumentBuilder::EndCell(const ParagraphEnd& paragraph, std::uint32_t format) {
-  if (!row_open_) OpenRow();
+  Row& row = OpenRow();
   if (paragraph.in_table) {
-    row_said_in_table_ = true;
-    any_said_in_table_ = true;
+    row.in_table = true;
+    any_in_table_ = true;
   }
-  if (!row_has_format_) {
-    row_format_ = paragraph.format;
-    row_has_format_ = true;
-  }
+  if (!row.format) row.format = paragraph.format;
   if (nested_row_end_ == document_.text.size() && !ParagraphIsEmpty()) {
-    document_.text.pop_back();  // the line break behind the last nested row
+    document_.text.pop_back();  // the line break after the last nested row
     if (document_.runs.back().begin > document_.text.size()) document_.runs.pop_back();
   }
-  AddUnit(marks::kCell, format);
-  ++row_cells_;
+  AddUnit(structure::kCell, format);
+  ++row.cells;
   paragraph_begin_ = document_.text.size();
-  cell_begin_ = paragraph_begin_;
+  row.cell_begin = paragraph_begin_;
 }
 
 void DocumentBuilder::EndRow(const ParagraphEnd& paragraph, std::uint32_t format) {
-  if (!row_open_) {
-    if (ParagraphIsEmpty()) return;
-    OpenRow();
-  }
-  if (End() > cell_begin_) EndCell(paragraph, format);
-  if (row_cells_ == 0) {
-    row_open_ = false;
+  if (!row_ && ParagraphIsEmpty()) return;
+  const Row& row = OpenRow();
+  if (document_.text.size() > row.cell_begin) EndCell(paragraph, format);
+  if (row.cells == 0) {
+    row_.reset();
     return;
   }
-  AddUnit(marks::kRow, format);
+  AddUnit(structure::kRow, format);
   PutRow();
 }
 
 /// Makes the paragraphs since the beginning of the row one row.
 void DocumentBuilder::PutRow() {
-  document_.paragraphs.resize(row_first_paragraph_);
-  const auto begin = document_.text.begin() + static_cast<std::ptrdiff_t>(row_begin_);
-  std::replace(begin, document_.text.end(), marks::kParagraph, marks::kLine);
-  row_format_.row = document_.RowId(row_words_.Words());
-  row_format_.list = 0;
-  ParagraphEnd row{.format = row_format_, .in_table = true};
-  PutParagraph(row);
+  document_.paragraphs.resize(row_->first_paragraph);
+  const auto begin = document_.text.begin() + static_cast<std::ptrdiff_t>(row_->begin);
+  std::replace(begin, document_.text.end(), structure::kParagraph, structure::kLine);
+  ParagraphEnd end{.format = row_->format.value_or(ParagraphFormat{}), .in_table = true};
+  end.format.row = document_.RowId(row_words_.Words());
+  end.format.list = 0;
+  PutParagraph(end);
   row_words_.EndRow();
-  row_open_ = false;
+  row_.reset();
 }
 
 void DocumentBuilder::EndNestedRow(std::uint32_t format) {
-  AddUnit(marks::kLine, format);
+  AddUnit(structure::kLine, format);
   nested_row_end_ = document_.text.size();
 }
 
 /// Ends the open row at `at`, which lies in front of the paragraph that is
 /// being read.
-void DocumentBuilder::InsertRowMark(std::size_t at) {
-  Text behind = document_.text.substr(at);
-  std::vector<Run> runs_behind;
+void DocumentBuilder::InsertRowEnd(std::size_t at) {
+  const Text after = document_.text.substr(at);
+  std::vector<Run> runs_after;
   while (!document_.runs.empty() && document_.runs.back().begin > at) {
-    runs_behind.push_back(document_.runs.back());
+    runs_after.push_back(document_.runs.back());
     document_.runs.pop_back();
   }
   const std::uint32_t format = LastFormat();
   document_.text.resize(at);
-  if (at > cell_begin_) AddUnit(marks::kCell, format);
-  AddUnit(marks::kRow, format);
+  if (at > row_->cell_begin) AddUnit(structure::kCell, format);
+  AddUnit(structure::kRow, format);
   PutRow();
-  const std::size_t inserted = End() - at;
-  document_.text += behind;
-  for (auto run = runs_behind.rbegin(); run != runs_behind.rend(); ++run) {
+  const std::size_t inserted = document_.text.size() - at;
+  document_.text += after;
+  for (auto run = runs_after.rbegin(); run != runs_after.rend(); ++run) {
     document_.runs.push_back({run->begin + inserted, run->format});
   }
 }
 
 void DocumentBuilder::Finish(const ParagraphEnd& paragraph, std::uint32_t format) {
-  if (row_open_ && row_cells_ > 0) {
+  if (row_ && row_->cells > 0) {
     if (!ParagraphIsEmpty() && !paragraph.in_table) {
-      InsertRowMark(paragraph_begin_);
+      InsertRowEnd(paragraph_begin_);
     } else {
       EndRow(paragraph, LastFormat());
     }
   }
-  row_open_ = false;
+  row_.reset();
   const bool ends_in_row =
       !document_.paragraphs.empty() && document_.formats[document_.paragraphs.back().format].row != 0;
   if (document_.paragraphs.empty() || ends_in_row || !ParagraphIsEmpty()) {
@@ -154,7 +144,7 @@ void DocumentBuilder::Finish(const ParagraphEnd& paragraph, std::uint32_t format
     last.in_table = false;
     EndParagraph(last, document_.runs.empty() ? format : LastFormat());
   }
-  SettleMarks(document_);
+  ChooseStructureFormats(document_);
 }
 
 }  // namespace quillary::platform::rtf

@@ -1,12 +1,13 @@
-// Puts a document together from text and marks in reading order. It settles
-// what belongs to a table row and what does not.
+// Builds a document from text and structure characters in reading order. It
+// resolves what belongs to a table row and what does not.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "platform/rich_text/model/document_model.h"
-#include "platform/rich_text/reader/rtf_row_words.h"
+#include "platform/rich_text/reader/row_words.h"
 
 namespace quillary::platform::rtf {
 
@@ -38,32 +39,32 @@ class DocumentBuilder {
   void Finish(const ParagraphEnd& paragraph, std::uint32_t format);
 
   /// The definition of the row that is open or follows.
-  RowWords& Row() { return row_words_; }
+  RowWords& RowDefinition() { return row_words_; }
   bool ParagraphIsEmpty() const { return document_.text.size() == paragraph_begin_; }
-  bool InRow() const { return row_open_; }
-  std::size_t End() const { return document_.text.size(); }
-  std::size_t ParagraphBegin() const { return paragraph_begin_; }
+  bool InRow() const { return row_.has_value(); }
 
  private:
+  /// The row that is open.
+  struct Row {
+    std::size_t begin = 0;            // in the text
+    std::size_t first_paragraph = 0;  // in the list of paragraphs
+    std::size_t cells = 0;            // that have ended
+    std::size_t cell_begin = 0;
+    bool in_table = false;                  // one of its paragraphs is in a table by its own words
+    std::optional<ParagraphFormat> format;  // of its first paragraph
+  };
+
   void UseFormat(std::uint32_t format);
   void PutParagraph(const ParagraphEnd& paragraph);
-  void OpenRow();
-  void InsertRowMark(std::size_t at);
+  Row& OpenRow();
+  void InsertRowEnd(std::size_t at);
   void PutRow();
   std::uint32_t LastFormat() const { return document_.runs.empty() ? 0 : document_.runs.back().format; }
 
   Document& document_;
   std::size_t paragraph_begin_ = 0;
-
-  bool row_open_ = false;
-  std::size_t row_begin_ = 0;            // in the text
-  std::size_t row_first_paragraph_ = 0;  // in the list of paragraphs
-  std::size_t row_cells_ = 0;
-  std::size_t cell_begin_ = 0;
-  bool row_said_in_table_ = false;
-  bool any_said_in_table_ = false;
-  ParagraphFormat row_format_;
-  bool row_has_format_ = false;
+  std::optional<Row> row_;
+  bool any_in_table_ = false;  // of the document's paragraphs
   RowWords row_words_;
   std::size_t nested_row_end_ = 0;
 };

@@ -34,7 +34,7 @@ Document ReadPlainText(TextView plain) {
     if (unit == u'\r' || unit == u'\n') {
       if (unit == u'\r' && at + 1 < plain.size() && plain[at + 1] == u'\n') ++at;
       builder.EndParagraph({}, format);
-    } else if (unit >= u' ' || unit == marks::kTab || unit == marks::kLine) {
+    } else if (unit >= u' ' || unit == structure::kTab || unit == structure::kLine) {
       builder.AddUnit(Character(unit), format);
     }
   }

@@ -1,401 +1,310 @@
 #include "platform/rich_text/reader/rtf_reader.h"
 
 #include <algorithm>
-#include <array>
+#include <optional>
 #include <utility>
+
+#include "platform/rich_text/reader/body.h"
+#include "platform/rich_text/reader/breaks.h"
+#include "platform/rich_text/reader/destinations.h"
+#include "platform/rich_text/reader/document_header.h"
+#include "platform/rich_text/reader/footnotes.h"
+#include "platform/rich_text/reader/groups.h"
+#include "platform/rich_text/reader/text_decoder.h"
+#include "platform/rich_text/reader/tokens.h"
+#include "platform/rich_text/reader/word_values.h"
 
 namespace quillary::platform::rtf {
 namespace {
 
-// A group that is nested deeper than this does not restore the formatting of
-// the group around it.
-constexpr std::size_t kDeepest = 200000;
 // Text is shorter than its RTF, but pictures may be most of that.
 constexpr std::size_t kMostReserved = std::size_t{2} << 20;
 
-const std::array<char16_t, 256>& WesternTable() {
-  static const std::array<char16_t, 256> table = [] {
-    std::array<char16_t, 256> units{};
-    for (std::size_t byte = 0; byte < units.size(); ++byte) {
-      const char narrow = static_cast<char>(byte);
-      units[byte] = DecodePage(1252, {&narrow, 1}).front();
-    }
-    return units;
-  }();
-  return table;
-}
-
-/// Leaves out what would be a mark in the document's text.
-void AppendShown(Text& text, TextView added) {
-  for (const char16_t unit : added) {
-    if (unit >= u' ') text += unit;
+/// Hands each token to the part of the reader that it concerns.
+class Reader {
+ public:
+  explicit Reader(TextView rtf) : tokens_(rtf) {
+    document_.text.reserve(std::min(rtf.size(), kMostReserved));
+    document_.states_code_page = false;
+    document_.source_units = rtf.size();
   }
-}
 
-}  // namespace
+  Document Read();
 
-Reader::Reader(TextView rtf) : rtf_(rtf), tokens_(rtf), last_close_(rtf.rfind(u'}')) {
-  document_.text.reserve(std::min(rtf.size(), kMostReserved));
-  document_.states_code_page = false;
-  document_.source_units = rtf.size();
-  groups_.emplace_back();
-}
+ private:
+  /// What was read of a group while it may still become a destination.
+  struct GroupStart {
+    bool is_open = false;  // nothing was read of the group but what is here
+    bool starred = false;  // "\*"
+    TextView spaces;       // text, unless the group turns out to hold none
+  };
+
+  bool ReadToken(const Token& token);
+  void OpenGroup();
+  bool CloseGroup();
+  void EndGroup(const Group& closed);
+  void SkipGroup();
+  void ReadSymbol(char16_t character);
+  void ReleaseSpaces();
+
+  void ReadWord(const Token& token);
+  bool OpenDestination(const Token& token);
+  bool OpenContent(const Token& token);
+  bool ReadGroupWord(const Token& token);
+  bool Take(Opening opening);
+
+  Tokens tokens_;
+  Document document_;
+  Groups groups_;
+  DocumentHeader header_{document_};
+  Body body_{document_, header_, groups_};
+  Destinations destinations_{document_, header_, groups_, body_};
+  TextDecoder text_{groups_, header_.fonts, body_, destinations_};
+  Footnotes footnotes_{groups_, body_, text_};
+  GroupStart start_;
+};
 
 Document Reader::Read() {
-  while (!done_) {
-    const Token token = tokens_.Next();
-    if (!held_blanks_.empty() && token.kind != Token::Kind::Word && token.kind != Token::Kind::Symbol)
-      ReleaseBlanks();
-    switch (token.kind) {
-      case Token::Kind::End:
-        done_ = true;
-        break;
-      case Token::Kind::Open:
-        OpenGroup();
-        continue;
-      case Token::Kind::Close:
-        CloseGroup();
-        break;
-      case Token::Kind::Word:
-        ReadWord(token);
-        break;
-      case Token::Kind::Symbol:
-        ReadSymbol(token.unit);
-        if (token.unit == u'*' && group_start_) continue;
-        break;
-      case Token::Kind::Byte:
-        ReadByte(static_cast<unsigned char>(token.unit));
-        break;
-      case Token::Kind::Text:
-        if (group_start_ && !starred_ && token.text.find_first_not_of(u' ') == TextView::npos) {
-          held_blanks_ = token.text;
-          continue;
-        }
-        ReadPlain(token.text);
-        break;
-      case Token::Kind::Unit:
-        ReadUnit(token.unit);
-        break;
-      case Token::Kind::Binary:
-        ReadBinary(token.text);
-        break;
-    }
-    group_start_ = false;
+  while (ReadToken(tokens_.Next())) {
   }
-  Finish();
+  text_.Flush();
+  body_.Finish();
   return std::move(document_);
 }
 
-void Reader::ReleaseBlanks() { ReadPlain(std::exchange(held_blanks_, {})); }
+/// Reads a token; false at the end of the document.
+bool Reader::ReadToken(const Token& token) {
+  const bool may_name_destination = token.kind == Token::Kind::Word || token.kind == Token::Kind::Symbol;
+  if (!may_name_destination) ReleaseSpaces();
+  bool goes_on = true;
+  switch (token.kind) {
+    case Token::Kind::End:
+      return false;
+    case Token::Kind::Open:
+      OpenGroup();
+      return true;
+    case Token::Kind::Close:
+      goes_on = CloseGroup();
+      break;
+    case Token::Kind::Word:
+      ReadWord(token);
+      break;
+    case Token::Kind::Symbol:
+      ReadSymbol(token.unit);
+      if (token.unit == u'*' && start_.is_open) return true;
+      break;
+    case Token::Kind::Byte:
+      text_.ReadByte(static_cast<unsigned char>(token.unit));
+      break;
+    case Token::Kind::Text:
+      if (start_.is_open && !start_.starred && token.text.find_first_not_of(u' ') == TextView::npos) {
+        start_.spaces = token.text;
+        return true;
+      }
+      text_.ReadPlain(token.text);
+      break;
+    case Token::Kind::Unit:
+      text_.ReadUnit(token.unit);
+      break;
+    case Token::Kind::Binary:
+      text_.ReadBinary(token.text);
+      break;
+  }
+  start_.is_open = false;
+  return goes_on;
+}
+
+void Reader::ReleaseSpaces() {
+  if (!start_.spaces.empty()) text_.ReadPlain(std::exchange(start_.spaces, {}));
+}
 
 void Reader::OpenGroup() {
-  FlushBytes();
-  fallback_left_ = 0;
-  group_start_ = true;
-  starred_ = false;
-  if (groups_.size() >= kDeepest) {
-    ++lost_groups_;
-    return;
-  }
-  Group group = groups_.back();
-  group.ends_apart = group.ends_footnote = group.ends_field = group.ends_object = false;
-  if (group.destination == Destination::StyleSheet) {
-    group.character = {};
-    group.paragraph = {};
-  }
-  groups_.push_back(group);
+  text_.FlushComplete();
+  text_.EndFallback();
+  start_ = {.is_open = true, .starred = false, .spaces = {}};
+  if (!groups_.Open()) return;
   const bool is_ansi_part =
-      group.destination == Destination::AnsiAndUnicode && !tokens_.Rest().starts_with(u"\\*");
+      groups_.Top().destination == Destination::AnsiAndUnicode && !tokens_.Rest().starts_with(u"\\*");
   if (is_ansi_part) SkipGroup();
 }
 
-void Reader::CloseGroup() {
-  if (InBody()) {
-    FlushBytes();
+/// Closes a group; false at the end of the document.
+bool Reader::CloseGroup() {
+  if (groups_.InBody()) {
+    text_.FlushComplete();
   } else {
-    FlushAllBytes();
+    text_.Flush();
   }
-  fallback_left_ = 0;
-  if (lost_groups_ > 0) {
-    --lost_groups_;
-    return;
-  }
-  if (groups_.size() <= 2) {
+  text_.EndFallback();
+  if (groups_.AtDocument()) {
     // The end of the document, unless braces follow: then this one was one too many.
-    const std::size_t at = rtf_.size() - tokens_.Rest().size() - 1;
-    if (at == last_close_ && !surplus_) done_ = true;
-    surplus_ = true;
-    return;
+    const bool is_first = groups_.CloseDocument();
+    return !is_first || !tokens_.AtLastClose();
   }
-  const Group closed = groups_.back();
-  groups_.pop_back();
-  format_changed_ = true;
-  EndDestination(closed);
+  const std::optional<Group> closed = groups_.Close();
+  if (closed) EndGroup(*closed);
+  return true;
 }
 
-void Reader::ReadSymbol(char16_t sign) {
-  FlushBytes();
-  if (sign == u'*') {
-    starred_ = group_start_;
+void Reader::EndGroup(const Group& closed) {
+  body_.ChangeFormat();
+  destinations_.End(closed);
+  if (closed.ends_footnote) footnotes_.End();
+  destinations_.EndContent(closed);
+  if (closed.ends_text_box) body_.EndTextBox(closed);
+}
+
+void Reader::SkipGroup() {
+  tokens_.SkipGroup();
+  text_.DropBytes();
+}
+
+void Reader::ReadSymbol(char16_t character) {
+  text_.FlushComplete();
+  if (character == u'*') {
+    start_.starred = start_.is_open;
     return;
   }
-  if (!held_blanks_.empty()) ReleaseBlanks();
-  if (fallback_left_ > 0 && sign != u'\r' && sign != u'\n') {
-    --fallback_left_;
-    return;
-  }
-  switch (sign) {
+  ReleaseSpaces();
+  const bool is_line_end = character == u'\r' || character == u'\n';
+  if (!is_line_end && text_.SkipFallback()) return;
+  switch (character) {
     case u'\\':
     case u'{':
     case u'}':
-      ReadPlain({&sign, 1});
+      text_.ReadPlain({&character, 1});
       break;
     case u'~':
-      AddCharacter(0xA0);
+      text_.AddCharacter(0xA0);
       break;
     case u'_':
-      AddCharacter(u'-');
+      text_.AddCharacter(u'-');
       break;
     case u'\t':
-      AddMark(marks::kTab);
+      text_.AddStructure(structure::kTab);
       break;
     case u'\r':
     case u'\n':
-      if (InBody()) EndParagraph();
+      if (!groups_.InBody()) break;
+      text_.Flush();
+      body_.EndParagraph();
       break;
     default:
-      break;  // an optional hyphen, the marks of an index entry, and what means nothing
-  }
-}
-
-void Reader::ReadByte(unsigned char byte) {
-  if (fallback_left_ > 0) {
-    --fallback_left_;
-    return;
-  }
-  const Destination destination = Top().destination;
-  if (destination == Destination::FontTable) {
-    fonts_.ReadByte(byte);
-    return;
-  }
-  if (destination == Destination::LevelText) {
-    gathered_ += WesternTable()[byte];
-    return;
-  }
-  const std::int32_t font = Top().character.Font();
-  if (fonts_.IsSymbol(font)) {
-    if (byte >= u' ') AddCharacter(static_cast<char16_t>(kSymbolBase + byte));
-    return;
-  }
-  const int code_page = fonts_.CodePage(font);
-  if (!bytes_.IsEmpty() && bytes_.CodePage() != code_page) FlushAllBytes();
-  if (code_page == 1252) {
-    AddCharacter(WesternTable()[byte]);
-  } else {
-    bytes_.Add(byte, code_page);
-  }
-}
-
-void Reader::ReadPlain(TextView plain) {
-  if (fallback_left_ > 0) {
-    const std::size_t dropped = std::min(plain.size(), static_cast<std::size_t>(fallback_left_));
-    fallback_left_ -= static_cast<std::int32_t>(dropped);
-    plain.remove_prefix(dropped);
-  }
-  if (!plain.empty() && !bytes_.IsEmpty() && bytes_.Wants(plain.front())) {
-    ReadByte(static_cast<unsigned char>(plain.front()));
-    plain.remove_prefix(1);
-  }
-  if (plain.empty()) return;
-  if (InBody()) {
-    AddText(plain);
-  } else {
-    ReadDestinationText(plain);
-  }
-}
-
-void Reader::ReadUnit(char16_t unit) {
-  const int byte = RawByte(unit);
-  if (byte >= 0x80) {
-    ReadByte(static_cast<unsigned char>(byte));
-    return;
-  }
-  if (fallback_left_ > 0) {
-    --fallback_left_;
-    return;
-  }
-  if (unit == u'\t') {
-    AddMark(marks::kTab);
-  } else if (byte < 0) {
-    AddCharacter(unit);
-  }
-}
-
-void Reader::ReadUnicode(std::int32_t number) {
-  constexpr std::int32_t kHighest = 0x10FFFF;
-  if (number < 0) number += 0x10000;
-  fallback_left_ = Top().fallback_length;
-  if (number < 0 || number > kHighest) return;
-  if (number == u'\t') {
-    AddMark(marks::kTab);
-  } else if (number > 0xFFFF) {
-    AddCharacter(static_cast<char16_t>(0xD800 + ((number - 0x10000) >> 10)));
-    AddCharacter(static_cast<char16_t>(0xDC00 + ((number - 0x10000) & 0x3FF)));
-  } else {
-    AddCharacter(static_cast<char16_t>(number));
-  }
-}
-
-void Reader::ReadBinary(TextView bytes) {
-  if (fallback_left_ > 0) {
-    --fallback_left_;
-  } else if (Top().destination == Destination::Picture) {
-    picture_data_.AddRaw(bytes);
-  } else if (Top().destination == Destination::ObjectData) {
-    object_data_.AddRaw(bytes);
-  }
-}
-
-void Reader::ReadDestinationText(TextView text) {
-  FlushAllBytes();
-  switch (Top().destination) {
-    case Destination::FontTable:
-      fonts_.ReadText(text);
-      break;
-    case Destination::ColourTable:
-      colours_.ReadText(text);
-      break;
-    case Destination::Picture:
-      picture_data_.Add(text);
-      break;
-    case Destination::ObjectData:
-      object_data_.Add(text);
-      break;
-    case Destination::FieldInstruction:
-      AppendShown(fields_.back().instruction, text);
-      break;
-    case Destination::LevelText:
-      gathered_ += text;
-      break;
-    case Destination::FontAlternative:
-    case Destination::Label:
-    case Destination::NumberBefore:
-    case Destination::NumberAfter:
-    case Destination::ObjectClass:
-      AppendShown(gathered_, text);
-      break;
-    default:
-      break;
+      break;  // an optional hyphen, the symbols of an index entry, and what means nothing
   }
 }
 
 void Reader::ReadWord(const Token& token) {
-  FlushBytes();
-  if (group_start_ && token.keyword != Keyword::U && OpenDestination(token)) {
-    held_blanks_ = {};
+  text_.FlushComplete();
+  if (start_.is_open && token.keyword != Keyword::U && OpenDestination(token)) {
+    start_.spaces = {};
     return;
   }
-  if (!held_blanks_.empty()) ReleaseBlanks();
+  ReleaseSpaces();
   if (token.keyword == Keyword::U) {
-    FlushAllBytes();
-    if (Top().destination == Destination::FontTable) {
-      fonts_.ReadWord(token);
-      fallback_left_ = Top().fallback_length;
-    } else {
-      ReadUnicode(token.number);
-    }
-    return;
+    if (groups_.Top().destination != Destination::FontTable) return text_.ReadUnicode(token.number);
+    text_.Flush();
+    header_.fonts.ReadWord(token);
+    return text_.BeginFallback();
   }
-  if (OpenPart(token) || ReadHeaderWord(token) || ReadDestinationWord(token)) return;
-  if (ReadCharacterName(token.keyword)) return;
-  fallback_left_ = 0;
-  if (ReadCharacterWord(token, Top().character)) {
-    format_changed_ = true;
-    return;
+  if (OpenContent(token) || ReadGroupWord(token) || header_.ReadWord(token)) return;
+  if (destinations_.ReadWord(token)) return;
+  if (token.keyword == Keyword::Chftn) return footnotes_.AddNumber();
+  if (text_.ReadCharacterWord(token.keyword) || groups_.Top().HoldsCharactersOnly()) return;
+  text_.EndFallback();
+  if (body_.ReadFormatWord(token)) return;
+  if (groups_.InBody()) {
+    ReadBreak(token, text_, body_);
+  } else if (token.keyword == Keyword::Nestrow && groups_.Top().destination == Destination::Nowhere) {
+    body_.EndNestedRow();
   }
-  if (ReadParagraphWord(token, Top().paragraph, document_)) {
-    if (token.keyword == Keyword::Pard) label_before_pard_ = has_label_;
-    format_changed_ = true;
-    return;
-  }
-  ReadBodyWord(token);
 }
 
-bool Reader::ReadHeaderWord(const Token& token) {
-  const auto code_page = [&](int number) { fonts_.SetDocumentCodePage(number); };
+/// Takes the first word of a group if it makes the group a destination, or one
+/// that is passed over.
+bool Reader::OpenDestination(const Token& token) {
+  if (Take(destinations_.Open(token.keyword))) return true;
+  Group& group = groups_.Top();
   switch (token.keyword) {
-    case Keyword::Ansicpg:
-      document_.states_code_page = true;
-      code_page(token.number == 0 ? 1252 : token.number);
+    case Keyword::Skipped:
+      return Take(Opening::Skip);
+    case Keyword::Htmltag:
+      // The markup of a page. An entity in it is shown by what follows for
+      // readers without HTML.
+      body_.SetHtmlEntity(tokens_.Rest().starts_with(u'&'));
+      return Take(Opening::Skip);
+    case Keyword::MoMath:
+      group.in_equation = true;
       return true;
-    case Keyword::Mac:
-      code_page(10000);
+    case Keyword::Upr:
+      if (groups_.InBody()) group.destination = Destination::AnsiAndUnicode;
       return true;
-    case Keyword::Pc:
-      code_page(437);
+    case Keyword::Ud:
+      if (group.destination == Destination::AnsiAndUnicode) group.destination = Destination::Body;
       return true;
-    case Keyword::Pca:
-      code_page(850);
+    default:
+      break;
+  }
+  const bool is_equation_property =
+      group.in_equation && token.keyword == Keyword::Unknown && token.text.ends_with(u"Pr");
+  if (is_equation_property) return Take(Opening::Skip);
+  return OpenContent(token) || (start_.starred && Take(Opening::Skip));
+}
+
+/// Takes a word that gives the group in which it stands content of another
+/// kind, wherever in the group it stands.
+bool Reader::OpenContent(const Token& token) {
+  Group& group = groups_.Top();
+  switch (token.keyword) {
+    case Keyword::Shp:
       return true;
-    case Keyword::Deff:
-      fonts_.SetDefaultNumber(token.number);
+    case Keyword::Shpinst:
+    case Keyword::Do:
+    case Keyword::Sp:
+    case Keyword::Sv:
+    case Keyword::Nesttableprops:
+      if (group.TakesContent()) group.destination = Destination::Nowhere;
       return true;
-    case Keyword::Deflang:
-      if (token.number > 0 && token.number <= 0xFFFF && token.number != 1032 && token.number != 1055) {
-        document_.language = token.number;
-      }
+    case Keyword::Shprslt:  // the same shape once more
+      return Take(Opening::Skip);
+    case Keyword::Shptxt:
+    case Keyword::Dptxbxtext:
+      if (group.TakesContent()) body_.BeginTextBox();
       return true;
+    case Keyword::Footnote:
+      footnotes_.Begin();
+      return true;
+    default:
+      return Take(destinations_.OpenContent(token));
+  }
+}
+
+/// Takes a word about how the text of the group is to be read.
+bool Reader::ReadGroupWord(const Token& token) {
+  Group& group = groups_.Top();
+  switch (token.keyword) {
     case Keyword::Viewkind:
-      controls_own_ = tokens_.Rest().starts_with(u"\\uc1");
-      return true;
-    case Keyword::Fbidis:
-      document_.right_to_left = true;
+      body_.SetWrittenByControl(tokens_.Rest().starts_with(u"\\uc1"));
       return true;
     case Keyword::Uc:
-      Top().fallback_length = std::clamp(token.number, 0, 255);
+      group.fallback_length = std::clamp(token.number, 0, 255);
       return true;
     case Keyword::Htmlrtf:
-      Top().html_only = !token.has_number || token.number != 0;
-      if (!Top().html_only) html_entity_ = false;
+      group.html_only = IsOn(token);
+      if (!group.html_only) body_.SetHtmlEntity(false);
       return true;
     default:
       return false;
   }
 }
 
-/// Words that mean something of their own in the group that is being read.
-bool Reader::ReadDestinationWord(const Token& token) {
-  switch (Top().destination) {
-    case Destination::FontTable:
-      fonts_.ReadWord(token);
-      return true;
-    case Destination::ColourTable:
-      colours_.ReadWord(token);
-      return true;
-    case Destination::ListTable:
-      lists_.ReadTableWord(token);
-      return true;
-    case Destination::ListOverrides:
-      lists_.ReadOverrideWord(token);
-      return true;
-    case Destination::Picture:
-      picture_words_.Read(token);
-      return true;
-    case Destination::Numbering:
-      ReadNumberingWord(token);
-      return true;
-    case Destination::FontAlternative:
-    case Destination::LevelText:
-    case Destination::NumberBefore:
-    case Destination::NumberAfter:
-    case Destination::ObjectClass:
-    case Destination::ObjectData:
-    case Destination::FieldInstruction:
-      ReadCharacterName(token.keyword);
-      return true;
-    default:
-      return false;
-  }
+bool Reader::Take(Opening opening) {
+  if (opening == Opening::Skip) SkipGroup();
+  return opening != Opening::None;
 }
+
+}  // namespace
+
+Document ReadRtf(TextView rtf) { return Reader(rtf).Read(); }
 
 }  // namespace quillary::platform::rtf

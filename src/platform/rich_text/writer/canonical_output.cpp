@@ -9,17 +9,17 @@
 namespace quillary::platform::rtf {
 namespace {
 
-constexpr TextView paragraph_end = u"\r\n\\par ";
+constexpr TextView kParagraphEnd = u"\r\n\\par ";
 constexpr char16_t kHexDigits[] = u"0123456789abcdef";
 
 bool BeginsEntity(char16_t unit) {
   return unit == u'#' || (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
 }
 
-/// Whether a unit is written as a control word or an escape, or is a mark that is.
+/// Whether a unit is written as a control word or an escape, structure characters included.
 bool IsWrittenAsWord(char16_t unit) {
-  return unit > u'~' || unit == marks::kTab || unit == marks::kLine || unit == marks::kCell ||
-         unit == marks::kRow;
+  return unit > u'~' || unit == structure::kTab || unit == structure::kLine || unit == structure::kCell ||
+         unit == structure::kRow;
 }
 
 /// Whether a unit may be written with a backslash in front.
@@ -30,19 +30,19 @@ bool MayBecomeWord(char16_t unit) {
 
 }  // namespace
 
-void CanonicalOutput::SettleBlank() {
-  if (!blank_due_) return;
+void CanonicalOutput::AddDueSpace() {
+  if (!space_due_) return;
   text_ += u' ';
-  blank_due_ = false;
+  space_due_ = false;
   if (ends_unicode_) in_unicode_ = false;
-  if (last_unicode_ == LastUnicode::Open) last_unicode_ = LastUnicode::Blanks;
+  if (last_unicode_ == LastUnicode::Open) last_unicode_ = LastUnicode::Spaces;
 }
 
 void CanonicalOutput::Raw(TextView raw) {
   text_ += raw;
-  blank_due_ = false;
+  space_due_ = false;
   ends_in_backslash_ = false;
-  NoteText(raw == paragraph_end ? u" " : raw);
+  NoteText(raw == kParagraphEnd ? u" " : raw);
 }
 
 void CanonicalOutput::Spell(TextView text) {
@@ -56,51 +56,52 @@ void CanonicalOutput::Spell(TextView text) {
 }
 
 void CanonicalOutput::Plain(TextView plain) {
-  SettleBlank();
+  AddDueSpace();
   text_ += plain;
-  blank_end_ = plain.ends_with(u' ') ? text_.size() : 0;
+  space_end_ = plain.ends_with(u' ') ? text_.size() : 0;
   ends_in_backslash_ = false;
   NoteText(plain);
 }
 
-// Neither the blank of a word nor two blanks in a row part a \u word from what follows.
+// Neither the space of a word nor two spaces in a row separate a \u word from what
+// follows.
 void CanonicalOutput::NoteText(TextView text) {
   for (const char16_t unit : text) {
     if (last_unicode_ == LastUnicode::Safe) break;
-    const bool one_blank = last_unicode_ == LastUnicode::OneBlank;
+    const bool one_space = last_unicode_ == LastUnicode::OneSpace;
     if (unit == u' ') {
-      last_unicode_ = last_unicode_ == LastUnicode::Open ? LastUnicode::OneBlank : LastUnicode::Blanks;
+      last_unicode_ = last_unicode_ == LastUnicode::Open ? LastUnicode::OneSpace : LastUnicode::Spaces;
     } else {
-      last_unicode_ = one_blank ? LastUnicode::Safe : LastUnicode::Open;
+      last_unicode_ = one_space ? LastUnicode::Safe : LastUnicode::Open;
     }
   }
   if (last_unicode_ == LastUnicode::Safe) in_unicode_ = false;
 }
 
-// The page loses a \u word with no blank behind it, and what follows. A language
-// word leaves a blank and nothing else; it needs one in front where the word
-// there takes its own away, and none behind a blank.
-void CanonicalOutput::PartUnicode(std::int32_t language, bool symbol) {
+// The page loses a \u word with no space after it, and what follows. A language
+// word leaves a space and nothing else; it needs one in front where the word
+// there takes its own away, and none after a space.
+void CanonicalOutput::SeparateUnicode(std::int32_t language, bool symbol) {
   if (last_unicode_ == LastUnicode::Safe) return;
-  if (!symbol && text_.size() == blank_end_) {
+  if (!symbol && text_.size() == space_end_) {
     text_.pop_back();
     if (text_.ends_with(u'\\')) text_.replace(text_.size() - 2, 2, u"\\u92?");
     Character(0xA0, u'\0', false);
   }
   const TextView last_word = TextView(text_).substr(std::min(text_.rfind(u'\\'), text_.size()));
-  if (blank_due_ && last_word.starts_with(u"\\lang")) return SettleBlank();
-  constexpr TextView keep_blank[] = {u"\\tab",  u"\\line",    u"\\bullet",
+  if (space_due_ && last_word.starts_with(u"\\lang")) return AddDueSpace();
+  constexpr TextView kKeepSpace[] = {u"\\tab",  u"\\line",    u"\\bullet",
                                      u"\\cell", u"\\strike0", u"\\highlight0"};
-  const bool keeps_blank = std::any_of(std::begin(keep_blank), std::end(keep_blank),
+  const bool keeps_space = std::any_of(std::begin(kKeepSpace), std::end(kKeepSpace),
                                        [&](TextView word) { return text_.ends_with(word); });
-  if (!keeps_blank) SettleBlank();
+  if (!keeps_space) AddDueSpace();
   Words(u"\\lang" + Decimal(language));
-  SettleBlank();
+  AddDueSpace();
   last_unicode_ = LastUnicode::Safe;
 }
 
 void CanonicalOutput::Unicode(std::int32_t number) {
-  SettleBlank();
+  AddDueSpace();
   text_ += u"\\u" + Decimal(number) + u"?";
   in_unicode_ = true;
   last_unicode_ = LastUnicode::Open;
@@ -108,17 +109,17 @@ void CanonicalOutput::Unicode(std::int32_t number) {
 }
 
 bool CanonicalOutput::InAddress() const {
-  constexpr std::size_t longest = 200;
-  const TextView text = TextView(text_).substr(text_.size() - std::min(text_.size(), longest));
-  const std::size_t blank = text.rfind(u' ');
-  const TextView piece = blank == TextView::npos ? text : text.substr(blank + 1);
-  return !blank_due_ && (Holds(piece, u"://") || Holds(piece, u"www.", Compare::IgnoreCase));
+  constexpr std::size_t kLongest = 200;
+  const TextView text = TextView(text_).substr(text_.size() - std::min(text_.size(), kLongest));
+  const std::size_t space = text.rfind(u' ');
+  const TextView piece = space == TextView::npos ? text : text.substr(space + 1);
+  return !space_due_ && (Holds(piece, u"://") || Holds(piece, u"www.", Compare::IgnoreCase));
 }
 
-// An escape straight behind an escaped backslash is read as text.
+// An escape straight after an escaped backslash is read as text.
 void CanonicalOutput::Escape(unsigned char byte) {
   const char16_t escape[] = {u'\\', u'\'', kHexDigits[byte >> 4], kHexDigits[byte & 0xF]};
-  SettleBlank();
+  AddDueSpace();
   text_.append(escape, 4);
   NoteText(u"x");
 }
@@ -128,7 +129,7 @@ void CanonicalOutput::Name(TextView word, char16_t character) {
     Unicode(character);
     return;
   }
-  SettleBlank();
+  AddDueSpace();
   Words(word);
   ends_unicode_ = false;
   NoteText(u"x");
@@ -153,23 +154,23 @@ void CanonicalOutput::Character(char16_t unit, char16_t next, bool words_follow)
       if (words_follow || IsWrittenAsWord(next)) {
         Unicode(unit);
       } else {
-        SettleBlank();
+        AddDueSpace();
         text_ += u"\\\\";
         NoteText(u"\\");
         ends_in_backslash_ = true;
       }
       return;
     case u'{':
-      // The page takes it for a group where a blank or a word follows.
+      // The page takes it for a group where a space or a word follows.
       if (words_follow || next == u' ' || MayBecomeWord(next)) return Unicode(unit);
-      SettleBlank();
+      AddDueSpace();
       text_ += u"\\{";
       NoteText(u"{");
       break;
     case u'}':
       // The page drops two of them at the start of a line.
-      if (next == u'}' && !blank_due_ && text_.ends_with(paragraph_end)) return Unicode(unit);
-      SettleBlank();
+      if (next == u'}' && !space_due_ && text_.ends_with(kParagraphEnd)) return Unicode(unit);
+      AddDueSpace();
       text_ += u"\\}";
       NoteText(u"}");
       break;
@@ -179,14 +180,14 @@ void CanonicalOutput::Character(char16_t unit, char16_t next, bool words_follow)
       return Plain({&unit, 1});
     case u'?':
       // It would be taken for the end of the \u word in front of it.
-      if (in_unicode_ && last_unicode_ != LastUnicode::OneBlank && !(blank_due_ && ends_unicode_)) {
+      if (in_unicode_ && last_unicode_ != LastUnicode::OneSpace && !(space_due_ && ends_unicode_)) {
         return Unicode(unit);
       }
       return Plain({&unit, 1});
     case 0xA0:
-      // Behind an escaped brace the page takes it for a word.
-      if (ends_in_backslash_ || (!blank_due_ && text_.ends_with(u"\\}"))) return Unicode(unit);
-      SettleBlank();
+      // After an escaped brace the page takes it for a word.
+      if (ends_in_backslash_ || (!space_due_ && text_.ends_with(u"\\}"))) return Unicode(unit);
+      AddDueSpace();
       text_ += u"\\~";
       break;
     case 0x2013:

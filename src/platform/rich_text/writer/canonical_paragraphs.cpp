@@ -49,11 +49,11 @@ void AppendNumber(Text& words, TextView word, std::int32_t number) {
 bool IsTypedItem(const Document& document, std::size_t begin, std::size_t end) {
   std::size_t at = begin;
   while (at < end && document.text[at] == u' ') ++at;
-  if (at + 1 >= end || document.text[at + 1] != marks::kTab) return false;
-  const char16_t sign = document.text[at];
-  const bool is_letter_or_digit = (sign >= u'0' && sign <= u'9') || (sign >= u'A' && sign <= u'Z') ||
-                                  (sign >= u'a' && sign <= u'z' && sign != u'o');
-  return sign > u' ' && !is_letter_or_digit;
+  if (at + 1 >= end || document.text[at + 1] != structure::kTab) return false;
+  const char16_t unit = document.text[at];
+  const bool is_letter_or_digit = (unit >= u'0' && unit <= u'9') || (unit >= u'A' && unit <= u'Z') ||
+                                  (unit >= u'a' && unit <= u'z' && unit != u'o');
+  return unit > u' ' && !is_letter_or_digit;
 }
 
 Text ParagraphWords(const Document& document, const ParagraphFormat& format, bool is_item) {

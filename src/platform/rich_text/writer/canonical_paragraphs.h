@@ -1,4 +1,4 @@
-// What a canonical document says of its paragraphs, and where it says it.
+// The words of paragraphs in a canonical document, and where they stand.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ void AppendNumber(Text& words, TextView word, std::int32_t number);
 /// or the like and a tab that its author typed.
 bool IsTypedItem(const Document& document, std::size_t begin, std::size_t end);
 
-/// The words of a paragraph format, which stand behind "\pard" and the list.
+/// The words of a paragraph format, which stand after "\pard" and the list.
 Text ParagraphWords(const Document& document, const ParagraphFormat& format, bool is_item);
 
 /// For each paragraph whether its format is written otherwise than that of the

@@ -98,7 +98,7 @@ CanonicalTables::CanonicalTables(const Document& document) : document_(document)
 }
 
 /// Fonts keep their order, but for those of bullets: the rules know bullets in
-/// fonts 1 and 2 only, so a bullet font beyond these comes right behind the
+/// fonts 1 and 2 only, so a bullet font beyond these comes right after the
 /// first font that is none.
 void CanonicalTables::NumberFonts(const Use& use) {
   std::unordered_map<Text, std::size_t> entries;

@@ -26,7 +26,7 @@ struct WrittenFormat {
   std::uint16_t effects = 0;
 };
 
-bool IsMailSign(char16_t unit) {
+bool IsMailCharacter(char16_t unit) {
   return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9') ||
          unit == u'.' || unit == u'-' || unit == u'_';
 }
@@ -36,16 +36,16 @@ bool IsDroppedFromMail(char16_t unit) {
          unit == u'$';
 }
 
-/// Whether a sign stands in front of a mail address that the page would cut out
-/// at the wrong place, since it takes the sign for a part of the word and then
+/// Whether a character stands in front of a mail address that the page would cut
+/// out at the wrong place, since it takes it for a part of the word and then
 /// drops it. The target of a link it has to find as it is.
 bool StandsBeforeMail(TextView text, std::size_t at) {
-  constexpr std::size_t longest = 64;
+  constexpr std::size_t kLongest = 64;
   if (!IsDroppedFromMail(text[at])) return false;
   std::size_t end = at + 1;
-  while (end < text.size() && end - at <= longest && IsMailSign(text[end])) ++end;
+  while (end < text.size() && end - at <= kLongest && IsMailCharacter(text[end])) ++end;
   const bool is_mail =
-      end > at + 1 && end + 1 < text.size() && text[end] == u'@' && IsMailSign(text[end + 1]);
+      end > at + 1 && end + 1 < text.size() && text[end] == u'@' && IsMailCharacter(text[end + 1]);
   return is_mail && !text.substr(0, at).ends_with(u"<mailto");
 }
 
@@ -79,13 +79,13 @@ class Writer {
   bool InSymbolFont() const;
   void WriteStretch(std::size_t begin, std::size_t end, bool words_follow, bool symbol);
   std::size_t WriteUnit(std::size_t at, bool words_follow, bool symbol);
-  void WriteMark(char16_t mark);
+  void WriteStructure(char16_t character);
   void WriteInline();
   void WritePicture(const Picture& picture);
   void WriteData(const std::string& data);
   void WriteLabel(const ListFormat& list, const Paragraph& paragraph, bool with_list);
   void WriteAffix(TextView word, const Text& affix);
-  bool LosesOpeningMark(std::size_t index, const Text& character_words) const;
+  bool LosesOpening(std::size_t index, const Text& character_words) const;
 
   const Document& document_;
   CanonicalTables tables_;
@@ -94,7 +94,7 @@ class Writer {
   std::size_t run_ = 0;
   std::size_t inline_ = 0;
   std::size_t begin_ = 0;      // of the paragraph
-  bool ends_stretch_ = false;  // the next paragraph starts anew
+  bool ends_stretch_ = false;  // the next paragraph resets its formatting
   bool item_start_ = false;
   std::uint32_t last_list_ = 0;
 };
@@ -151,20 +151,20 @@ Text Writer::Write() {
     item_start_ = format.list != 0;
     WriteText(begin_, paragraph.end);
     const bool is_last = index + 1 == document_.paragraphs.size();
-    if (format.row == 0 && !is_last) output_.SettleBlank();
+    if (format.row == 0 && !is_last) output_.AddDueSpace();
     after_row = format.row != 0;
     begin_ = paragraph.end;
   }
-  output_.PartUnicode(format_.language, InSymbolFont());
-  output_.SettleBlank();
+  output_.SeparateUnicode(format_.language, InSymbolFont());
+  output_.AddDueSpace();
   output_.Raw(u"\r\n\\par }");
   return output_.Take();
 }
 
-/// A paragraph in the format of the one before says nothing of it. Its
-/// character words stand in front of a bullet; behind "\pard" and in a row
-/// they stand last. A row says its definition only where that is new: the page
-/// drops words in front of a repeated one, and text behind it.
+/// A paragraph in the format of the one before has no words for it. Its
+/// character words stand in front of a bullet; after "\pard" and in a row
+/// they stand last. A row's definition stands only where it is new: the page
+/// drops words in front of a repeated one, and text after it.
 void Writer::WriteParagraphStart(std::size_t index) {
   const Paragraph& paragraph = document_.paragraphs[index];
   const ParagraphFormat& format = document_.formats[paragraph.format];
@@ -174,7 +174,7 @@ void Writer::WriteParagraphStart(std::size_t index) {
   const Text character_words = ChangeWords(first);
   if (tables_.FormatChanges(index)) {
     if (format.row != 0) output_.Words(document_.rows[format.row]);
-    output_.StartAnew();
+    output_.ResetParagraph();
     if (format.list != 0) WriteLabel(list, paragraph, true);
     const bool is_item = format.list != 0 || IsTypedItem(document_, begin_, paragraph.end);
     AddWords(ParagraphWords(document_, format, is_item));
@@ -188,22 +188,22 @@ void Writer::WriteParagraphStart(std::size_t index) {
     if (format.list != 0) WriteLabel(list, paragraph, false);
     if (misread) AddWords(character_words);
   }
-  if (LosesOpeningMark(index, character_words)) output_.SettleBlank();
+  if (LosesOpening(index, character_words)) output_.AddDueSpace();
   format_ = first;
   last_list_ = format.list;
 }
 
-/// Whether the mark that the paragraph begins with, an empty cell as like as
-/// not, needs a blank in front of it: without one the page takes it for one of
-/// the paragraph's words and drops it.
-bool Writer::LosesOpeningMark(std::size_t index, const Text& character_words) const {
+/// Whether the structure character that the paragraph begins with, often an
+/// empty cell, needs a space in front of it: without one the page takes it for
+/// one of the paragraph's words and drops it.
+bool Writer::LosesOpening(std::size_t index, const Text& character_words) const {
   const Paragraph& paragraph = document_.paragraphs[index];
   const ParagraphFormat& format = document_.formats[paragraph.format];
   if (begin_ == paragraph.end || format.list != 0) return false;
-  const char16_t mark = document_.text[begin_];
+  const char16_t first = document_.text[begin_];
   const bool changes = tables_.FormatChanges(index);
-  if (format.row == 0) return changes && mark == marks::kLine;
-  const bool is_opening = mark == marks::kCell || mark == marks::kTab || mark == marks::kLine;
+  if (format.row == 0) return changes && first == structure::kLine;
+  const bool is_opening = first == structure::kCell || first == structure::kTab || first == structure::kLine;
   return is_opening && (changes || !character_words.empty());
 }
 
@@ -266,9 +266,9 @@ void Writer::WriteStretch(std::size_t begin, std::size_t end, bool words_follow,
   const Text& text = document_.text;
   std::size_t at = begin;
   while (at < end) {
-    // The rules for bullets take blanks behind them for an item without text.
+    // The rules for bullets take spaces after them for an item without text.
     while (item_start_ && at < end && text[at] == u' ') {
-      output_.Character(output_.EndsInBlank() ? char16_t{0xA0} : u' ', u'\0', false);
+      output_.Character(output_.EndsInSpace() ? char16_t{0xA0} : u' ', u'\0', false);
       ++at;
     }
     if (at == end) return;
@@ -280,15 +280,15 @@ void Writer::WriteStretch(std::size_t begin, std::size_t end, bool words_follow,
   }
 }
 
-/// Writes what stands at `at` and tells what stands behind it.
+/// Writes what stands at `at`; gives the place after it.
 std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
   const Text& text = document_.text;
   const char16_t unit = text[at];
   const char16_t next = at + 1 < text.size() ? text[at + 1] : u'\0';
   if (unit < u' ') {
-    if (unit == marks::kCell && next == marks::kRow && ends_stretch_)
-      output_.PartUnicode(format_.language, symbol);
-    WriteMark(unit);
+    if (unit == structure::kCell && next == structure::kRow && ends_stretch_)
+      output_.SeparateUnicode(format_.language, symbol);
+    WriteStructure(unit);
   } else if (symbol && unit >= kSymbolBase + u' ' && unit <= kSymbolBase + 0xFF) {
     output_.SymbolByte(static_cast<unsigned char>(unit - kSymbolBase), next, words_follow);
   } else if (symbol && unit == 0xA0) {
@@ -306,17 +306,17 @@ std::size_t Writer::WriteUnit(std::size_t at, bool words_follow, bool symbol) {
   return at + 1;
 }
 
-void Writer::WriteMark(char16_t mark) {
-  switch (mark) {
-    case marks::kTab:
+void Writer::WriteStructure(char16_t character) {
+  switch (character) {
+    case structure::kTab:
       return output_.Words(u"\\tab");
-    case marks::kLine:
+    case structure::kLine:
       return output_.Words(u"\\line");
-    case marks::kCell:
+    case structure::kCell:
       return output_.Words(u"\\cell");
-    case marks::kRow:
+    case structure::kRow:
       return output_.Words(u"\\row");
-    case marks::kObject:
+    case structure::kObject:
       return WriteInline();
     default:
       return;  // the end of a paragraph is written with the next one

@@ -23,12 +23,12 @@ Text WritePlainText(const Document& document) {
     for (; at < paragraph.end; ++at) {
       while (run + 1 < document.runs.size() && document.runs[run + 1].begin <= at) ++run;
       const char16_t unit = document.text[at];
-      const bool last_cell = unit == marks::kCell && document.text[at + 1] == marks::kRow;
+      const bool last_cell = unit == structure::kCell && document.text[at + 1] == structure::kRow;
       if (unit >= u' ') {
         text += Shown(unit, document.fonts[document.characters[document.runs[run].format].font]);
-      } else if (unit == marks::kTab || (unit == marks::kCell && !last_cell)) {
+      } else if (unit == structure::kTab || (unit == structure::kCell && !last_cell)) {
         text += u'\t';
-      } else if (unit == marks::kLine || unit == marks::kRow || unit == marks::kParagraph) {
+      } else if (unit == structure::kLine || unit == structure::kRow || unit == structure::kParagraph) {
         text += kLineEnd;
       }
     }

@@ -5,7 +5,7 @@
 
 namespace quillary::platform::rtf {
 
-/// The text of a document: CR LF between paragraphs, behind rows and at line
+/// The text of a document: CR LF between paragraphs, after rows and at line
 /// breaks, tabs between cells. Numbers of list items stand in front of them.
 Text WritePlainText(const Document& document);
 

@@ -1,0 +1,78 @@
+#include "platform/rich_text/reader/picture_words.h"
+
+namespace quillary::platform::rtf {
+
+void PictureWords::Read(const Token& token) {
+  const auto kind = [&](TextView word, bool numbered) {
+    kind_ = Text(word);
+    if (numbered) kind_ += Decimal(token.has_number ? token.number : 8);
+  };
+  const auto measure = [&](Measure which) { measures_[which] = token.number; };
+  switch (token.keyword) {
+    case Keyword::Wmetafile:
+      return kind(u"\\wmetafile", true);
+    case Keyword::Pmmetafile:
+      return kind(u"\\pmmetafile", true);
+    case Keyword::Dibitmap:
+      return kind(u"\\dibitmap", true);
+    case Keyword::Wbitmap:
+      return kind(u"\\wbitmap", true);
+    case Keyword::Emfblip:
+      return kind(u"\\emfblip", false);
+    case Keyword::Pngblip:
+      return kind(u"\\pngblip", false);
+    case Keyword::Jpegblip:
+      return kind(u"\\jpegblip", false);
+    case Keyword::Macpict:
+      return kind(u"\\macpict", false);
+    case Keyword::Wbmbitspixel:
+      bitmap_ += u"\\wbmbitspixel" + Decimal(token.number);
+      return;
+    case Keyword::Wbmplanes:
+      bitmap_ += u"\\wbmplanes" + Decimal(token.number);
+      return;
+    case Keyword::Wbmwidthbytes:
+      bitmap_ += u"\\wbmwidthbytes" + Decimal(token.number);
+      return;
+    case Keyword::Picw:
+      return measure(kWidth);
+    case Keyword::Pich:
+      return measure(kHeight);
+    case Keyword::Picwgoal:
+      return measure(kShownWidth);
+    case Keyword::Pichgoal:
+      return measure(kShownHeight);
+    case Keyword::Picscalex:
+      return measure(kScaleX);
+    case Keyword::Picscaley:
+      return measure(kScaleY);
+    case Keyword::Piccropl:
+      return measure(kLeft);
+    case Keyword::Piccropr:
+      return measure(kRight);
+    case Keyword::Piccropt:
+      return measure(kTop);
+    case Keyword::Piccropb:
+      return measure(kBottom);
+    default:
+      return;
+  }
+}
+
+Text PictureWords::Words() const {
+  constexpr std::array<TextView, kMeasures> kNames = {
+      u"\\picw",      u"\\pich",     u"\\picwgoal", u"\\pichgoal", u"\\picscalex",
+      u"\\picscaley", u"\\piccropl", u"\\piccropr", u"\\piccropt", u"\\piccropb"};
+  constexpr std::int32_t kFullScale = 100;
+  Text words = kind_.empty() ? Text(u"\\wbitmap0") : kind_;
+  words += bitmap_;
+  for (std::size_t index = 0; index < kMeasures; ++index) {
+    const bool is_scale = index == kScaleX || index == kScaleY;
+    if (measures_[index] == 0 || (is_scale && measures_[index] == kFullScale)) continue;
+    words.append(kNames[index]);
+    words += Decimal(measures_[index]);
+  }
+  return words;
+}
+
+}  // namespace quillary::platform::rtf
