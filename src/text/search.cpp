@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <bit>
 
+#include "text/ascii.h"
 #include "text/case_folding.h"
 
 namespace quillary {
@@ -41,7 +42,7 @@ constexpr int Commonness(char16_t unit) {
     case u'\n':
       return 4;
     default:
-      return unit >= u'a' && unit <= u'z' ? 6 : unit >= u'A' && unit <= u'Z' ? 5 : 3;
+      return IsAsciiLower(unit) ? 6 : IsAsciiUpper(unit) ? 5 : 3;
   }
 }
 
@@ -50,8 +51,7 @@ constexpr int Commonness(char16_t unit) {
 constexpr std::array<std::int8_t, 0x80> folded_commonness = [] {
   std::array<std::int8_t, 0x80> table{};
   for (char16_t unit = 0; unit < table.size(); ++unit) {
-    const bool upper = unit >= u'A' && unit <= u'Z';
-    const char16_t folded = upper ? static_cast<char16_t>(unit | case_bit) : unit;
+    const char16_t folded = AsciiLower(unit);
     table[unit] = static_cast<std::int8_t>(folded == u'k' || folded == u's' ? 10 : Commonness(folded));
   }
   return table;
@@ -71,7 +71,7 @@ Finder::Anchor Finder::MakeAnchor(TextView find, std::size_t offset, Compare mod
   if (mode == Compare::Binary) return anchor;
   const char16_t lower = unit | case_bit;
   if (unit < 0x80 && lower != u'k' && lower != u's') {
-    if (lower < u'a' || lower > u'z') return anchor;
+    if (!IsAsciiLower(lower)) return anchor;
     anchor.unit = lower;
     anchor.bit = case_bit;
     return anchor;

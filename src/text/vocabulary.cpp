@@ -2,6 +2,7 @@
 #include <charconv>
 #include <limits>
 
+#include "text/ascii.h"
 #include "text/case_folding.h"
 #include "text/failure.h"
 #include "text/limits.h"
@@ -19,13 +20,11 @@ constexpr std::int32_t occurrence_cap = 180;
 template <char16_t (*unit_of)(char16_t)>
 Text MapUnits(TextView text) {
   Text result(text);
-  for (char16_t& unit : result)
-    unit = unit < 0x80 && !(unit >= u'A' && unit <= u'Z') && !(unit >= u'a' && unit <= u'z') ? unit
-                                                                                             : unit_of(unit);
+  for (char16_t& unit : result) {
+    if (unit >= 0x80 || IsAsciiLetter(unit)) unit = unit_of(unit);
+  }
   return result;
 }
-
-bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 std::int64_t DigitsToNumber(TextView digits) {
   std::int64_t value = 0;
@@ -240,7 +239,7 @@ bool IsNumeric(TextView text) {
   bool digits = false;
   bool point = false;
   for (const char16_t unit : text) {
-    if (IsDigit(unit)) {
+    if (IsAsciiDigit(unit)) {
       digits = true;
     } else if (unit == u'.' && !point) {
       point = true;

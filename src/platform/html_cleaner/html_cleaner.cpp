@@ -13,6 +13,7 @@
 #include "platform/html_cleaner/large_stack.h"
 #include "platform/html_cleaner/page_bounds.h"
 #include "platform/html_cleaner/page_text.h"
+#include "text/ascii.h"
 #include "text/encodings.h"
 
 namespace quillary::platform {
@@ -133,7 +134,7 @@ class LineBreaks {
   void TakeTextSign() {
     const std::string_view rest = page_.substr(at_);
     if (rest.size() > 1 && rest[0] == '<') {
-      in_tag_ = IsLetter(rest[1]);
+      in_tag_ = IsAsciiLetter(rest[1]);
       const bool is_break = rest.starts_with("<br>") || rest.starts_with("<br />");
       if (is_break && !behind_break_ && !preformatted_ && marked_.ends_with('>')) marked_ += '\n';
       if (rest.starts_with("<pre")) preformatted_ = true;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/html_cleaner/page_text.h"
+#include "text/ascii.h"
 
 namespace quillary::platform {
 namespace {
@@ -23,12 +23,12 @@ const Words& WordsOf(std::string_view element) {
 
 // Where the value of this property begins in a tag, npos if it has none.
 std::size_t ValueOf(std::string_view tag, std::string_view property) {
-  const auto same = [](char sign, char lower) { return Lower(sign) == lower; };
+  const auto same = [](char sign, char lower) { return AsciiLower(sign) == lower; };
   for (auto from = tag.begin();; ++from) {
     from = std::search(from, tag.end(), property.begin(), property.end(), same);
     if (from == tag.end()) return std::string_view::npos;
     const char before = from == tag.begin() ? ' ' : *(from - 1);
-    if (!IsLetter(before) && before != '-') {
+    if (!IsAsciiLetter(before) && before != '-') {
       return static_cast<std::size_t>(from - tag.begin()) + property.size();
     }
   }

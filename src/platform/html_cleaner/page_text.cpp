@@ -3,26 +3,24 @@
 #include <algorithm>
 #include <charconv>
 
+#include "text/ascii.h"
 #include "text/encodings.h"
 
 namespace quillary::platform {
 namespace {
-
-bool IsDigit(char sign) { return sign >= '0' && sign <= '9'; }
 
 bool IsControl(char byte) {
   return static_cast<unsigned char>(byte) < 0x20 && byte != '\t' && byte != '\n' && byte != '\r';
 }
 
 bool StartsWithWord(std::string_view text, std::string_view lower) {
-  return text.size() >= lower.size() &&
-         std::equal(lower.begin(), lower.end(), text.begin(),
-                    [](char a, char b) { return a == b || (IsLetter(b) && a == (b | 0x20)); });
+  return text.size() >= lower.size() && std::equal(lower.begin(), lower.end(), text.begin(),
+                                                   [](char a, char b) { return a == AsciiLower(b); });
 }
 
 bool OpensMarkup(std::string_view behind, bool first) {
   if (behind.empty()) return false;
-  return IsLetter(behind[0]) || behind[0] == '/' || behind.starts_with("!--") ||
+  return IsAsciiLetter(behind[0]) || behind[0] == '/' || behind.starts_with("!--") ||
          (first && StartsWithWord(behind, "!doctype"));
 }
 
@@ -53,7 +51,7 @@ std::size_t ForeignElement(std::string_view text) {
   for (const std::string_view name : {"script", "style", "math", "svg"}) {
     if (!StartsWithWord(text.substr(1), name)) continue;
     const std::string_view behind = text.substr(1 + name.size());
-    if (!behind.empty() && (IsLetter(behind[0]) || IsDigit(behind[0]))) continue;
+    if (!behind.empty() && IsAsciiAlphanumeric(behind[0])) continue;
     const std::size_t end = text.find('>', EndTagOf(text, name, 0));
     return end == std::string_view::npos ? text.size() : end + 1;
   }
@@ -80,8 +78,8 @@ std::string WithoutForeignElements(std::string_view page) {
 
 Tag ReadTag(std::string_view page, std::size_t at) {
   Tag tag{page.substr(at + 1).starts_with('/'), {}, page.size()};
-  for (at += tag.closes ? 2 : 1; at < page.size() && (IsLetter(page[at]) || IsDigit(page[at])); ++at) {
-    tag.name += Lower(page[at]);
+  for (at += tag.closes ? 2 : 1; at < page.size() && IsAsciiAlphanumeric(page[at]); ++at) {
+    tag.name += AsciiLower(page[at]);
   }
   // A ">" in a value ends the tag only where the value has no end.
   std::size_t quoted_end = page.size();
@@ -110,13 +108,10 @@ std::size_t EndTagOf(std::string_view page, std::string_view name, std::size_t f
   return std::min(at, page.size());
 }
 
-bool IsLetter(char sign) { return (sign >= 'a' && sign <= 'z') || (sign >= 'A' && sign <= 'Z'); }
-char Lower(char sign) { return IsLetter(sign) ? static_cast<char>(sign | 0x20) : sign; }
-
 bool IsPlainName(std::string_view name) {
-  if (name.empty() || !(IsLetter(name[0]) || name[0] == '_')) return false;
+  if (name.empty() || !(IsAsciiLetter(name[0]) || name[0] == '_')) return false;
   return std::all_of(name.begin(), name.end(), [](char sign) {
-    return IsLetter(sign) || IsDigit(sign) || sign == '_' || sign == '-' || sign == '.';
+    return IsAsciiAlphanumeric(sign) || sign == '_' || sign == '-' || sign == '.';
   });
 }
 
@@ -135,7 +130,7 @@ std::string PageBytes(TextView html) {
     } else if (!IsControl(view[i])) {
       page += view[i];
     }
-    first = first && static_cast<unsigned char>(view[i]) <= 0x20;
+    first = first && IsAsciiSpaceOrControl(view[i]);
   }
   return page;
 }

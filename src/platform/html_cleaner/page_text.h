@@ -8,9 +8,6 @@
 
 namespace quillary::platform {
 
-bool IsLetter(char sign);
-char Lower(char sign);
-
 struct Tag {
   bool closes;
   std::string name;  // in lower case; none for a declaration
