@@ -31,6 +31,8 @@ constexpr int HexDigitValue(int unit) {
 }
 
 /// The lower-case hexadecimal digit of a value from 0 to 15.
-constexpr char HexDigit(int value) { return static_cast<char>(value < 10 ? '0' + value : 'a' + value - 10); }
+constexpr char16_t HexDigit(int value) {
+  return static_cast<char16_t>(value < 10 ? u'0' + value : u'a' + value - 10);
+}
 
 }  // namespace quillary

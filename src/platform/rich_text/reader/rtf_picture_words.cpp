@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/rich_text/reader/byte_text.h"
+#include "text/ascii.h"
 
 namespace quillary::platform::rtf {
 
@@ -82,7 +83,7 @@ Text PictureWords::Words() const {
 
 void HexBytes::Add(TextView digits) {
   for (const char16_t unit : digits) {
-    const int digit = HexDigit(unit);
+    const int digit = HexDigitValue(unit);
     if (digit < 0) continue;
     if (pending_ < 0) {
       pending_ = digit;

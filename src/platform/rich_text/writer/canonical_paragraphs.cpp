@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "text/ascii.h"
+
 namespace quillary::platform::rtf {
 namespace {
 
@@ -51,8 +53,7 @@ bool IsTypedItem(const Document& document, std::size_t begin, std::size_t end) {
   while (at < end && document.text[at] == u' ') ++at;
   if (at + 1 >= end || document.text[at + 1] != marks::kTab) return false;
   const char16_t sign = document.text[at];
-  const bool is_letter_or_digit = (sign >= u'0' && sign <= u'9') || (sign >= u'A' && sign <= u'Z') ||
-                                  (sign >= u'a' && sign <= u'z' && sign != u'o');
+  const bool is_letter_or_digit = IsAsciiAlphanumeric(sign) && sign != u'o';
   return sign > u' ' && !is_letter_or_digit;
 }
 
