@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/ascii.h"
+
 namespace quillary::modQuillary {
 namespace {
 
@@ -51,7 +53,7 @@ EscapeHead ReadEscapeHead(const RtfToHtmlState& state, TextView head) {
 std::optional<FontNumber> ReadFontNumber(TextView text, std::size_t at, int font_count) {
   const std::size_t first = at + kFontWord.size();
   FontNumber read{0, first};
-  while (read.end < text.size() && text[read.end] >= u'0' && text[read.end] <= u'9') {
+  while (read.end < text.size() && IsAsciiDigit(text[read.end])) {
     read.number = read.number * 10 + (text[read.end++] - u'0');
     if (read.number > font_count) return std::nullopt;
   }

@@ -4,6 +4,7 @@
 
 #include "rtf_to_html/segments/segment.h"
 #include "rules/sentinels.h"
+#include "text/ascii.h"
 #include "text/failure.h"
 
 namespace quillary::modQuillary {
@@ -12,7 +13,7 @@ namespace {
 bool IsUnicodeWord(TextView word) {
   const std::int32_t start = FindText(1, word, u"\\u", Compare::IgnoreCase);
   const TextView behind = start == 0 ? TextView() : MidView(word, start + 2, 1);
-  return !behind.empty() && (behind[0] == u'-' || (behind[0] >= u'0' && behind[0] <= u'9'));
+  return !behind.empty() && (behind[0] == u'-' || IsAsciiDigit(behind[0]));
 }
 
 // A Unicode word, with the text behind it up to the blank, as references; empty
