@@ -27,9 +27,7 @@ bool ReadEscape(TextView run, std::size_t at, char& byte) {
 class TableDecoder final : public CodePageDecoder {
  public:
   Text ToString(int code_page, TextView run) override {
-    if (std::find(kCodePages.begin(), kCodePages.end(), code_page) == kCodePages.end()) {
-      throw Failure(Failure::Kind::Argument);
-    }
+    if (!DecodesEscapes(code_page)) throw Failure(Failure::Kind::Argument);
     // A pair is two escapes that touch: text between them ends the bytes.
     Text decoded;
     std::string bytes;
@@ -51,6 +49,10 @@ class TableDecoder final : public CodePageDecoder {
 };
 
 }  // namespace
+
+bool DecodesEscapes(int code_page) {
+  return std::find(kCodePages.begin(), kCodePages.end(), code_page) != kCodePages.end();
+}
 
 std::unique_ptr<CodePageDecoder> MakeCodePageDecoder() { return std::make_unique<TableDecoder>(); }
 

@@ -13,6 +13,10 @@ namespace quillary::platform {
 /// 950, 1250 to 1258, 1361 and 10000 (the Macintosh's Western page).
 bool IsKnownCodePage(int code_page);
 
+/// The code page of a font's charset, 0 for a charset that has none of its own:
+/// the Western one, that of symbols, the default one and all that are unknown.
+int CodePageOfCharset(int charset);
+
 /// Whether `byte` opens a pair in this code page. Never in a page of single
 /// bytes or an unknown one.
 bool IsLeadByte(int code_page, unsigned char byte);

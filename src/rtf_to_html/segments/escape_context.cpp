@@ -2,20 +2,11 @@
 
 #include <algorithm>
 
+#include "platform/code_pages/code_pages.h"
 #include "text/ascii.h"
 
 namespace quillary::modQuillary {
 namespace {
-
-struct CharsetPage {
-  int charset;
-  int code_page;
-};
-
-constexpr CharsetPage kCharsetPages[] = {
-    {128, 932},  {129, 949},  {134, 936},  {136, 950},  {161, 1253}, {162, 1254}, {163, 1258}, {177, 1255},
-    {178, 1256}, {179, 1256}, {180, 1256}, {181, 1255}, {186, 1257}, {204, 1251}, {222, 874},  {238, 1250},
-};
 
 constexpr TextView kFontWord = u"\\f";
 
@@ -66,11 +57,9 @@ int CharsetOfFont(const RtfToHtmlState& state, int font) {
   return state.FontCharsets.has(font) ? state.FontCharsets[font] : 0;
 }
 
-int CodePageOfCharset(int charset) {
-  for (const CharsetPage& row : kCharsetPages) {
-    if (row.charset == charset) return row.code_page;
-  }
-  return 0;
+int EscapePageOfCharset(int charset) {
+  const int code_page = platform::CodePageOfCharset(charset);
+  return platform::DecodesEscapes(code_page) ? code_page : 0;
 }
 
 std::unique_ptr<platform::CodePageDecoder> NewDecoder(const Apartment& apartment) {

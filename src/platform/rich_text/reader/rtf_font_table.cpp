@@ -14,20 +14,16 @@ namespace {
 constexpr std::size_t kLongestName = 31;  // as in the control
 constexpr std::size_t kMostFonts = std::numeric_limits<std::uint16_t>::max() - 1;
 
-struct Charset {
+// What stands at the end of a font's name for its charset.
+struct CharsetSuffix {
   std::int32_t charset;
-  int code_page;
-  TextView suffix;  // behind the names of such fonts
+  TextView suffix;
 };
 
-constexpr Charset kCharsets[] = {
-    {77, 10000, u""},          {128, 932, u""},           {129, 949, u""},
-    {130, 1361, u""},          {134, 936, u""},           {136, 950, u""},
-    {161, 1253, u" Greek"},    {162, 1254, u" Tur"},      {163, 1258, u" (Vietnamese)"},
-    {177, 1255, u" (Hebrew)"}, {178, 1256, u" (Arabic)"}, {179, 1256, u" (Arabic)"},
-    {180, 1256, u" (Arabic)"}, {181, 1255, u" (Hebrew)"}, {186, 1257, u" Baltic"},
-    {204, 1251, u" Cyr"},      {222, 874, u" (Thai)"},    {238, 1250, u" CE"},
-    {254, 437, u""},           {255, 850, u""},
+constexpr CharsetSuffix kCharsetSuffixes[] = {
+    {161, u" Greek"},    {162, u" Tur"},      {163, u" (Vietnamese)"}, {177, u" (Hebrew)"},
+    {178, u" (Arabic)"}, {179, u" (Arabic)"}, {180, u" (Arabic)"},     {181, u" (Hebrew)"},
+    {186, u" Baltic"},   {204, u" Cyr"},      {222, u" (Thai)"},       {238, u" CE"},
 };
 
 struct KnownName {
@@ -64,10 +60,11 @@ constexpr KnownName kKnownNames[] = {
     {u"맑은 고딕", u"Malgun Gothic"},
 };
 
-const Charset* FindCharset(std::int32_t number) {
-  const auto* found = std::find_if(std::begin(kCharsets), std::end(kCharsets),
-                                   [&](const Charset& entry) { return entry.charset == number; });
-  return found == std::end(kCharsets) ? nullptr : found;
+TextView SuffixOfCharset(std::int32_t charset) {
+  for (const CharsetSuffix& entry : kCharsetSuffixes) {
+    if (entry.charset == charset) return entry.suffix;
+  }
+  return {};
 }
 
 bool IsAscii(TextView text) {
@@ -189,19 +186,18 @@ void FontTable::EndEntry() {
     bytes_.clear();
     return;
   }
-  const Charset* charset = FindCharset(font_.charset.value_or(0));
-  if (font_.code_page == 0 && charset != nullptr) font_.code_page = charset->code_page;
+  const std::int32_t charset = font_.charset.value_or(0);
+  if (font_.code_page == 0) font_.code_page = platform::CodePageOfCharset(charset);
   if (!IsKnownCodePage(font_.code_page)) font_.code_page = 0;
   if (!bytes_.empty()) {
     font_.name += DecodePage(font_.code_page != 0 ? font_.code_page : document_code_page_, bytes_);
   }
   font_.name = PlainName();
-  if (charset != nullptr && !charset->suffix.empty()) {
-    const TextView name = font_.name;
-    if (name.size() > charset->suffix.size() &&
-        Equal(name.substr(name.size() - charset->suffix.size()), charset->suffix, Compare::IgnoreCase)) {
-      font_.name.resize(name.size() - charset->suffix.size());
-    }
+  const TextView suffix = SuffixOfCharset(charset);
+  const TextView name = font_.name;
+  if (name.size() > suffix.size() &&
+      Equal(name.substr(name.size() - suffix.size()), suffix, Compare::IgnoreCase)) {
+    font_.name.resize(name.size() - suffix.size());
   }
   if (font_.name.size() > kLongestName) font_.name.resize(kLongestName);
   font_.name = TableName(font_.name);
