@@ -2,7 +2,7 @@
 
 #include "links/link_lists.h"
 #include "links/link_stretch.h"
-#include "links/page_text.h"
+#include "links/page_editor.h"
 
 namespace quillary::links {
 namespace {
@@ -22,8 +22,8 @@ Text AnchorOf(TextView link, TextView prefix) {
 
 void Scan(RtfToHtmlState& state, Text& text) {
   state.FoundLinks.Size(found_capacity);
-  PageInPlace in_place(text);
-  PageText& page = in_place.text();
+  InPlaceEditor in_place(text);
+  PageEditor& page = in_place.editor();
   LinkStretches stretches(state, page);
   std::int32_t count = 1;
   while (stretches.Next(false, longest_link)) {

@@ -5,7 +5,7 @@
 
 #include "links/leftmost_literal.h"
 #include "links/link_lists.h"
-#include "links/page_text.h"
+#include "links/page_editor.h"
 #include "text/search.h"
 
 namespace quillary::links {
@@ -130,7 +130,7 @@ Piece FindAddress(TextView stretch) {
 
 class EmailScan {
  public:
-  EmailScan(RtfToHtmlState& state, PageText& page)
+  EmailScan(RtfToHtmlState& state, PageEditor& page)
       : state_(state), page_(page), delimiters_(state.LinkDelimiters, state.LinkDelimiters.upper()) {}
 
   // From the first at sign on. Returns the number of the entry behind the last.
@@ -154,7 +154,7 @@ class EmailScan {
   bool LinkAddress();
 
   RtfToHtmlState& state_;
-  PageText& page_;
+  PageEditor& page_;
   LeftmostLiteral delimiters_;
   std::int32_t count_ = 1;
   std::int32_t left_ = 0;
@@ -207,8 +207,8 @@ void Scan(RtfToHtmlState& state, Text& text) {
   const std::int32_t at = FindText(1, text, u"@");
   std::int32_t next_entry = 1;
   if (at > 0) {
-    PageInPlace page(text);
-    next_entry = EmailScan(state, page.text()).Run(at);
+    InPlaceEditor page(text);
+    next_entry = EmailScan(state, page.editor()).Run(at);
   }
   state.FoundEmails.Set(next_entry, u"");
 }

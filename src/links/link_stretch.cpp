@@ -7,7 +7,7 @@
 
 namespace quillary::links {
 
-LinkStretches::LinkStretches(const RtfToHtmlState& state, PageText& page)
+LinkStretches::LinkStretches(const RtfToHtmlState& state, PageEditor& page)
     : page_(page),
       prefixes_(state.LinkPrefixes, state.LinkPrefixes.upper()),
       delimiters_(state.LinkDelimiters, state.LinkDelimiters.upper() - delimiters_of_addresses_only),

@@ -6,7 +6,7 @@
 #include "links/bracketed_words.h"
 #include "links/link_lists.h"
 #include "links/link_stretch.h"
-#include "links/page_text.h"
+#include "links/page_editor.h"
 #include "rules/sentinels.h"
 
 namespace quillary::links {
@@ -47,7 +47,7 @@ bool IsPicture(TextView link) {
 
 class LinkScan {
  public:
-  LinkScan(RtfToHtmlState& state, PageText& page) : state_(state), page_(page), stretches_(state, page) {
+  LinkScan(RtfToHtmlState& state, PageEditor& page) : state_(state), page_(page), stretches_(state, page) {
     const std::int32_t last = state.LinkDelimiters.upper() - delimiters_of_addresses_only;
     bool blank_ends_links = false;
     for (std::int32_t i = 1; i <= last; ++i) blank_ends_links |= state.LinkDelimiters[i] == u" ";
@@ -78,7 +78,7 @@ class LinkScan {
   void Put(std::int32_t start, std::size_t count, TextView with);
 
   RtfToHtmlState& state_;
-  PageText& page_;
+  PageEditor& page_;
   LinkStretches stretches_;
   std::int32_t count_ = 1;
   Text label_;
@@ -172,8 +172,8 @@ void LinkScan::Put(std::int32_t start, std::size_t count, TextView with) {
 
 void Scan(RtfToHtmlState& state, Text& text) {
   state.FoundLinks.Size(found_capacity);
-  PageInPlace page(text);
-  LinkScan(state, page.text()).Run();
+  InPlaceEditor page(text);
+  LinkScan(state, page.editor()).Run();
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include "platform/html_cleaner/inline_order.h"
 #include "platform/html_cleaner/large_stack.h"
 #include "platform/html_cleaner/page_bounds.h"
-#include "platform/html_cleaner/page_text.h"
+#include "platform/html_cleaner/page_encoding.h"
 #include "text/ascii.h"
 #include "text/encodings.h"
 
@@ -221,7 +221,7 @@ class TidyCleaner : public HtmlCleaner {
   }
 
   static std::string Admitted(TextView html) {
-    std::optional<std::string> page = WithInlinesInOrder(PageBytes(html));
+    std::optional<std::string> page = WithInlinesInOrder(EncodePage(html));
     if (!page || !IsWithinBounds(*page)) Refuse("The page nests too deep.");
     return std::move(*page);
   }

@@ -1,4 +1,4 @@
-// The text of a page on its way to the HTML library.
+// The encoding of a page for the HTML library.
 #pragma once
 
 #include <string>
@@ -27,7 +27,7 @@ bool IsPlainName(std::string_view name);
 /// no page may hold goes: control characters, and references to them or to
 /// what is no character. A "<" that opens neither a tag nor a comment, nor the
 /// document type in front of all else, stands for itself.
-std::string PageBytes(TextView html);
+std::string EncodePage(TextView html);
 
 /// The page without its scripts, style sheets, formulas and drawings: their
 /// content is no HTML, and what the library makes of it is not always XML.

@@ -1,4 +1,4 @@
-#include "platform/html_cleaner/page_text.h"
+#include "platform/html_cleaner/page_encoding.h"
 
 #include <algorithm>
 #include <charconv>
@@ -115,7 +115,7 @@ bool IsPlainName(std::string_view name) {
   });
 }
 
-std::string PageBytes(TextView html) {
+std::string EncodePage(TextView html) {
   const std::string bytes = ToWindows1252(html, '?');
   const std::string_view view = bytes;
   std::string page;
