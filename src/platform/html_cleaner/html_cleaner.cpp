@@ -13,6 +13,7 @@
 #include "platform/html_cleaner/large_stack.h"
 #include "platform/html_cleaner/page_bounds.h"
 #include "platform/html_cleaner/page_encoding.h"
+#include "platform/html_cleaner/tags.h"
 #include "text/ascii.h"
 #include "text/encodings.h"
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/html_cleaner/open_inlines.h"
-#include "platform/html_cleaner/page_encoding.h"
+#include "platform/html_cleaner/tags.h"
 #include "text/html_elements.h"
 
 namespace quillary::platform {

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/html_cleaner/page_encoding.h"
+#include "platform/html_cleaner/tags.h"
 #include "text/html_elements.h"
 
 namespace quillary::platform {

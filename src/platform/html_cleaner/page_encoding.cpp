@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "platform/html_cleaner/tags.h"
 #include "text/ascii.h"
 #include "text/encodings.h"
 
@@ -13,15 +14,10 @@ bool IsControl(char byte) {
   return static_cast<unsigned char>(byte) < 0x20 && byte != '\t' && byte != '\n' && byte != '\r';
 }
 
-bool StartsWithWord(std::string_view text, std::string_view lower) {
-  return text.size() >= lower.size() && std::equal(lower.begin(), lower.end(), text.begin(),
-                                                   [](char a, char b) { return a == AsciiLower(b); });
-}
-
 bool OpensMarkup(std::string_view behind, bool first) {
   if (behind.empty()) return false;
   return IsAsciiLetter(behind[0]) || behind[0] == '/' || behind.starts_with("!--") ||
-         (first && StartsWithWord(behind, "!doctype"));
+         (first && StartsWithName(behind, "!doctype"));
 }
 
 bool IsCharacter(unsigned long number) {
@@ -49,7 +45,7 @@ std::size_t BadReference(std::string_view text) {
 // HTML, to its end tag or the end of the page; 0 for any other text.
 std::size_t ForeignElement(std::string_view text) {
   for (const std::string_view name : {"script", "style", "math", "svg"}) {
-    if (!StartsWithWord(text.substr(1), name)) continue;
+    if (!StartsWithName(text.substr(1), name)) continue;
     const std::string_view behind = text.substr(1 + name.size());
     if (!behind.empty() && IsAsciiAlphanumeric(behind[0])) continue;
     const std::size_t end = text.find('>', EndTagOf(text, name, 0));
@@ -74,45 +70,6 @@ std::string WithoutForeignElements(std::string_view page) {
     at += std::max<std::size_t>(foreign, 1);
   }
   return kept;
-}
-
-Tag ReadTag(std::string_view page, std::size_t at) {
-  Tag tag{page.substr(at + 1).starts_with('/'), {}, page.size()};
-  for (at += tag.closes ? 2 : 1; at < page.size() && IsAsciiAlphanumeric(page[at]); ++at) {
-    tag.name += AsciiLower(page[at]);
-  }
-  // A ">" in a value ends the tag only where the value has no end.
-  std::size_t quoted_end = page.size();
-  char quote = 0;
-  for (; at < page.size() && page[at] != '<'; ++at) {
-    if (quote != 0) {
-      if (page[at] == '>' && quoted_end == page.size()) quoted_end = at + 1;
-      if (page[at] != quote) continue;
-      quote = 0;
-      quoted_end = page.size();
-    } else if (page[at] == '"' || page[at] == '\'') {
-      quote = page[at];
-    } else if (page[at] == '>') {
-      tag.end = at + 1;
-      return tag;
-    }
-  }
-  tag.end = std::min(quoted_end, at);
-  return tag;
-}
-
-std::size_t EndTagOf(std::string_view page, std::string_view name, std::size_t from) {
-  std::size_t at = page.find("</", from);
-  while (at != std::string_view::npos && !StartsWithWord(page.substr(at + 2), name))
-    at = page.find("</", at + 2);
-  return std::min(at, page.size());
-}
-
-bool IsPlainName(std::string_view name) {
-  if (name.empty() || !(IsAsciiLetter(name[0]) || name[0] == '_')) return false;
-  return std::all_of(name.begin(), name.end(), [](char sign) {
-    return IsAsciiAlphanumeric(sign) || sign == '_' || sign == '-' || sign == '.';
-  });
 }
 
 std::string EncodePage(TextView html) {

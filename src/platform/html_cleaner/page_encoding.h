@@ -8,21 +8,6 @@
 
 namespace quillary::platform {
 
-struct Tag {
-  bool closes;
-  std::string name;  // in lower case; none for a declaration
-  std::size_t end;   // behind its ">", or where the next tag begins without one
-};
-
-/// The tag that begins at this "<".
-Tag ReadTag(std::string_view page, std::size_t at);
-
-/// Where the end tag of this name begins, the end of the page if nowhere.
-std::size_t EndTagOf(std::string_view page, std::string_view name, std::size_t from);
-
-/// Whether a name is one in XML and has no prefix.
-bool IsPlainName(std::string_view name);
-
 /// The page in Windows-1252; a character that the page lacks becomes "?". What
 /// no page may hold goes: control characters, and references to them or to
 /// what is no character. A "<" that opens neither a tag nor a comment, nor the
