@@ -5,13 +5,13 @@
 namespace quillary::links {
 namespace {
 
-constexpr TextView opening = u"&lt;";
-constexpr TextView closing = u"&gt;";
+constexpr TextView kOpening = u"&lt;";
+constexpr TextView kClosing = u"&gt;";
 
 bool IsBracketed(TextView word) {
-  return word.size() >= opening.size() + closing.size() &&
-         Equal(word.substr(0, opening.size()), opening, Compare::IgnoreCase) &&
-         Equal(word.substr(word.size() - closing.size()), closing, Compare::IgnoreCase);
+  return word.size() >= kOpening.size() + kClosing.size() &&
+         Equal(word.substr(0, kOpening.size()), kOpening, Compare::IgnoreCase) &&
+         Equal(word.substr(word.size() - kClosing.size()), kClosing, Compare::IgnoreCase);
 }
 
 std::uint64_t ContentOf(TextView word) {

@@ -10,7 +10,7 @@ namespace quillary::links {
 namespace {
 
 // Room for the first dozens of anchors.
-constexpr std::size_t least_gap = 4096;
+constexpr std::size_t kLeastGap = 4096;
 
 }  // namespace
 
@@ -90,8 +90,8 @@ void PageEditor::MoveGap(std::size_t offset) {
 
 void PageEditor::Widen(std::size_t units) {
   const std::size_t size = buffer_.size() - (gap_end_ - gap_begin_);
-  if (size + units > limits::working_units) throw LimitReached(LimitReached::Limit::Growth);
-  const std::size_t more = units + least_gap + size / 8;
+  if (size + units > limits::kWorkingUnits) throw LimitReached(LimitReached::Limit::Growth);
+  const std::size_t more = units + kLeastGap + size / 8;
   buffer_.insert(gap_end_, more, u'\0');
   gap_end_ += more;
 }

@@ -13,7 +13,7 @@ namespace quillary {
 namespace {
 
 // The count stops here: the result 181 means "181 or more".
-constexpr std::int32_t occurrence_cap = 180;
+constexpr std::int32_t kOccurrenceCap = 180;
 
 [[noreturn]] void Fail(Failure::Kind kind) { throw Failure(kind); }
 
@@ -71,7 +71,7 @@ bool ReplaceIn(Text& text, TextView find, TextView with, Compare mode, std::int3
     if (limit > 0 && --limit == 0) break;
     hit = finder.Next(text, from);
   }
-  if (result.size() + (text.size() - from) > limits::working_units) {
+  if (result.size() + (text.size() - from) > limits::kWorkingUnits) {
     throw LimitReached(LimitReached::Limit::Growth);
   }
   result.append(text, from, Text::npos);
@@ -105,11 +105,11 @@ bool Holds(TextView text, TextView find, Compare mode) { return FindText(1, text
 std::int32_t CountOccurrences(TextView text, TextView find, Compare mode) {
   if (text.empty()) return 0;
   // An empty find is found wherever the search starts.
-  if (find.empty()) return std::min(Length(text), occurrence_cap + 1);
+  if (find.empty()) return std::min(Length(text), kOccurrenceCap + 1);
   const Finder finder(find, mode);
   std::int32_t count = 0;
   for (std::size_t hit = finder.Next(text, 0); hit != Finder::npos; hit = finder.Next(text, hit + 1)) {
-    if (++count > occurrence_cap) break;
+    if (++count > kOccurrenceCap) break;
   }
   return count;
 }

@@ -20,7 +20,7 @@
 namespace quillary::platform {
 namespace {
 
-constexpr const char* html_document_type = "<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 3.2//EN\">";
+constexpr const char* kHtmlDocumentType = "<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 3.2//EN\">";
 
 [[noreturn]] void Refuse(const char* why) { throw Failure(Failure::Kind::Raised, 0, "HTML cleaner", why); }
 
@@ -176,9 +176,9 @@ void SetDocumentType(std::string& page) {
   const std::size_t start = page.find("<!DOCTYPE");
   const std::size_t end = start == std::string::npos ? start : page.find('>', start);
   if (end == std::string::npos) {
-    page.insert(0, std::string(html_document_type) + "\n");
+    page.insert(0, std::string(kHtmlDocumentType) + "\n");
   } else {
-    page.replace(start, end + 1 - start, html_document_type);
+    page.replace(start, end + 1 - start, kHtmlDocumentType);
   }
 }
 

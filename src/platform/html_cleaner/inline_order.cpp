@@ -17,11 +17,11 @@ namespace {
 
 /// Most inline elements that a text may stand in, fonts that others cover
 /// apart; each text is compared with them.
-constexpr std::size_t most_inlines = 500;
+constexpr std::size_t kMostInlines = 500;
 /// Most blocks that may be open in a cell, and most cells and tables.
-constexpr std::size_t most_blocks = 8000;
+constexpr std::size_t kMostBlocks = 8000;
 /// Most elements that are opened again, and more where the page is long.
-constexpr std::size_t most_reopened = 200000;
+constexpr std::size_t kMostReopened = 200000;
 
 class InlineOrder {
  public:
@@ -42,9 +42,9 @@ class InlineOrder {
         TakeTag();
       }
       const OpenInlines& open = spaces_.back();
-      const bool deep = open.inline_depth() > most_inlines || open.block_depth() > most_blocks ||
-                        spaces_.size() > most_blocks;
-      if (deep || reopened_ + open.reopened() > most_reopened + page_.size() / 4) return std::nullopt;
+      const bool deep = open.inline_depth() > kMostInlines || open.block_depth() > kMostBlocks ||
+                        spaces_.size() > kMostBlocks;
+      if (deep || reopened_ + open.reopened() > kMostReopened + page_.size() / 4) return std::nullopt;
     }
     spaces_.back().Close(ordered_);
     return std::move(ordered_);

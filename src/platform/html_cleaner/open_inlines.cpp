@@ -14,11 +14,11 @@ struct Words {
   std::array<std::string_view, 4> properties;
 };
 
-constexpr Words font_words{"font", '=', {"face=", "size=", "color=", "bgcolor="}};
-constexpr Words span_words{"span", ':', {"font-family:", "font-size:", "color:", "background-color:"}};
+constexpr Words kFontWords{"font", '=', {"face=", "size=", "color=", "bgcolor="}};
+constexpr Words kSpanWords{"span", ':', {"font-family:", "font-size:", "color:", "background-color:"}};
 
 const Words& WordsOf(std::string_view element) {
-  return element == font_words.element ? font_words : span_words;
+  return element == kFontWords.element ? kFontWords : kSpanWords;
 }
 
 // Where the value of this property begins in a tag, npos if it has none.
@@ -38,7 +38,7 @@ std::size_t ValueOf(std::string_view tag, std::string_view property) {
 
 OpenInlines::OpenInlines(const std::string& face_tag) : carried_(face_tag) {
   if (carried_.empty()) return;
-  const Words& words = carried_.starts_with("<font") ? font_words : span_words;
+  const Words& words = carried_.starts_with("<font") ? kFontWords : kSpanWords;
   elements_.push_back({words.element, carried_, Effect::Properties, false});
 }
 
@@ -110,13 +110,13 @@ void OpenInlines::GoOnIn(OpenInlines& outside) const {
 
 void OpenInlines::Write(std::string& page) {
   needed_ = always_;
-  for (const Words& words : {font_words, span_words}) {
+  for (const Words& words : {kFontWords, kSpanWords}) {
     const Last* const last = LastOf(words.element);
     if (last == nullptr) continue;
     std::copy_if(last->begin(), last->end(), std::back_inserter(needed_),
-                 [](std::size_t place) { return place != none; });
+                 [](std::size_t place) { return place != kNone; });
   }
-  if (!carried_.empty() && LastFace() == none) needed_.push_back(0);
+  if (!carried_.empty() && LastFace() == kNone) needed_.push_back(0);
   std::sort(needed_.begin(), needed_.end());
   needed_.erase(std::unique(needed_.begin(), needed_.end()), needed_.end());
 
@@ -143,8 +143,8 @@ void OpenInlines::CloseFrom(std::string& page, std::size_t count) {
 
 std::string OpenInlines::FaceTag() const {
   const std::size_t place = LastFace();
-  if (place == none) return carried_;
-  const bool font = elements_[place].name == font_words.element;
+  if (place == kNone) return carried_;
+  const bool font = elements_[place].name == kFontWords.element;
   const std::string_view tag = elements_[place].tag;
   std::size_t from = ValueOf(tag, WordsOf(elements_[place].name).properties[0]);
   if (font && tag.substr(from).starts_with('"')) ++from;
@@ -158,11 +158,11 @@ const OpenInlines::Last* OpenInlines::LastOf(std::string_view name) const {
 }
 
 std::size_t OpenInlines::LastFace() const {
-  const Last* const font = LastOf(font_words.element);
-  const Last* const span = LastOf(span_words.element);
-  const std::size_t of_font = font == nullptr ? none : font->front();
-  const std::size_t of_span = span == nullptr ? none : span->front();
-  if (of_font == none || of_span == none) return std::min(of_font, of_span);
+  const Last* const font = LastOf(kFontWords.element);
+  const Last* const span = LastOf(kSpanWords.element);
+  const std::size_t of_font = font == nullptr ? kNone : font->front();
+  const std::size_t of_span = span == nullptr ? kNone : span->front();
+  if (of_font == kNone || of_span == kNone) return std::min(of_font, of_span);
   return std::max(of_font, of_span);
 }
 

@@ -53,7 +53,7 @@ class OpenInlines {
   std::size_t block_depth() const { return blocks_.size(); }
 
  private:
-  static constexpr std::size_t none = ~std::size_t{0};
+  static constexpr std::size_t kNone = ~std::size_t{0};
   using Last = std::array<std::size_t, 4>;  // by property the last element that names it
 
   struct Element {
@@ -61,7 +61,7 @@ class OpenInlines {
     std::string_view tag;
     Effect effect;
     bool ends_with_block;
-    Last last{none, none, none, none};
+    Last last{kNone, kNone, kNone, kNone};
     bool was_written = false;
   };
   struct Block {

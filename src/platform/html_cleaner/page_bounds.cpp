@@ -13,9 +13,9 @@ namespace {
 
 /// Most elements that may be open at a time, those that the library supplies
 /// (a row and a cell for a table) included.
-constexpr std::size_t most_open = 8000;
+constexpr std::size_t kMostOpen = 8000;
 /// Most attributes of one tag; the library compares each with all others.
-constexpr std::ptrdiff_t most_attributes = 1000;
+constexpr std::ptrdiff_t kMostAttributes = 1000;
 
 /// The elements that the library opens for one of these.
 std::size_t WeightOf(ElementNesting nesting) {
@@ -45,7 +45,7 @@ class Bounds {
       ++open_by_name_[name];
       weight_ += weight;
     }
-    return weight_ <= most_open;
+    return weight_ <= kMostOpen;
   }
 
   // Closes a block and all that was opened in it, or an inline element alone,
@@ -99,7 +99,7 @@ bool IsWithinBounds(std::string_view page) {
     const std::string_view text = page.substr(at, tag.end - at);
     at = tag.end;
     if (tag.name.empty()) continue;
-    if (std::count(text.begin(), text.end(), '=') > most_attributes) return false;
+    if (std::count(text.begin(), text.end(), '=') > kMostAttributes) return false;
     if (tag.closes) {
       bounds.Close(tag.name);
     } else if (!bounds.Open(tag.name)) {

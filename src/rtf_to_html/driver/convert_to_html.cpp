@@ -38,7 +38,7 @@ class GrowthLimit {
  public:
   GrowthLimit(Apartment& apartment, std::size_t source_units)
       : apartment_(apartment), outer_(apartment.working_limit) {
-    const std::size_t grown = std::max(source_units * limits::growth_factor, limits::growth_floor_units);
+    const std::size_t grown = std::max(source_units * limits::kGrowthFactor, limits::kGrowthFloorUnits);
     apartment.working_limit = std::min(outer_, grown);
   }
   GrowthLimit(const GrowthLimit&) = delete;
@@ -165,7 +165,7 @@ void CloseDocument(RtfToHtmlState& state) {
   state.HtmlOut += u"\r\n</body>\r\n</html>\r\n";
 }
 
-bool FoundAllThatFit(const TextList& found) { return found.last_set() >= links::found_limit; }
+bool FoundAllThatFit(const TextList& found) { return found.last_set() >= links::kFoundLimit; }
 
 // Links off still finds what a word processor left in brackets.
 void RecogniseLinks(Sequence& sequence, Apartment& apartment, TextView mode) {
@@ -250,7 +250,7 @@ void ResolvePictureMarks(Apartment& apartment) {
 }  // namespace
 
 Text ConvertToHtml(Apartment& apartment, ConversionTexts texts) {
-  if (texts.source.size() > limits::input_units) throw LimitReached(LimitReached::Limit::Input);
+  if (texts.source.size() > limits::kInputUnits) throw LimitReached(LimitReached::Limit::Input);
   const GrowthLimit growth(apartment, texts.source.size());
   RtfToHtmlState& state = apartment.rtf_to_html;
   Sequence sequence(apartment);

@@ -218,7 +218,7 @@ TEST(HtmlCleaner, RefusesQuicklyWhatTheLibraryCannotBear) {
 TEST(HtmlCleaner, KeepsTheFormatThatABrowserShows) {
   constexpr struct {
     std::string_view page, ordered;
-  } cases[] = {
+  } kCases[] = {
       // Across each other, and ends of what is not open.
       {"<b>a<i>b</b>c</i>d", "<b>a<i>b</i></b><i>c</i>d"},
       {"<font size=2>a</b></i>b</font></font>c", "<font size=2>ab</font>c"},
@@ -254,7 +254,7 @@ TEST(HtmlCleaner, KeepsTheFormatThatABrowserShows) {
       {"<title><b></title><!-- <b> -->a<font size=2<b>b",
        "<title><b></title><!-- <b> -->a<font size=2><b>b</b></font>"},
   };
-  for (const auto& each : cases) EXPECT_EQ(WithInlinesInOrder(each.page), each.ordered);
+  for (const auto& each : kCases) EXPECT_EQ(WithInlinesInOrder(each.page), each.ordered);
 }
 
 TEST(HtmlCleaner, BearsDeepPagesWhateverTheStackOfItsCaller) {
