@@ -99,7 +99,7 @@ class Converter {
 
   /// The one unit that these bytes stand for, if there is one. The converters
   /// of the Hebrew and the Vietnamese page hold a letter back to join it with
-  /// its marks, so each question ends with a flush.
+  /// its combining marks, so each question ends with a flush.
   std::optional<char16_t> Unit(unsigned char first, std::optional<unsigned char> second = std::nullopt) {
     std::array<char, 2> in = {static_cast<char>(first), static_cast<char>(second.value_or(0))};
     std::array<unsigned char, 16> out{};

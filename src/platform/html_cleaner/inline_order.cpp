@@ -1,6 +1,6 @@
 // Pages open and close fonts and effects across each other and across cells.
 // The HTML library closes whatever stands inside an end tag that it does not
-// expect, and the text behind loses its format; browsers open it again.
+// expect, and the text after it loses its format; browsers open it again.
 #include "platform/html_cleaner/inline_order.h"
 
 #include <algorithm>
@@ -27,8 +27,8 @@ class InlineOrder {
  public:
   explicit InlineOrder(std::string_view page) : page_(page) {
     ordered_.reserve(page.size() + page.size() / 4);
-    spaces_.emplace_back();
-    places_.push_back(ElementRole::Block);
+    scopes_.emplace_back();
+    scope_roles_.push_back(ElementRole::Block);
   }
 
   std::optional<std::string> Write() {
@@ -41,12 +41,12 @@ class InlineOrder {
       } else {
         TakeTag();
       }
-      const OpenInlines& open = spaces_.back();
+      const OpenInlines& open = scopes_.back();
       const bool deep = open.inline_depth() > kMostInlines || open.block_depth() > kMostBlocks ||
-                        spaces_.size() > kMostBlocks;
+                        scopes_.size() > kMostBlocks;
       if (deep || reopened_ + open.reopened() > kMostReopened + page_.size() / 4) return std::nullopt;
     }
-    spaces_.back().Close(ordered_);
+    scopes_.back().Close(ordered_);
     return std::move(ordered_);
   }
 
@@ -54,8 +54,8 @@ class InlineOrder {
   void TakeText() {
     const std::size_t end = std::min(page_.find('<', at_), page_.size());
     const std::string_view text = page_.substr(at_, end - at_);
-    // A block takes no blanks at its start.
-    if (!behind_block_ || text.find_first_not_of(" \t\r\n") != std::string_view::npos) OpenText();
+    // A block takes no white space at its start.
+    if (!after_block_ || text.find_first_not_of(" \t\r\n") != std::string_view::npos) OpenText();
     CopyTo(end);
   }
 
@@ -72,7 +72,7 @@ class InlineOrder {
   }
 
   void Start(const HtmlElement& element, std::string_view tag) {
-    OpenInlines& open = spaces_.back();
+    OpenInlines& open = scopes_.back();
     switch (element.role) {
       case ElementRole::Anchor:
         // It is a place also without a text, and none stands in another.
@@ -111,7 +111,7 @@ class InlineOrder {
       case ElementRole::Cell:
         EndCell();
         PutBlock(tag);
-        if (places_.back() == ElementRole::Table) Enter(ElementRole::Cell, spaces_.back().FaceTag());
+        if (scope_roles_.back() == ElementRole::Table) Enter(ElementRole::Cell, scopes_.back().FaceTag());
         return;
       case ElementRole::Row:
         EndCell();
@@ -130,7 +130,7 @@ class InlineOrder {
       case ElementRole::Span:
       case ElementRole::Step:
       case ElementRole::Shift:
-        return spaces_.back().End(element.name);
+        return scopes_.back().End(element.name);
       case ElementRole::Content:
       case ElementRole::Raw:
       case ElementRole::Other:
@@ -139,8 +139,8 @@ class InlineOrder {
       case ElementRole::Item:
       case ElementRole::Block:
         // One that is open outside of a cell would end the cell.
-        if (element.name != "p" && !spaces_.back().HoldsBlock(element.name)) return;
-        spaces_.back().EndBlock(element.name, element.role == ElementRole::Item);
+        if (element.name != "p" && !scopes_.back().HoldsBlock(element.name)) return;
+        scopes_.back().EndBlock(element.name, element.role == ElementRole::Item);
         break;
       case ElementRole::Cell:
       case ElementRole::Row:
@@ -157,35 +157,35 @@ class InlineOrder {
   }
 
   void EndCell() {
-    if (places_.back() == ElementRole::Cell) Leave();
+    if (scope_roles_.back() == ElementRole::Cell) Leave();
   }
 
-  // Formatting that was opened between the cells goes on behind the table.
+  // Formatting that was opened between the cells goes on after the table.
   void EndTable() {
-    if (places_.back() != ElementRole::Table) return;
-    spaces_.back().GoOnIn(spaces_[spaces_.size() - 2]);
+    if (scope_roles_.back() != ElementRole::Table) return;
+    scopes_.back().GoOnIn(scopes_[scopes_.size() - 2]);
     Leave();
   }
 
-  void Enter(ElementRole place, const std::string& face_tag) {
-    spaces_.emplace_back(face_tag);
-    places_.push_back(place);
+  void Enter(ElementRole role, const std::string& face_tag) {
+    scopes_.emplace_back(face_tag);
+    scope_roles_.push_back(role);
   }
   void Leave() {
-    spaces_.back().Close(ordered_);
-    reopened_ += spaces_.back().reopened();
-    spaces_.pop_back();
-    places_.pop_back();
+    scopes_.back().Close(ordered_);
+    reopened_ += scopes_.back().reopened();
+    scopes_.pop_back();
+    scope_roles_.pop_back();
   }
 
   void OpenText() {
-    spaces_.back().Write(ordered_);
-    behind_block_ = false;
+    scopes_.back().Write(ordered_);
+    after_block_ = false;
   }
   void PutBlock(std::string_view tag) {
-    spaces_.back().Close(ordered_);
+    scopes_.back().Close(ordered_);
     ordered_ += tag;
-    behind_block_ = true;
+    after_block_ = true;
   }
   void CopyTo(std::size_t end) {
     ordered_ += page_.substr(at_, end - at_);
@@ -195,10 +195,10 @@ class InlineOrder {
   std::string_view page_;
   std::string ordered_;
   std::size_t at_ = 0;
-  std::deque<OpenInlines> spaces_;
-  std::vector<ElementRole> places_;  // of the spaces: page, table or cell
-  std::size_t reopened_ = 0;         // in spaces that have ended
-  bool behind_block_ = true;
+  std::deque<OpenInlines> scopes_;
+  std::vector<ElementRole> scope_roles_;  // of the scopes: page, table or cell
+  std::size_t reopened_ = 0;              // in scopes that have ended
+  bool after_block_ = true;
 };
 
 }  // namespace

@@ -44,7 +44,7 @@ class OpenInlines {
   void Write(std::string& page);
   void Close(std::string& page) { CloseFrom(page, 0); }
 
-  /// A tag for the face in force here; empty if none is named.
+  /// A tag for the face that a text here has; empty if none is named.
   std::string FaceTag() const;
   /// How often an element was written again.
   std::size_t reopened() const { return reopened_; }
@@ -69,10 +69,10 @@ class OpenInlines {
     std::size_t next;  // the element that is opened next
   };
 
-  bool NameProperties(Element& element, std::size_t place) const;
+  bool NameProperties(Element& element, std::size_t index) const;
   const Last* LastOf(std::string_view name) const;
   std::size_t LastFace() const;
-  void EndElement(std::size_t place);
+  void EndElement(std::size_t index);
   void EndInBlocks(std::size_t from);
   void CloseFrom(std::string& page, std::size_t count);
 

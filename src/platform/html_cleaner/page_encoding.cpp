@@ -14,10 +14,10 @@ bool IsControl(char byte) {
   return static_cast<unsigned char>(byte) < 0x20 && byte != '\t' && byte != '\n' && byte != '\r';
 }
 
-bool OpensMarkup(std::string_view behind, bool first) {
-  if (behind.empty()) return false;
-  return IsAsciiLetter(behind[0]) || behind[0] == '/' || behind.starts_with("!--") ||
-         (first && StartsWithName(behind, "!doctype"));
+bool OpensMarkup(std::string_view rest, bool at_start) {
+  if (rest.empty()) return false;
+  return IsAsciiLetter(rest[0]) || rest[0] == '/' || rest.starts_with("!--") ||
+         (at_start && StartsWithName(rest, "!doctype"));
 }
 
 bool IsCharacter(unsigned long number) {
@@ -46,8 +46,8 @@ std::size_t BadReference(std::string_view text) {
 std::size_t ForeignElement(std::string_view text) {
   for (const std::string_view name : {"script", "style", "math", "svg"}) {
     if (!StartsWithName(text.substr(1), name)) continue;
-    const std::string_view behind = text.substr(1 + name.size());
-    if (!behind.empty() && IsAsciiAlphanumeric(behind[0])) continue;
+    const std::string_view rest = text.substr(1 + name.size());
+    if (!rest.empty() && IsAsciiAlphanumeric(rest[0])) continue;
     const std::size_t end = text.find('>', EndTagOf(text, name, 0));
     return end == std::string_view::npos ? text.size() : end + 1;
   }
@@ -77,17 +77,17 @@ std::string EncodePage(TextView html) {
   const std::string_view view = bytes;
   std::string page;
   page.reserve(bytes.size());
-  bool first = true;  // nothing but blanks so far
+  bool at_start = true;  // nothing but white space so far
   for (std::size_t i = 0; i < view.size(); ++i) {
     const std::size_t reference = view[i] == '&' ? BadReference(view.substr(i)) : 0;
     if (reference > 0) {
       i += reference - 1;
-    } else if (view[i] == '<' && !OpensMarkup(view.substr(i + 1), first)) {
+    } else if (view[i] == '<' && !OpensMarkup(view.substr(i + 1), at_start)) {
       page += "&lt;";
     } else if (!IsControl(view[i])) {
       page += view[i];
     }
-    first = first && IsAsciiSpaceOrControl(view[i]);
+    at_start = at_start && IsAsciiSpaceOrControl(view[i]);
   }
   return page;
 }

@@ -1,4 +1,4 @@
-// The encoding of a page for the HTML library.
+// What the HTML library gets of a page: its bytes, and no elements foreign to HTML.
 #pragma once
 
 #include <string>

@@ -17,7 +17,7 @@ std::string Pair(unsigned lead, unsigned trail) {
 }
 
 // The sums were taken from an independent collection of Windows' tables, not
-// from this program: every byte, and every byte but 00 behind every lead byte.
+// from this program: every byte, and every byte but 00 after every lead byte.
 TEST(CodePages, EveryByteAndPairIsWindowsOwn) {
   const struct {
     int code_page;
