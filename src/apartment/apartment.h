@@ -34,7 +34,7 @@ struct Apartment {
   platform::Services services = platform::Services::System();
 
   /// No text under conversion may grow beyond this many units.
-  std::size_t working_limit = limits::working_units;
+  std::size_t working_limit = limits::kWorkingUnits;
 
   /// Where the rules that fire are noted, or null.
   rules::FiringLog* firing_log = nullptr;

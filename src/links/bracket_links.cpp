@@ -2,13 +2,13 @@
 
 #include "links/link_lists.h"
 #include "links/link_stretch.h"
-#include "links/page_text.h"
+#include "links/page_editor.h"
 
 namespace quillary::links {
 namespace {
 
-constexpr std::int32_t longest_link = 100;
-constexpr std::size_t longest_stretch_without_link = 3;
+constexpr std::int32_t kLongestLink = 100;
+constexpr std::size_t kLongestStretchWithoutLink = 3;
 
 Text AnchorOf(TextView link, TextView prefix) {
   TextView scheme;
@@ -21,14 +21,14 @@ Text AnchorOf(TextView link, TextView prefix) {
 }
 
 void Scan(RtfToHtmlState& state, Text& text) {
-  state.FoundLinks.Size(found_capacity);
-  PageInPlace in_place(text);
-  PageText& page = in_place.text();
+  state.FoundLinks.Size(kFoundCapacity);
+  InPlaceEditor in_place(text);
+  PageEditor& page = in_place.editor();
   LinkStretches stretches(state, page);
   std::int32_t count = 1;
-  while (stretches.Next(false, longest_link)) {
+  while (stretches.Next(false, kLongestLink)) {
     Text link = stretches.UpToEnd();
-    if (link.size() > longest_stretch_without_link) {
+    if (link.size() > kLongestStretchWithoutLink) {
       const Text through = stretches.ThroughEnd();
       if (through.ends_with(u"&gt;")) link = through.substr(0, through.size() - 4);
       state.FoundLinks.Set(count, link);
@@ -41,7 +41,7 @@ void Scan(RtfToHtmlState& state, Text& text) {
                      prefix_units + static_cast<std::int32_t>(link.size()) + 4, anchor);
       }
       stretches.MoveCursor(static_cast<std::int64_t>(anchor.size()) - static_cast<std::int64_t>(link.size()));
-      if (++count > found_limit) break;
+      if (++count > kFoundLimit) break;
     }
     if (stretches.start() > page.Size() - 2) break;
   }

@@ -5,13 +5,13 @@
 namespace quillary::links {
 namespace {
 
-constexpr TextView opening = u"&lt;";
-constexpr TextView closing = u"&gt;";
+constexpr TextView kOpening = u"&lt;";
+constexpr TextView kClosing = u"&gt;";
 
 bool IsBracketed(TextView word) {
-  return word.size() >= opening.size() + closing.size() &&
-         Equal(word.substr(0, opening.size()), opening, Compare::IgnoreCase) &&
-         Equal(word.substr(word.size() - closing.size()), closing, Compare::IgnoreCase);
+  return word.size() >= kOpening.size() + kClosing.size() &&
+         Equal(word.substr(0, kOpening.size()), kOpening, Compare::IgnoreCase) &&
+         Equal(word.substr(word.size() - kClosing.size()), kClosing, Compare::IgnoreCase);
 }
 
 std::uint64_t ContentOf(TextView word) {
@@ -22,7 +22,7 @@ std::uint64_t ContentOf(TextView word) {
 
 }  // namespace
 
-BracketedWords::BracketedWords(PageText& page) {
+BracketedWords::BracketedWords(PageEditor& page) {
   const TextView text = page.From(1);
   for (std::size_t blank = text.find(u' '); blank != TextView::npos;) {
     const std::size_t next = text.find(u' ', blank + 1);
@@ -36,11 +36,11 @@ BracketedWords::BracketedWords(PageText& page) {
   }
 }
 
-std::int32_t BracketedWords::PositionOf(const PageText& page, std::size_t index) const {
+std::int32_t BracketedWords::PositionOf(const PageEditor& page, std::size_t index) const {
   return index < settled_ ? words_[index] : page.Size() - words_[index] + 1;
 }
 
-void BracketedWords::Settle(const PageText& page, std::int32_t before) {
+void BracketedWords::Settle(const PageEditor& page, std::int32_t before) {
   while (settled_ < words_.size()) {
     const std::int32_t position = PositionOf(page, settled_);
     if (position >= before) break;
@@ -48,7 +48,7 @@ void BracketedWords::Settle(const PageText& page, std::int32_t before) {
   }
 }
 
-std::int32_t BracketedWords::First(const PageText& page, TextView text, std::size_t word_at) const {
+std::int32_t BracketedWords::First(const PageEditor& page, TextView text, std::size_t word_at) const {
   const TextView word = text.substr(word_at, text.size() - word_at - 1);
   const auto found = by_content_.find(ContentOf(word));
   if (found == by_content_.end()) return 0;

@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "links/page_text.h"
+#include "links/page_editor.h"
 
 namespace quillary::links {
 
@@ -17,19 +17,19 @@ namespace quillary::links {
 /// not make new ones.
 class BracketedWords {
  public:
-  explicit BracketedWords(PageText& page);
+  explicit BracketedWords(PageEditor& page);
 
   /// To be called before each change of the page: nothing in front of this
   /// position will change any more.
-  void Settle(const PageText& page, std::int32_t before);
+  void Settle(const PageEditor& page, std::int32_t before);
 
   /// Position of the first `text` in the page, case ignored, or 0. The text is
   /// a label, a blank, a bracketed word and a blank; the word begins at the
   /// 0-based `word_at` and is the only one in it.
-  std::int32_t First(const PageText& page, TextView text, std::size_t word_at) const;
+  std::int32_t First(const PageEditor& page, TextView text, std::size_t word_at) const;
 
  private:
-  std::int32_t PositionOf(const PageText& page, std::size_t index) const;
+  std::int32_t PositionOf(const PageEditor& page, std::size_t index) const;
 
   // In the order of the page. Settled words are counted from the page's start,
   // the others from its end.

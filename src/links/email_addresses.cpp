@@ -5,7 +5,7 @@
 
 #include "links/leftmost_literal.h"
 #include "links/link_lists.h"
-#include "links/page_text.h"
+#include "links/page_editor.h"
 #include "text/search.h"
 
 namespace quillary::links {
@@ -13,16 +13,16 @@ namespace {
 
 // What no address holds in front of its last at sign, and behind its first:
 // the lists differ in the exclamation mark.
-constexpr TextView forbidden_in_front = u", :<'\">`/\\+=|()&^%~$";
-constexpr TextView forbidden_behind = u", :\"'<>`\\/+=|()&^%!$~";
+constexpr TextView kForbiddenInFront = u", :<'\">`/\\+=|()&^%~$";
+constexpr TextView kForbiddenAfter = u", :\"'<>`\\/+=|()&^%!$~";
 
 // What breaks an address, in the order in which it is looked for.
-constexpr TextView breaks = u"\n\r?#}{()[]*!£$\t; ";
+constexpr TextView kBreaks = u"\n\r?#}{()[]*!£$\t; ";
 
-constexpr std::size_t most_words = 30000;
+constexpr std::size_t kMostWords = 30000;
 
-constexpr TextView mark_in_front = u"&lt;mailto:";
-constexpr TextView mark_behind = u"&gt;";
+constexpr TextView kMailtoBracket = u"&lt;mailto:";
+constexpr TextView kClosingBracket = u"&gt;";
 
 /// A stretch of a text by its 0-based offsets.
 struct Piece {
@@ -34,10 +34,10 @@ Piece StripFringe(TextView word) {
   Piece piece{0, word.size()};
   const std::size_t last_at = word.rfind(u'@');
   if (last_at == TextView::npos) return piece;
-  const std::size_t front = word.substr(0, last_at).find_last_of(forbidden_in_front);
+  const std::size_t front = word.substr(0, last_at).find_last_of(kForbiddenInFront);
   if (front != TextView::npos) piece.begin = front + 1;
   const std::size_t first_at = word.find(u'@', piece.begin);
-  piece.end = std::min(word.find_first_of(forbidden_behind, first_at), word.size());
+  piece.end = std::min(word.find_first_of(kForbiddenAfter, first_at), word.size());
   return piece;
 }
 
@@ -64,8 +64,8 @@ class FirstPlace {
 
 Piece TrimEdges(TextView word, Piece piece) {
   FirstPlace at_sign(u'@');
-  std::array<FirstPlace, breaks.size()> places;
-  for (std::size_t i = 0; i < breaks.size(); ++i) places[i] = FirstPlace(breaks[i]);
+  std::array<FirstPlace, kBreaks.size()> places;
+  for (std::size_t i = 0; i < kBreaks.size(); ++i) places[i] = FirstPlace(kBreaks[i]);
   const auto edge = [&] {
     for (const char16_t unit : {u'@', u'-', u'.'}) {
       if (piece.begin == piece.end) return false;
@@ -111,7 +111,7 @@ Piece FindAddress(TextView stretch) {
   if (stretch.size() < 4) return {};
   // More words than this are not looked at. A stretch that ends in a blank has
   // an empty last word.
-  std::size_t words = std::min(most_words, stretch.size() + 20);
+  std::size_t words = std::min(kMostWords, stretch.size() + 20);
   for (std::size_t begin = 0; words > 0; --words) {
     const std::size_t blank = stretch.find(u' ', begin);
     const std::size_t end = blank == TextView::npos ? stretch.size() : blank + 1;
@@ -130,14 +130,14 @@ Piece FindAddress(TextView stretch) {
 
 class EmailScan {
  public:
-  EmailScan(RtfToHtmlState& state, PageText& page)
+  EmailScan(RtfToHtmlState& state, PageEditor& page)
       : state_(state), page_(page), delimiters_(state.LinkDelimiters, state.LinkDelimiters.upper()) {}
 
   // From the first at sign on. Returns the number of the entry behind the last.
   std::int32_t Run(std::int32_t at) {
     while (at > 0) {
       FindWord(at);
-      if (word_.size() > 3 && LinkAddress() && ++count_ > found_limit) break;
+      if (word_.size() > 3 && LinkAddress() && ++count_ > kFoundLimit) break;
       at = NextAtSign(right_);
       if (at > page_.Size() - 4) break;
     }
@@ -154,7 +154,7 @@ class EmailScan {
   bool LinkAddress();
 
   RtfToHtmlState& state_;
-  PageText& page_;
+  PageEditor& page_;
   LeftmostLiteral delimiters_;
   std::int32_t count_ = 1;
   std::int32_t left_ = 0;
@@ -184,12 +184,12 @@ bool EmailScan::LinkAddress() {
   const Text anchor =
       Text(u"<a href=\"mailto:").append(address).append(u"\">").append(address).append(u"</a>");
   const std::int32_t own = left_ + 2 + static_cast<std::int32_t>(place.begin);
-  const auto front_units = static_cast<std::int32_t>(mark_in_front.size());
-  if (address == previous_ && page_.StandsAt(own - front_units, mark_in_front, Compare::Binary) &&
-      page_.StandsAt(own + units, mark_behind, Compare::Binary)) {
+  const auto front_units = static_cast<std::int32_t>(kMailtoBracket.size());
+  if (address == previous_ && page_.StandsAt(own - front_units, kMailtoBracket, Compare::Binary) &&
+      page_.StandsAt(own + units, kClosingBracket, Compare::Binary)) {
     // The same address again in brackets goes, with the blank in front of it.
     const std::int32_t begin = own - front_units - 1;
-    const auto behind_units = static_cast<std::int32_t>(mark_behind.size());
+    const auto behind_units = static_cast<std::int32_t>(kClosingBracket.size());
     if (begin > 0) page_.Replace(begin, 1 + front_units + units + behind_units, {});
     previous_.clear();
   } else {
@@ -203,12 +203,12 @@ bool EmailScan::LinkAddress() {
 }
 
 void Scan(RtfToHtmlState& state, Text& text) {
-  state.FoundEmails.Size(found_capacity);
+  state.FoundEmails.Size(kFoundCapacity);
   const std::int32_t at = FindText(1, text, u"@");
   std::int32_t next_entry = 1;
   if (at > 0) {
-    PageInPlace page(text);
-    next_entry = EmailScan(state, page.text()).Run(at);
+    InPlaceEditor page(text);
+    next_entry = EmailScan(state, page.editor()).Run(at);
   }
   state.FoundEmails.Set(next_entry, u"");
 }

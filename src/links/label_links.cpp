@@ -10,10 +10,10 @@
 namespace quillary::links {
 namespace {
 
-constexpr TextView underline = u"<u>";
-constexpr TextView anchor_end = u"</a>&gt;</u>";
-constexpr TextView link_end = u"&gt;</u><font COLOR=\"#000000\">";
-constexpr TextView blue = u"<font COLOR=\"#0000ff\">";
+constexpr TextView kUnderline = u"<u>";
+constexpr TextView kAnchorEnd = u"</a>&gt;</u>";
+constexpr TextView kLinkEnd = u"&gt;</u><font COLOR=\"#000000\">";
+constexpr TextView kBlue = u"<font COLOR=\"#0000ff\">";
 
 /// An underlined run in front of a marker: "<u>", fonts, label and, from the
 /// opening bracket on, the target in whatever form.
@@ -27,23 +27,23 @@ struct Run {
 // Finds the run that ends at `end` and whose target begins with `opening`.
 // False where there is none that can be repaired.
 bool ReadRun(const Text& page, std::size_t end, TextView opening, int most_fonts, bool drop_blue, Run& run) {
-  run.begin = LastWithin(page, 0, end, underline);
-  if (run.begin == nowhere) return false;
+  run.begin = LastWithin(page, 0, end, kUnderline);
+  if (run.begin == kNowhere) return false;
   const std::size_t target = LastWithin(page, run.begin, end, opening);
-  if (target == nowhere) return false;
+  if (target == kNowhere) return false;
   run.target = page.substr(target, end - target);
   // With the first three units of the bracket, which go with the others.
-  run.label = page.substr(run.begin + underline.size(), target - run.begin);
+  run.label = page.substr(run.begin + kUnderline.size(), target - run.begin);
   if (!TakeFontTags(run.label, run.fonts, most_fonts, drop_blue)) return false;
   return run.label.find(u'>') == Text::npos && run.label.find(u"&l") != Text::npos;
 }
 
 // What stands between href=" and the next double quote.
 TextView HrefOf(TextView anchor) {
-  constexpr TextView href = u"href=\"";
-  const std::size_t begin = anchor.find(href);
+  constexpr TextView kHref = u"href=\"";
+  const std::size_t begin = anchor.find(kHref);
   if (begin == TextView::npos) return {};
-  const TextView target = anchor.substr(begin + href.size());
+  const TextView target = anchor.substr(begin + kHref.size());
   const std::size_t end = target.find(u'"');
   return end == TextView::npos ? TextView() : target.substr(0, end);
 }
@@ -62,9 +62,9 @@ bool MoveLabelIntoAnchor(Text& page, std::size_t end, const Run& run, TextView h
   const TextView anchor = run.target;
   const Text linked = Join({u"<u><a href=\"", href, u"\">", TrimView(run.label), u"</a></u>"});
   const Text linked_in_fonts = run.fonts + linked;
-  const std::array<Text, 3> finds = {Join({underline, run.fonts, blue, run.label, anchor}),
-                                     Join({blue, underline, run.label, anchor}),
-                                     Join({underline, run.fonts, run.label, anchor})};
+  const std::array<Text, 3> finds = {Join({kUnderline, run.fonts, kBlue, run.label, anchor}),
+                                     Join({kBlue, kUnderline, run.label, anchor}),
+                                     Join({kUnderline, run.fonts, run.label, anchor})};
   changed_from = end - std::min(end, std::max(finds[0].size(), finds[1].size()));
   const bool again = Finder(anchor, Compare::IgnoreCase).Next(page, end) != Finder::npos;
   // The last pair is the third find once more, with the fonts dropped.
@@ -75,7 +75,7 @@ bool MoveLabelIntoAnchor(Text& page, std::size_t end, const Run& run, TextView h
   bool changed = false;
   for (const auto& [find, with] : pairs) {
     const Places places =
-        ReplaceWithin(page, *find, *with, Compare::IgnoreCase, changed_from, again ? nowhere : end);
+        ReplaceWithin(page, *find, *with, Compare::IgnoreCase, changed_from, again ? kNowhere : end);
     changed = changed || places.count > 0;
     if (changed && !again) break;
   }
@@ -86,12 +86,12 @@ bool MoveLabelIntoAnchor(Text& page, std::size_t end, const Run& run, TextView h
 
 Text RepairLabelAnchors(TextView html) {
   Text page(html);
-  const Finder ends(anchor_end, Compare::IgnoreCase);
+  const Finder ends(kAnchorEnd, Compare::IgnoreCase);
   std::size_t from = 0;
-  for (int repair = 0; repair < most_repairs; ++repair) {
+  for (int repair = 0; repair < kMostRepairs; ++repair) {
     const std::size_t hit = ends.Next(page, from);
     if (hit == Finder::npos) break;
-    const std::size_t end = hit + anchor_end.size();
+    const std::size_t end = hit + kAnchorEnd.size();
     Run run;
     if (!ReadRun(page, end, u"&lt;<a ", 12, true, run)) return page;
     RemoveEach(run.label, {u" &lt;", u"&lt;", u"&lt", u"&l"});
@@ -101,7 +101,7 @@ Text RepairLabelAnchors(TextView html) {
     // A repair that changes nothing would change nothing the next time either.
     if (!MoveLabelIntoAnchor(page, end, run, href, from)) break;
   }
-  for (const TextView ending : picture_endings) {
+  for (const TextView ending : kPictureEndings) {
     if (Holds(page, ending)) return RepairPictureLinks(page);
   }
   return page;
@@ -109,9 +109,9 @@ Text RepairLabelAnchors(TextView html) {
 
 Text RepairLabelLinks(TextView html) {
   Text page(html);
-  const Finder markers(link_end, Compare::IgnoreCase);
+  const Finder markers(kLinkEnd, Compare::IgnoreCase);
   std::size_t from = 0;
-  for (int repair = 0; repair < most_repairs; ++repair) {
+  for (int repair = 0; repair < kMostRepairs; ++repair) {
     const std::size_t hit = markers.Next(page, from);
     if (hit == Finder::npos) break;
     Run run;
@@ -122,8 +122,8 @@ Text RepairLabelLinks(TextView html) {
     const TextView target = TrimView(run.target);
     if (target.find(u'.') == TextView::npos) break;
     const Places places = ReplaceWithin(
-        page, Join({underline, run.fonts, run.label, u" &lt;", target, u"&gt;"}),
-        Join({underline, run.fonts, u"<a href=\"", target, u"\">", TrimView(run.label), u"</a></u>"}),
+        page, Join({kUnderline, run.fonts, run.label, u" &lt;", target, u"&gt;"}),
+        Join({kUnderline, run.fonts, u"<a href=\"", target, u"\">", TrimView(run.label), u"</a></u>"}),
         Compare::IgnoreCase);
     if (places.count == 0) break;
     // No marker stands before the first change, and none reaches into it.
@@ -134,13 +134,13 @@ Text RepairLabelLinks(TextView html) {
 
 void RepairLabelAnchors(rules::Rewriting& page) {
   const auto held = [&](TextView ending) { return page.Holds(ending, Compare::Binary); };
-  if (page.Holds(anchor_end, Compare::IgnoreCase) || std::ranges::any_of(picture_endings, held)) {
+  if (page.Holds(kAnchorEnd, Compare::IgnoreCase) || std::ranges::any_of(kPictureEndings, held)) {
     page.Assign(RepairLabelAnchors(page.text()));
   }
 }
 
 void RepairLabelLinks(rules::Rewriting& page) {
-  if (page.Holds(link_end, Compare::IgnoreCase)) page.Assign(RepairLabelLinks(page.text()));
+  if (page.Holds(kLinkEnd, Compare::IgnoreCase)) page.Assign(RepairLabelLinks(page.text()));
 }
 
 }  // namespace quillary::links

@@ -2,15 +2,13 @@
 
 #include <algorithm>
 
+#include "text/ascii.h"
 #include "text/case_folding.h"
 
 namespace quillary::links {
 namespace {
 
-char16_t Lower(char16_t unit) {
-  if (unit < 0x80) return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit | 0x20) : unit;
-  return LowerUnit(unit);
-}
+char16_t Lower(char16_t unit) { return unit < 0x80 ? AsciiLower(unit) : LowerUnit(unit); }
 
 bool StandsAt(TextView text, std::size_t offset, TextView literal) {
   if (text.size() - offset < literal.size()) return false;

@@ -15,10 +15,10 @@ void LoadBracketPrefixes(RtfToHtmlState& state);
 void LoadBracketDelimiters(RtfToHtmlState& state);
 
 /// The last three delimiters never end a link, only a mail address.
-inline constexpr std::int32_t delimiters_of_addresses_only = 3;
+inline constexpr std::int32_t kDelimitersOfAddressesOnly = 3;
 
 /// A scan keeps so many links or addresses, and stops when it has found so many.
-inline constexpr std::int32_t found_capacity = 2000;
-inline constexpr std::int32_t found_limit = 1995;
+inline constexpr std::int32_t kFoundCapacity = 2000;
+inline constexpr std::int32_t kFoundLimit = 1995;
 
 }  // namespace quillary::links

@@ -7,10 +7,10 @@
 
 namespace quillary::links {
 
-LinkStretches::LinkStretches(const RtfToHtmlState& state, PageText& page)
+LinkStretches::LinkStretches(const RtfToHtmlState& state, PageEditor& page)
     : page_(page),
       prefixes_(state.LinkPrefixes, state.LinkPrefixes.upper()),
-      delimiters_(state.LinkDelimiters, state.LinkDelimiters.upper() - delimiters_of_addresses_only),
+      delimiters_(state.LinkDelimiters, state.LinkDelimiters.upper() - kDelimitersOfAddressesOnly),
       delimiters_of_paths_(delimiters_.Without(u"\\")) {
   // Delimiters are looked for from the page's last unit on where there is no
   // prefix, and an empty page has none.

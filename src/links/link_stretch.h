@@ -4,7 +4,7 @@
 
 #include "apartment/rtf_to_html_state.h"
 #include "links/leftmost_literal.h"
-#include "links/page_text.h"
+#include "links/page_editor.h"
 
 namespace quillary::links {
 
@@ -12,7 +12,7 @@ class LinkStretches {
  public:
   /// Throws Failure: subscript if the lists of the state were never sized,
   /// argument for an empty page. The lists and the page must outlive it.
-  LinkStretches(const RtfToHtmlState& state, PageText& page);
+  LinkStretches(const RtfToHtmlState& state, PageEditor& page);
 
   /// Goes on to the leftmost prefix at or behind the cursor. The stretch begins
   /// with the prefix or behind it and ends with the next delimiter, at the
@@ -31,7 +31,7 @@ class LinkStretches {
   void MoveCursor(std::int64_t units) { cursor_ += static_cast<std::int32_t>(units); }
 
  private:
-  PageText& page_;
+  PageEditor& page_;
   LeftmostLiteral prefixes_;
   LeftmostLiteral delimiters_;
   LeftmostLiteral delimiters_of_paths_;

@@ -10,8 +10,8 @@
 namespace quillary::links {
 namespace {
 
-constexpr TextView underline = u"<u>";
-constexpr TextView image_opening = u" <img border=";
+constexpr TextView kUnderline = u"<u>";
+constexpr TextView kImageOpening = u" <img border=";
 
 /// Finds the ending of the next run. A repair destroys endings and makes none,
 /// so each kind has its own cursor.
@@ -19,23 +19,23 @@ class Endings {
  public:
   Endings() {
     for (std::size_t i = 0; i < finders_.size(); ++i)
-      finders_[i] = Finder(picture_endings[i], Compare::Binary);
+      finders_[i] = Finder(kPictureEndings[i], Compare::Binary);
   }
 
   /// 0-based offset of the first ending, the kinds tried in their order, or nowhere.
   std::size_t Next(TextView page) {
     for (std::size_t kind = 0; kind < finders_.size(); ++kind) {
-      if (cursors_[kind] == nowhere) continue;
+      if (cursors_[kind] == kNowhere) continue;
       cursors_[kind] = finders_[kind].Next(page, cursors_[kind]);
       // In front of the fifth unit there is no room for a file name.
-      if (cursors_[kind] != nowhere && cursors_[kind] >= 4) return cursors_[kind];
+      if (cursors_[kind] != kNowhere && cursors_[kind] >= 4) return cursors_[kind];
     }
-    return nowhere;
+    return kNowhere;
   }
 
   void ChangedFrom(std::size_t offset) {
     for (std::size_t& cursor : cursors_) {
-      if (cursor != nowhere) cursor = std::min(cursor, offset);
+      if (cursor != kNowhere) cursor = std::min(cursor, offset);
     }
   }
 
@@ -47,12 +47,12 @@ class Endings {
 
 // The trimmed text between src=" and the next double quote, or nothing.
 bool FileOf(TextView image, TextView& file) {
-  constexpr TextView source = u" src=\"";
-  const std::size_t begin = image.find(source);
+  constexpr TextView kSource = u" src=\"";
+  const std::size_t begin = image.find(kSource);
   if (begin == TextView::npos) return false;
-  const std::size_t end = image.find(u'"', begin + source.size());
+  const std::size_t end = image.find(u'"', begin + kSource.size());
   if (end == TextView::npos) return false;
-  file = TrimView(image.substr(begin + source.size(), end - begin - source.size()));
+  file = TrimView(image.substr(begin + kSource.size(), end - begin - kSource.size()));
   return true;
 }
 
@@ -62,15 +62,15 @@ std::size_t LinkRun(Text& page, const Text& run, TextView fonts, TextView linked
   const Text end = run + u"</u>";
   const Finder ends(end, Compare::Binary);
   const std::size_t first = ends.Next(page, 0);
-  if (first == Finder::npos) return nowhere;
-  const std::size_t only_end = ends.Next(page, first + 1) == Finder::npos ? first + end.size() : nowhere;
-  std::size_t changed_from = nowhere;
+  if (first == Finder::npos) return kNowhere;
+  const std::size_t only_end = ends.Next(page, first + 1) == Finder::npos ? first + end.size() : kNowhere;
+  std::size_t changed_from = kNowhere;
   for (const Text& opening :
-       {Text(underline), Text(underline).append(fonts), Text(u"<font COLOR=\"#0000ff\"><u>")}) {
+       {Text(kUnderline), Text(kUnderline).append(fonts), Text(u"<font COLOR=\"#0000ff\"><u>")}) {
     const std::size_t from = first - std::min(first, opening.size());
     changed_from = std::min(
         changed_from, ReplaceWithin(page, opening + end, linked, Compare::Binary, from, only_end).first);
-    if (changed_from != nowhere && only_end != nowhere) break;
+    if (changed_from != kNowhere && only_end != kNowhere) break;
   }
   return changed_from;
 }
@@ -80,16 +80,16 @@ std::size_t LinkRun(Text& page, const Text& run, TextView fonts, TextView linked
 Text RepairPictureLinks(TextView html) {
   Text page(html);
   Endings endings;
-  for (int repair = 0; repair < most_repairs; ++repair) {
+  for (int repair = 0; repair < kMostRepairs; ++repair) {
     const std::size_t ending = endings.Next(page);
-    if (ending == nowhere) break;
+    if (ending == kNowhere) break;
     // Two units behind the ending are still looked at.
-    const std::size_t end = std::min(page.size(), ending + picture_endings[0].size() + 2);
-    const std::size_t image_at = LastWithin(page, 0, end, image_opening, Compare::Binary);
-    const std::size_t begin = LastWithin(page, 0, end, underline);
-    if (image_at == nowhere || begin == nowhere) break;
+    const std::size_t end = std::min(page.size(), ending + kPictureEndings[0].size() + 2);
+    const std::size_t image_at = LastWithin(page, 0, end, kImageOpening, Compare::Binary);
+    const std::size_t begin = LastWithin(page, 0, end, kUnderline);
+    if (image_at == kNowhere || begin == kNowhere) break;
     if (image_at < begin) throw Failure(Failure::Kind::Argument);
-    Text label = page.substr(begin + underline.size(), image_at - begin - underline.size());
+    Text label = page.substr(begin + kUnderline.size(), image_at - begin - kUnderline.size());
     Text fonts;
     if (!TakeFontTags(label, fonts, 12, true) || label.find(u'>') != Text::npos) break;
     RemoveEach(label, {u" &lt;", u"&lt;", u"&lt", u"&l"});
@@ -101,7 +101,7 @@ Text RepairPictureLinks(TextView html) {
     const std::size_t changed_from =
         LinkRun(page, run, fonts, u"<u><a href=\"" + file + u"\">" + run + u"</a></u>");
     // A repair that changes nothing would change nothing the next time either.
-    if (changed_from == nowhere) break;
+    if (changed_from == kNowhere) break;
     endings.ChangedFrom(changed_from);
   }
   return page;

@@ -6,14 +6,14 @@
 #include "links/bracketed_words.h"
 #include "links/link_lists.h"
 #include "links/link_stretch.h"
-#include "links/page_text.h"
+#include "links/page_editor.h"
 #include "rules/sentinels.h"
 
 namespace quillary::links {
 namespace {
 
-constexpr std::int32_t longest_link = 200;
-constexpr std::size_t longest_stretch_without_link = 3;
+constexpr std::int32_t kLongestLink = 200;
+constexpr std::size_t kLongestStretchWithoutLink = 3;
 
 bool Contains(TextView text, TextView find) { return text.find(find) != TextView::npos; }
 
@@ -47,8 +47,8 @@ bool IsPicture(TextView link) {
 
 class LinkScan {
  public:
-  LinkScan(RtfToHtmlState& state, PageText& page) : state_(state), page_(page), stretches_(state, page) {
-    const std::int32_t last = state.LinkDelimiters.upper() - delimiters_of_addresses_only;
+  LinkScan(RtfToHtmlState& state, PageEditor& page) : state_(state), page_(page), stretches_(state, page) {
+    const std::int32_t last = state.LinkDelimiters.upper() - kDelimitersOfAddressesOnly;
     bool blank_ends_links = false;
     for (std::int32_t i = 1; i <= last; ++i) blank_ends_links |= state.LinkDelimiters[i] == u" ";
     bool blank_in_prefix = false;
@@ -59,10 +59,10 @@ class LinkScan {
   }
 
   void Run() {
-    while (stretches_.Next(true, longest_link)) {
-      if (stretches_.UpToEnd().size() > longest_stretch_without_link) {
+    while (stretches_.Next(true, kLongestLink)) {
+      if (stretches_.UpToEnd().size() > kLongestStretchWithoutLink) {
         Treat();
-        if (++count_ > found_limit) break;
+        if (++count_ > kFoundLimit) break;
       }
       if (stretches_.start() > page_.Size() - 4) break;
     }
@@ -78,7 +78,7 @@ class LinkScan {
   void Put(std::int32_t start, std::size_t count, TextView with);
 
   RtfToHtmlState& state_;
-  PageText& page_;
+  PageEditor& page_;
   LinkStretches stretches_;
   std::int32_t count_ = 1;
   Text label_;
@@ -171,9 +171,9 @@ void LinkScan::Put(std::int32_t start, std::size_t count, TextView with) {
 }
 
 void Scan(RtfToHtmlState& state, Text& text) {
-  state.FoundLinks.Size(found_capacity);
-  PageInPlace page(text);
-  LinkScan(state, page.text()).Run();
+  state.FoundLinks.Size(kFoundCapacity);
+  InPlaceEditor page(text);
+  LinkScan(state, page.editor()).Run();
 }
 
 }  // namespace

@@ -7,11 +7,11 @@
 namespace quillary::links {
 
 std::size_t LastWithin(TextView text, std::size_t from, std::size_t end, TextView find, Compare mode) {
-  if (end < from + find.size()) return nowhere;
+  if (end < from + find.size()) return kNowhere;
   for (std::size_t at = end - find.size() + 1; at-- > from;) {
     if (text[at] == find[0] && Equal(text.substr(at, find.size()), find, mode)) return at;
   }
-  return nowhere;
+  return kNowhere;
 }
 
 bool TakeFontTags(Text& label, Text& fonts, int most, bool drop_blue) {
@@ -43,7 +43,7 @@ Places ReplaceWithin(Text& page, TextView find, TextView with, Compare mode, std
   std::size_t hit = finder.Next(searched, places.first + find.size());
   places.count = 1;
   if (hit == Finder::npos) {
-    if (page.size() + with.size() > limits::working_units) throw LimitReached(LimitReached::Limit::Growth);
+    if (page.size() + with.size() > limits::kWorkingUnits) throw LimitReached(LimitReached::Limit::Growth);
     page.replace(places.first, find.size(), with);
     return places;
   }
@@ -54,7 +54,7 @@ Places ReplaceWithin(Text& page, TextView find, TextView with, Compare mode, std
     result.append(page, copied, hit - copied).append(with);
     copied = hit + find.size();
     ++places.count;
-    if (result.size() > limits::working_units) throw LimitReached(LimitReached::Limit::Growth);
+    if (result.size() > limits::kWorkingUnits) throw LimitReached(LimitReached::Limit::Growth);
   }
   page = result.append(page, copied, Text::npos);
   return places;

@@ -8,10 +8,10 @@
 
 namespace quillary::links {
 
-inline constexpr std::size_t nowhere = TextView::npos;
+inline constexpr std::size_t kNowhere = TextView::npos;
 
 /// A repair gives up after so many runs.
-inline constexpr int most_repairs = 250;
+inline constexpr int kMostRepairs = 250;
 
 /// 0-based offset of the last `find` that stands whole in the text from `from`
 /// up to `end`, or nowhere. Case is ignored for all but its first unit, which
@@ -29,12 +29,12 @@ void RemoveEach(Text& text, std::initializer_list<TextView> finds);
 
 struct Places {
   int count = 0;
-  std::size_t first = nowhere;  // 0-based
+  std::size_t first = kNowhere;  // 0-based
 };
 
 /// Replaces all of `find` between two 0-based offsets. A single one is replaced
 /// in place. The same text over and over is no reason to copy the page.
 Places ReplaceWithin(Text& page, TextView find, TextView with, Compare mode, std::size_t from = 0,
-                     std::size_t end = nowhere);
+                     std::size_t end = kNowhere);
 
 }  // namespace quillary::links

@@ -74,7 +74,7 @@ class Rewriting {
   std::vector<std::size_t> places_;  // where the last replacements stand
   GramIndex index_;
   FiringLog* log_ = nullptr;
-  std::size_t limit_ = limits::working_units;
+  std::size_t limit_ = limits::kWorkingUnits;
   std::size_t unindexed_asks_ = 0;
   std::size_t missed_units_ = 0;  // searched in vain, which a fresh index could have spared
   bool changed_ = false;          // since the index was built

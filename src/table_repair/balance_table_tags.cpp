@@ -4,13 +4,15 @@
 
 #include "table_repair/growing_table.h"
 #include "table_repair/table_tags.h"
+#include "text/ascii.h"
 
 namespace quillary::RepairHTMLTable {
 namespace {
 
 // Text with something in it to see; a tag is something to see here.
 bool IsVisible(TextView stretch) {
-  return std::any_of(stretch.begin(), stretch.end(), [](char16_t unit) { return unit > 32; });
+  return std::any_of(stretch.begin(), stretch.end(),
+                     [](char16_t unit) { return !IsAsciiSpaceOrControl(unit); });
 }
 
 class Balancing {

@@ -12,6 +12,6 @@ namespace quillary::RepairHTMLTable {
 /// cell in front of its text. A table whose first cell opens with text, or a
 /// failure on the way, gives the table unchanged. Throws LimitReached for a
 /// result above `limit`.
-Text CopyFirstCellFormat(TextView table, std::size_t limit = limits::working_units);
+Text CopyFirstCellFormat(TextView table, std::size_t limit = limits::kWorkingUnits);
 
 }  // namespace quillary::RepairHTMLTable

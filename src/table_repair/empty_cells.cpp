@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "table_repair/table_rows.h"
+#include "text/ascii.h"
 #include "text/integer16.h"
 
 namespace quillary::RepairHTMLTable {
@@ -20,7 +21,7 @@ class EmptyCellTest {
         in_tag_ = true;
       } else if (unit == u'>') {
         in_tag_ = false;
-      } else if (unit > 32 && !in_tag_) {
+      } else if (!IsAsciiSpaceOrControl(unit) && !in_tag_) {
         return false;
       }
     }

@@ -3,15 +3,12 @@
 #include <algorithm>
 
 #include "table_repair/table_tags.h"
+#include "text/ascii.h"
 
 namespace quillary::RepairHTMLTable {
 namespace {
 
 constexpr TextView kCellEnd = u"</TD";
-
-bool UpperEquals(char16_t unit, char16_t upper) {
-  return unit == upper || (upper >= u'A' && unit == upper + (u'a' - u'A'));
-}
 
 }  // namespace
 
@@ -48,7 +45,7 @@ void GrowingTable::Settle(std::size_t first, std::size_t end) {
   for (auto at = begin + static_cast<std::ptrdiff_t>(first); at != limit; ++at) {
     if (*at != u'<' || back_.end() - at < static_cast<std::ptrdiff_t>(kCellEnd.size())) continue;
     if (std::equal(kCellEnd.begin(), kCellEnd.end(), at,
-                   [](char16_t upper, char16_t unit) { return UpperEquals(unit, upper); })) {
+                   [](char16_t upper, char16_t unit) { return AsciiUpper(unit) == upper; })) {
       last = at;
     }
   }

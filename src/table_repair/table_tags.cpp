@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "text/ascii.h"
 #include "text/case_folding.h"
 
 namespace quillary::RepairHTMLTable {
@@ -68,8 +69,7 @@ std::size_t LastMarker(TextView text, TextView markers) {
 bool StandsAt(TextView text, std::size_t offset, TextView name) {
   if (offset > text.size() || text.size() - offset < name.size()) return false;
   for (std::size_t i = 0; i < name.size(); ++i) {
-    const char16_t unit = text[offset + i];
-    if ((unit >= u'a' && unit <= u'z' ? unit - u'a' + u'A' : unit) != name[i]) return false;
+    if (AsciiUpper(text[offset + i]) != name[i]) return false;
   }
   return true;
 }

@@ -31,7 +31,7 @@ std::unique_ptr<const UnitTable> Expand(const CaseRun (&runs)[count]) {
 }
 
 const UnitTable& Fold() {
-  static const std::unique_ptr<const UnitTable> table = Expand(fold_runs);
+  static const std::unique_ptr<const UnitTable> table = Expand(kFoldRuns);
   return *table;
 }
 
@@ -62,12 +62,12 @@ const Variants& VariantTable() {
 char16_t FoldUnit(char16_t unit) { return Fold()[unit]; }
 
 char16_t UpperUnit(char16_t unit) {
-  static const std::unique_ptr<const UnitTable> table = Expand(upper_runs);
+  static const std::unique_ptr<const UnitTable> table = Expand(kUpperRuns);
   return (*table)[unit];
 }
 
 char16_t LowerUnit(char16_t unit) {
-  static const std::unique_ptr<const UnitTable> table = Expand(lower_runs);
+  static const std::unique_ptr<const UnitTable> table = Expand(kLowerRuns);
   return (*table)[unit];
 }
 

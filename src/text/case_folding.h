@@ -12,7 +12,7 @@ char16_t UpperUnit(char16_t unit);
 char16_t LowerUnit(char16_t unit);
 
 /// All units that fold to the same unit as this one, at most four; the
-/// places behind the last repeat the first.
+/// entries after the last repeat the first.
 std::array<char16_t, 4> FoldVariants(char16_t unit);
 
 /// The folding table whole, indexed by unit.

@@ -31,7 +31,7 @@ void AppendCharacter(Text& text, char32_t character) {
 }
 
 /// Reads the character of more than one byte that begins at `at` and moves
-/// `at` behind it, or behind the longest piece that could begin one.
+/// `at` after it, or after the longest piece that could begin one.
 char32_t ReadCharacter(std::string_view bytes, std::size_t& at) {
   const auto lead = static_cast<unsigned char>(bytes[at++]);
   if (lead < 0xC2 || lead > 0xF4) return kReplacement;

@@ -6,14 +6,14 @@
 namespace quillary::limits {
 
 /// Longest input text, in units.
-inline constexpr std::size_t input_units = std::size_t{256} << 20;
+inline constexpr std::size_t kInputUnits = std::size_t{256} << 20;
 
 /// Longest text under rewriting, in units.
-inline constexpr std::size_t working_units = std::size_t{512} << 20;
+inline constexpr std::size_t kWorkingUnits = std::size_t{512} << 20;
 
 /// A text may grow to this many times the input, or to this many units,
 /// whichever is more.
-inline constexpr std::size_t growth_factor = 256;
-inline constexpr std::size_t growth_floor_units = std::size_t{16} << 20;
+inline constexpr std::size_t kGrowthFactor = 256;
+inline constexpr std::size_t kGrowthFloorUnits = std::size_t{16} << 20;
 
 }  // namespace quillary::limits

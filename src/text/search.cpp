@@ -7,12 +7,13 @@
 #include <algorithm>
 #include <bit>
 
+#include "text/ascii.h"
 #include "text/case_folding.h"
 
 namespace quillary {
 namespace {
 
-constexpr char16_t case_bit = 0x20;
+constexpr char16_t kCaseBit = 0x20;
 
 // How often a unit is met in the texts that pass through here, roughly: the
 // rarest units of a find text make the cheapest anchors.
@@ -41,23 +42,22 @@ constexpr int Commonness(char16_t unit) {
     case u'\n':
       return 4;
     default:
-      return unit >= u'a' && unit <= u'z' ? 6 : unit >= u'A' && unit <= u'Z' ? 5 : 3;
+      return IsAsciiLower(unit) ? 6 : IsAsciiUpper(unit) ? 5 : 3;
   }
 }
 
 // The same for the folded unit. That of "k" and "s" has a third form beyond
 // ASCII and costs more to look for.
-constexpr std::array<std::int8_t, 0x80> folded_commonness = [] {
+constexpr std::array<std::int8_t, 0x80> kFoldedCommonness = [] {
   std::array<std::int8_t, 0x80> table{};
   for (char16_t unit = 0; unit < table.size(); ++unit) {
-    const bool upper = unit >= u'A' && unit <= u'Z';
-    const char16_t folded = upper ? static_cast<char16_t>(unit | case_bit) : unit;
+    const char16_t folded = AsciiLower(unit);
     table[unit] = static_cast<std::int8_t>(folded == u'k' || folded == u's' ? 10 : Commonness(folded));
   }
   return table;
 }();
 
-int FoldedCommonness(char16_t unit) { return unit < 0x80 ? folded_commonness[unit] : 0; }
+int FoldedCommonness(char16_t unit) { return unit < 0x80 ? kFoldedCommonness[unit] : 0; }
 
 }  // namespace
 
@@ -69,11 +69,11 @@ Finder::Anchor Finder::MakeAnchor(TextView find, std::size_t offset, Compare mod
   anchor.unit = unit;
   anchor.variants.fill(unit);
   if (mode == Compare::Binary) return anchor;
-  const char16_t lower = unit | case_bit;
+  const char16_t lower = unit | kCaseBit;
   if (unit < 0x80 && lower != u'k' && lower != u's') {
-    if (lower < u'a' || lower > u'z') return anchor;
+    if (!IsAsciiLower(lower)) return anchor;
     anchor.unit = lower;
-    anchor.bit = case_bit;
+    anchor.bit = kCaseBit;
     return anchor;
   }
   anchor.variants = FoldVariants(unit);

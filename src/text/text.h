@@ -48,8 +48,8 @@ std::int32_t CountOccurrences(TextView text, TextView find, Compare mode = Compa
 /// the host at every hit.
 std::int32_t LastPosition(TextView text, TextView find, Compare mode = Compare::Binary);
 
-/// Reads a decimal number and rounds it by its first decimal digit. Signs,
-/// blanks and backslashes are thrown away, a comma counts as a point.
+/// Reads a decimal number and rounds it by its first decimal digit. Minus
+/// signs, spaces and backslashes are thrown away, a comma counts as a point.
 /// Throws Failure: overflow above 32,767; type for a whole part without digits.
 std::int16_t RoundNumberText(TextView text);
 
@@ -93,7 +93,7 @@ Text ToLower(TextView text);
 /// Equality of whole texts; two texts of different length are never equal.
 bool Equal(TextView left, TextView right, Compare mode);
 
-/// Optional blanks around, an optional sign, digits with at most one point.
+/// Optional spaces around, an optional sign, digits with at most one point.
 bool IsNumeric(TextView text);
 
 /// Decimal value of a numeric text, rounded half to even, as the assignment

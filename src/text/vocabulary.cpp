@@ -2,6 +2,7 @@
 #include <charconv>
 #include <limits>
 
+#include "text/ascii.h"
 #include "text/case_folding.h"
 #include "text/failure.h"
 #include "text/limits.h"
@@ -12,20 +13,18 @@ namespace quillary {
 namespace {
 
 // The count stops here: the result 181 means "181 or more".
-constexpr std::int32_t occurrence_cap = 180;
+constexpr std::int32_t kOccurrenceCap = 180;
 
 [[noreturn]] void Fail(Failure::Kind kind) { throw Failure(kind); }
 
 template <char16_t (*unit_of)(char16_t)>
 Text MapUnits(TextView text) {
   Text result(text);
-  for (char16_t& unit : result)
-    unit = unit < 0x80 && !(unit >= u'A' && unit <= u'Z') && !(unit >= u'a' && unit <= u'z') ? unit
-                                                                                             : unit_of(unit);
+  for (char16_t& unit : result) {
+    if (unit >= 0x80 || IsAsciiLetter(unit)) unit = unit_of(unit);
+  }
   return result;
 }
-
-bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 std::int64_t DigitsToNumber(TextView digits) {
   std::int64_t value = 0;
@@ -72,7 +71,7 @@ bool ReplaceIn(Text& text, TextView find, TextView with, Compare mode, std::int3
     if (limit > 0 && --limit == 0) break;
     hit = finder.Next(text, from);
   }
-  if (result.size() + (text.size() - from) > limits::working_units) {
+  if (result.size() + (text.size() - from) > limits::kWorkingUnits) {
     throw LimitReached(LimitReached::Limit::Growth);
   }
   result.append(text, from, Text::npos);
@@ -106,11 +105,11 @@ bool Holds(TextView text, TextView find, Compare mode) { return FindText(1, text
 std::int32_t CountOccurrences(TextView text, TextView find, Compare mode) {
   if (text.empty()) return 0;
   // An empty find is found wherever the search starts.
-  if (find.empty()) return std::min(Length(text), occurrence_cap + 1);
+  if (find.empty()) return std::min(Length(text), kOccurrenceCap + 1);
   const Finder finder(find, mode);
   std::int32_t count = 0;
   for (std::size_t hit = finder.Next(text, 0); hit != Finder::npos; hit = finder.Next(text, hit + 1)) {
-    if (++count > occurrence_cap) break;
+    if (++count > kOccurrenceCap) break;
   }
   return count;
 }
@@ -240,7 +239,7 @@ bool IsNumeric(TextView text) {
   bool digits = false;
   bool point = false;
   for (const char16_t unit : text) {
-    if (IsDigit(unit)) {
+    if (IsAsciiDigit(unit)) {
       digits = true;
     } else if (unit == u'.' && !point) {
       point = true;

@@ -105,7 +105,7 @@ void ExpectSameScan(Scan fast, Scan slow, const RtfToHtmlState& start, const Tex
   ASSERT_EQ(Entries(quick.FoundEmails), Entries(judged.FoundEmails)) << testing::PrintToString(page);
 }
 
-constexpr TextView web_pieces =
+constexpr TextView kWebPieces =
     u"www.a¶www.¶WWW.b.c¶http://x¶Http://u:p@h.c¶ftp://w.e:81@h.i¶news:¶a¶.¶@¶.¶ &lt;¶"
     u"&lt;¶&gt;¶&gt; ¶ &lt;www.a&gt; ¶www.a &lt;t&gt; ¶WWW.A &LT;T&GT; ¶www.a)&lt;t&gt; ¶"
     u"www.&lt;&lt;t&gt; ¶ ¶.gif¶.png¶<a href=\"¶\">¶</a>¶<br>¶c:\\x\\y¶\\\\s\\d¶\u017f¶"
@@ -114,7 +114,7 @@ constexpr TextView web_pieces =
 
 TEST(ScanLinks, AgreesWithItsTwin) {
   const RtfToHtmlState state = Loaded();
-  Pages pages(Pieces(state, web_pieces), 1);
+  Pages pages(Pieces(state, kWebPieces), 1);
   for (int i = 0; i < 10000 && !HasFatalFailure(); ++i) {
     ExpectSameScan(links::ScanLinks, links_twins::ScanLinks, state, pages.Next());
   }
@@ -159,14 +159,14 @@ TEST(ScanBracketLinks, AgreesWithItsTwin) {
   }
 }
 
-constexpr TextView mail_pieces =
+constexpr TextView kMailPieces =
     u"@¶.¶-¶a¶b.c¶a@b.c¶A@b.c¶&lt;¶&gt;¶&lt;mailto:¶&lt;mailto:a@b.c&gt;¶"
     u" &lt;mailto:a@b.c&gt;¶mailto:¶?¶#¶$¶,¶:¶=¶&¶+¶ ¶<br>¶~¶%¶/¶x,a@b.c¶\u00de¶\u017d";
 
 TEST(ScanEmailAddresses, AgreesWithItsTwin) {
   const RtfToHtmlState state = Loaded();
-  Pages pages(Pieces(state, mail_pieces), 5);
-  Pages dense(Split(mail_pieces), 6);
+  Pages pages(Pieces(state, kMailPieces), 5);
+  Pages dense(Split(kMailPieces), 6);
   for (int i = 0; i < 10000 && !HasFatalFailure(); ++i) {
     ExpectSameScan(links::ScanEmailAddresses, links_twins::ScanEmailAddresses, state, pages.Next());
     ExpectSameScan(links::ScanEmailAddresses, links_twins::ScanEmailAddresses, state, dense.Next(10));

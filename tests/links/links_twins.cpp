@@ -5,7 +5,7 @@
 namespace quillary::links_twins {
 namespace {
 
-constexpr Compare ignore_case = Compare::IgnoreCase;
+constexpr Compare kIgnoreCase = Compare::IgnoreCase;
 
 Text Joined(std::initializer_list<TextView> pieces) {
   Text text;
@@ -48,7 +48,7 @@ void FindEnd(const RtfToHtmlState& state, TextView lower, std::int32_t from, Str
 }
 
 bool LooksLikeMail(TextView candidate) {
-  const std::int32_t at = FindText(1, candidate, u"@", ignore_case);
+  const std::int32_t at = FindText(1, candidate, u"@", kIgnoreCase);
   if (at == 0 || FindText(at, candidate, u".") == 0) return false;
   const std::int32_t colon = LastPosition(candidate, u":");
   return !(colon < at && colon > 7 && CountOccurrences(candidate, u"@") < 2);
@@ -106,7 +106,7 @@ void ScanLinks(RtfToHtmlState& state, TextView copy) {
           const Text target = Mid(html, s.end + 5, FindText(s.end + 5, html, u"&gt;") - s.end - 5);
           Attempt([&] { label = Mid(html, s.start, FindText(s.start, html, u"&lt;") - 1 - s.start); });
           anchor = Joined({u"<a href=\"", target, u"\">", label, u"</a>"});
-          ReplaceIn(html, Joined({label, u" &lt;", target, u"&gt; "}), anchor, ignore_case, 1);
+          ReplaceIn(html, Joined({label, u" &lt;", target, u"&gt; "}), anchor, kIgnoreCase, 1);
         } else {
           html = Joined({Left(html, s.start - 1), anchor, Mid(html, s.start + length)});
         }
@@ -288,7 +288,7 @@ bool TakeTags(Text& label, Text& fonts, int most, bool blue) {
     const std::int32_t end = FindText(1, label, u">");
     if (Left(label, 6) != u"<font " || end == 0) return false;
     fonts += Left(label, end);
-    label = ReplaceAll(Mid(label, end + 1), fonts, u"", ignore_case);
+    label = ReplaceAll(Mid(label, end + 1), fonts, u"", kIgnoreCase);
     if (blue) label = ReplaceAll(label, u"<font COLOR=\"#0000ff\">", u"", Compare::Binary, 1);
     if (blue) label = ReplaceAll(label, u"<font color=\"#0000ff\">", u"", Compare::Binary, 1);
   }
@@ -305,11 +305,11 @@ Text RepairLabelLinks(TextView given) {
   Text html(given);
   const Text marker = u"&gt;</u><font COLOR=\"#000000\">";
   for (int i = 0; i < 250; ++i) {
-    const std::int32_t hit = FindText(1, html, marker, ignore_case);
+    const std::int32_t hit = FindText(1, html, marker, kIgnoreCase);
     if (hit == 0) break;
     const Text left = Left(html, hit + 3);
-    const std::int32_t a = LastPosition(left, u"&lt;", ignore_case);
-    const std::int32_t u = LastPosition(left, u"<u>", ignore_case);
+    const std::int32_t a = LastPosition(left, u"&lt;", kIgnoreCase);
+    const std::int32_t u = LastPosition(left, u"<u>", kIgnoreCase);
     if (a == 0 || u == 0 || a <= u) break;
     Text label = Mid(left, u + 3, a - u);
     Text fonts;
@@ -322,7 +322,7 @@ Text RepairLabelLinks(TextView given) {
     if (!Holds(target, u".")) break;
     html = ReplaceAll(html, Joined({u"<u>", fonts, label, u" &lt;", target, u"&gt;"}),
                       Joined({u"<u>", fonts, u"<a href=\"", target, u"\">", Trim(label), u"</a></u>"}),
-                      ignore_case);
+                      kIgnoreCase);
   }
   return html;
 }
@@ -331,11 +331,11 @@ Text RepairLabelAnchors(TextView given) {
   Text html(given);
   const Text blue = u"<font COLOR=\"#0000ff\">";
   for (int i = 0; i < 250; ++i) {
-    const std::int32_t hit = FindText(1, html, u"</a>&gt;</u>", ignore_case);
+    const std::int32_t hit = FindText(1, html, u"</a>&gt;</u>", kIgnoreCase);
     if (hit == 0) break;
     const Text left = Left(html, hit + 11);
-    const std::int32_t a = LastPosition(left, u"&lt;<a ", ignore_case);
-    const std::int32_t u = LastPosition(left, u"<u>", ignore_case);
+    const std::int32_t a = LastPosition(left, u"&lt;<a ", kIgnoreCase);
+    const std::int32_t u = LastPosition(left, u"<u>", kIgnoreCase);
     if (a == 0 || u == 0 || a <= u) return html;
     Text label = Mid(left, u + 3, a - u);
     Text fonts;
@@ -349,10 +349,10 @@ Text RepairLabelAnchors(TextView given) {
     if (fonts.empty() && label.empty()) continue;
     const Text fresh =
         Joined({u"<u><a href=\"", Mid(anchor, href + 6, quote - href - 6), u"\">", Trim(label), u"</a></u>"});
-    html = ReplaceAll(html, Joined({u"<u>", fonts, blue, label, anchor}), fonts + fresh, ignore_case);
-    html = ReplaceAll(html, Joined({blue, u"<u>", label, anchor}), fresh, ignore_case);
-    html = ReplaceAll(html, Joined({u"<u>", fonts, label, anchor}), fonts + fresh, ignore_case);
-    html = ReplaceAll(html, Joined({u"<u>", fonts, label, anchor}), fresh, ignore_case);
+    html = ReplaceAll(html, Joined({u"<u>", fonts, blue, label, anchor}), fonts + fresh, kIgnoreCase);
+    html = ReplaceAll(html, Joined({blue, u"<u>", label, anchor}), fresh, kIgnoreCase);
+    html = ReplaceAll(html, Joined({u"<u>", fonts, label, anchor}), fonts + fresh, kIgnoreCase);
+    html = ReplaceAll(html, Joined({u"<u>", fonts, label, anchor}), fresh, kIgnoreCase);
   }
   for (const TextView ending : {u".gif\"></u>", u".jpg\"></u>", u"jpeg\"></u>", u".png\"></u>"}) {
     if (Holds(html, ending)) return links_twins::RepairPictureLinks(html);
@@ -370,7 +370,7 @@ Text RepairPictureLinks(TextView given) {
     if (p < 5) break;
     const Text left = Left(html, p + 11);
     const std::int32_t a = LastPosition(left, u" <img border=");
-    const std::int32_t u = LastPosition(left, u"<u>", ignore_case);
+    const std::int32_t u = LastPosition(left, u"<u>", kIgnoreCase);
     if (a == 0 || u == 0) break;
     Text label = Mid(left, u + 3, a - u - 3);
     Text fonts;

@@ -194,7 +194,7 @@ Text SlowCopyFirstCellFormat(const Text& table) {
   bool stopped = false;
   Text result = table;
   Attempt([&] {
-    const Text changed = RewriteRows(table, limits::working_units, [&](const TableRow& row, Text& output) {
+    const Text changed = RewriteRows(table, limits::kWorkingUnits, [&](const TableRow& row, Text& output) {
       if (format.empty() && row.cells.size() > 1) {
         format = Visible(Trim(row.Between(row.cells[0], row.cells[1])), true);
         stopped = stopped || format.empty();
@@ -217,13 +217,13 @@ Text SlowCopyFirstCellFormat(const Text& table) {
 }
 
 TEST(CopyFirstCellFormat, AgreesWithItsSlowTwin) {
-  constexpr TextView pieces[] = {
+  constexpr TextView kPieces[] = {
       u"<td>", u"<td><b>a</td>", u"<td>a</td>", u"<td><b></td>", u"</td>", u"<tr>", u"</tr>", u"<b>", u"a",
       u"<",    u"</TD>",         u"<TD x>",     u"</tr><tr>",    u"d>",    u"\r"};
   std::mt19937 random(7);
   for (int i = 0; i < 20000; ++i) {
     Text table = random() % 2 == 0 ? u"<table><tr><td><b>a</td>" : u"<table><tr>";
-    for (auto count = random() % 9; count > 0; --count) table += pieces[random() % std::size(pieces)];
+    for (auto count = random() % 9; count > 0; --count) table += kPieces[random() % std::size(kPieces)];
     table += u"</tr></table>";
     ASSERT_EQ(SlowCopyFirstCellFormat(table), CopyFirstCellFormat(table))
         << std::string(table.begin(), table.end());

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <random>
 
+#include "text/ascii.h"
 #include "text/case_folding.h"
 #include "text/integer16.h"
 #include "text/search.h"
@@ -44,6 +46,20 @@ TEST(CaseFolding, KeepsEveryVariantOfEveryUnit) {
     ASSERT_NE(variants.end(), std::find(variants.begin(), variants.end(), static_cast<char16_t>(unit)))
         << unit;
   }
+}
+
+TEST(Ascii, KnowsItsCharactersAndNoOthers) {
+  for (int unit = -128; unit < 0x10000; ++unit) {
+    const bool ascii = unit >= 0 && unit < 0x80;
+    ASSERT_EQ(ascii && std::isdigit(unit) != 0, IsAsciiDigit(unit)) << unit;
+    ASSERT_EQ(ascii && std::isalpha(unit) != 0, IsAsciiLetter(unit)) << unit;
+    ASSERT_EQ(ascii && std::isalnum(unit) != 0, IsAsciiAlphanumeric(unit)) << unit;
+    ASSERT_EQ(ascii ? std::tolower(unit) : unit, AsciiLower(unit)) << unit;
+    ASSERT_EQ(ascii ? std::toupper(unit) : unit, AsciiUpper(unit)) << unit;
+    ASSERT_EQ(ascii && std::isxdigit(unit) != 0, HexDigitValue(unit) >= 0) << unit;
+  }
+  EXPECT_FALSE(IsAsciiSpaceOrControl('\xA0'));
+  for (int value = 0; value < 16; ++value) EXPECT_EQ(value, HexDigitValue(HexDigit(value)));
 }
 
 TEST(Integer16, FailsBeyondItsWidth) {

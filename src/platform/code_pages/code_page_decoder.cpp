@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/code_pages/code_pages.h"
+#include "text/ascii.h"
 #include "text/failure.h"
 
 namespace quillary::platform {
@@ -13,18 +14,11 @@ constexpr std::array kCodePages = {874, 932, 936, 949, 950, 1250, 1251, 1253, 12
 
 constexpr std::size_t kEscapeUnits = 4;
 
-int HexDigit(char16_t unit) {
-  if (unit >= u'0' && unit <= u'9') return unit - u'0';
-  if (unit >= u'a' && unit <= u'f') return unit - u'a' + 10;
-  if (unit >= u'A' && unit <= u'F') return unit - u'A' + 10;
-  return -1;
-}
-
 /// Whether a whole escape begins at `at`; `byte` is then its byte.
 bool ReadEscape(TextView run, std::size_t at, char& byte) {
   if (run.size() - at < kEscapeUnits || run[at] != u'\\' || run[at + 1] != u'\'') return false;
-  const int high = HexDigit(run[at + 2]);
-  const int low = HexDigit(run[at + 3]);
+  const int high = HexDigitValue(run[at + 2]);
+  const int low = HexDigitValue(run[at + 3]);
   if (high < 0 || low < 0) return false;
   byte = static_cast<char>(high * 16 + low);
   return true;
@@ -33,9 +27,7 @@ bool ReadEscape(TextView run, std::size_t at, char& byte) {
 class TableDecoder final : public CodePageDecoder {
  public:
   Text ToString(int code_page, TextView run) override {
-    if (std::find(kCodePages.begin(), kCodePages.end(), code_page) == kCodePages.end()) {
-      throw Failure(Failure::Kind::Argument);
-    }
+    if (!DecodesEscapes(code_page)) throw Failure(Failure::Kind::Argument);
     // A pair is two escapes that touch: text between them ends the bytes.
     Text decoded;
     std::string bytes;
@@ -57,6 +49,10 @@ class TableDecoder final : public CodePageDecoder {
 };
 
 }  // namespace
+
+bool DecodesEscapes(int code_page) {
+  return std::find(kCodePages.begin(), kCodePages.end(), code_page) != kCodePages.end();
+}
 
 std::unique_ptr<CodePageDecoder> MakeCodePageDecoder() { return std::make_unique<TableDecoder>(); }
 

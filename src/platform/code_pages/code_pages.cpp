@@ -54,6 +54,17 @@ constexpr CodePage kCodePages[] = {
     {10000, "MACINTOSH"},
 };
 
+struct CharsetPage {
+  int charset;
+  int code_page;
+};
+
+constexpr CharsetPage kCharsetPages[] = {
+    {77, 10000}, {128, 932},  {129, 949},  {130, 1361}, {134, 936},  {136, 950},  {161, 1253},
+    {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256}, {179, 1256}, {180, 1256}, {181, 1255},
+    {186, 1257}, {204, 1251}, {222, 874},  {238, 1250}, {254, 437},  {255, 850},
+};
+
 const CodePage* FindCodePage(int number) {
   for (const CodePage& page : kCodePages) {
     if (page.number == number) return &page;
@@ -88,7 +99,7 @@ class Converter {
 
   /// The one unit that these bytes stand for, if there is one. The converters
   /// of the Hebrew and the Vietnamese page hold a letter back to join it with
-  /// its marks, so each question ends with a flush.
+  /// its combining marks, so each question ends with a flush.
   std::optional<char16_t> Unit(unsigned char first, std::optional<unsigned char> second = std::nullopt) {
     std::array<char, 2> in = {static_cast<char>(first), static_cast<char>(second.value_or(0))};
     std::array<unsigned char, 16> out{};
@@ -165,6 +176,13 @@ const Table& TableOf(const CodePage& page) {
 }  // namespace
 
 bool IsKnownCodePage(int code_page) { return FindCodePage(code_page) != nullptr; }
+
+int CodePageOfCharset(int charset) {
+  for (const CharsetPage& row : kCharsetPages) {
+    if (row.charset == charset) return row.code_page;
+  }
+  return 0;
+}
 
 bool IsLeadByte(int code_page, unsigned char byte) {
   const CodePage* page = FindCodePage(code_page);

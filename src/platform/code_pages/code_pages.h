@@ -13,6 +13,10 @@ namespace quillary::platform {
 /// 950, 1250 to 1258, 1361 and 10000 (the Macintosh's Western page).
 bool IsKnownCodePage(int code_page);
 
+/// The code page of a font's charset, 0 for a charset that has none of its own:
+/// the Western one, that of symbols, the default one and all that are unknown.
+int CodePageOfCharset(int charset);
+
 /// Whether `byte` opens a pair in this code page. Never in a page of single
 /// bytes or an unknown one.
 bool IsLeadByte(int code_page, unsigned char byte);
@@ -23,9 +27,9 @@ bool IsLeadByte(int code_page, unsigned char byte);
 /// same value or one of the private use area, so that nothing is lost.
 char16_t UndefinedPair(int code_page);
 
-/// Decodes `bytes`. A lead byte takes the byte behind it with it, whatever that
+/// Decodes `bytes`. A lead byte takes the next byte with it, whatever that
 /// is, unless it is 00. Bytes cut in the middle of a pair must be kept back by
-/// the caller (IsLeadByte tells); a lead byte at the end gives UndefinedPair.
+/// the caller (see IsLeadByte); a lead byte at the end gives UndefinedPair.
 /// Throws Failure: argument for an unknown code page, raised if the C library
 /// of this machine lacks the page.
 Text DecodeBytes(int code_page, std::string_view bytes);

@@ -12,13 +12,15 @@
 #include "platform/html_cleaner/inline_order.h"
 #include "platform/html_cleaner/large_stack.h"
 #include "platform/html_cleaner/page_bounds.h"
-#include "platform/html_cleaner/page_text.h"
+#include "platform/html_cleaner/page_encoding.h"
+#include "platform/html_cleaner/tags.h"
+#include "text/ascii.h"
 #include "text/encodings.h"
 
 namespace quillary::platform {
 namespace {
 
-constexpr const char* html_document_type = "<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 3.2//EN\">";
+constexpr const char* kHtmlDocumentType = "<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 3.2//EN\">";
 
 [[noreturn]] void Refuse(const char* why) { throw Failure(Failure::Kind::Raised, 0, "HTML cleaner", why); }
 
@@ -55,7 +57,7 @@ class Document {
     // Names stay as they were written, but for XML, which has none of them;
     // whatever else is not ASCII becomes a number.
     SetYes(TidyNumEntities);
-    // Comments it would write with signs that XML does not allow.
+    // Comments it would write with characters that XML does not allow.
     SetYes(form == Form::Html ? TidyPreserveEntities : TidyHideComments);
     tidyOptSetInt(document_, TidyWrapLen, 68);
     tidyOptSetInt(document_, TidyNewline, TidyLF);
@@ -96,7 +98,7 @@ class Document {
   }
 
  private:
-  // The node behind this one in the order of the page.
+  // The node after this one in the order of the page.
   static TidyNode Next(TidyNode node) {
     if (const TidyNode child = tidyGetChild(node)) return child;
     while (node != nullptr && tidyGetNext(node) == nullptr) node = tidyGetParent(node);
@@ -110,62 +112,62 @@ class Document {
 };
 
 // How the library breaks lines is put into the forms that the last pass over
-// the page knows. That joins a wrapped attribute behind six blanks, or one of
-// three by name, and a value behind a whole line end; and it looks for breaks
+// the page knows. That joins a wrapped attribute after six spaces, or one of
+// three by name, and a value after a whole line end; and it looks for breaks
 // that stand on a line of their own.
 class LineBreaks {
  public:
   explicit LineBreaks(std::string_view page) : page_(page) {}
 
-  std::string Mark() {
-    marked_.reserve(page_.size());
+  std::string Adapted() {
+    adapted_.reserve(page_.size());
     for (at_ = 0; at_ < page_.size(); ++at_) {
       if (in_tag_) {
-        TakeTagSign();
+        TakeTagCharacter();
       } else {
-        TakeTextSign();
+        TakeTextCharacter();
       }
     }
-    return std::move(marked_);
+    return std::move(adapted_);
   }
 
  private:
-  void TakeTextSign() {
+  void TakeTextCharacter() {
     const std::string_view rest = page_.substr(at_);
     if (rest.size() > 1 && rest[0] == '<') {
-      in_tag_ = IsLetter(rest[1]);
+      in_tag_ = IsAsciiLetter(rest[1]);
       const bool is_break = rest.starts_with("<br>") || rest.starts_with("<br />");
-      if (is_break && !behind_break_ && !preformatted_ && marked_.ends_with('>')) marked_ += '\n';
+      if (is_break && !after_break_ && !preformatted_ && adapted_.ends_with('>')) adapted_ += '\n';
       if (rest.starts_with("<pre")) preformatted_ = true;
       if (rest.starts_with("</pre>")) preformatted_ = false;
-      behind_break_ = is_break;
+      after_break_ = is_break;
     }
-    marked_ += page_[at_];
+    adapted_ += page_[at_];
   }
 
-  void TakeTagSign() {
-    const char sign = page_[at_];
+  void TakeTagCharacter() {
+    const char character = page_[at_];
     if (quote_ != 0) {
-      if (sign == quote_) quote_ = 0;
-    } else if (sign == '"' || sign == '\'') {
-      quote_ = sign;
-    } else if (sign == '>') {
+      if (character == quote_) quote_ = 0;
+    } else if (character == '"' || character == '\'') {
+      quote_ = character;
+    } else if (character == '>') {
       in_tag_ = false;
-    } else if (sign == '\n') {
+    } else if (character == '\n') {
       const std::string_view rest = page_.substr(at_ + 1);
       const bool known = rest.starts_with("color=") || rest.starts_with("size=") || rest.starts_with("src=");
-      marked_ += rest.starts_with('"') ? "\r\n" : known && page_[at_ - 1] == '"' ? "\n" : "\n      ";
+      adapted_ += rest.starts_with('"') ? "\r\n" : known && page_[at_ - 1] == '"' ? "\n" : "\n      ";
       return;
     }
-    marked_ += sign;
+    adapted_ += character;
   }
 
   std::string_view page_;
-  std::string marked_;
+  std::string adapted_;
   std::size_t at_ = 0;
   bool in_tag_ = false;
   char quote_ = 0;
-  bool behind_break_ = false;
+  bool after_break_ = false;
   bool preformatted_ = false;
 };
 
@@ -174,9 +176,9 @@ void SetDocumentType(std::string& page) {
   const std::size_t start = page.find("<!DOCTYPE");
   const std::size_t end = start == std::string::npos ? start : page.find('>', start);
   if (end == std::string::npos) {
-    page.insert(0, std::string(html_document_type) + "\n");
+    page.insert(0, std::string(kHtmlDocumentType) + "\n");
   } else {
-    page.replace(start, end + 1 - start, html_document_type);
+    page.replace(start, end + 1 - start, kHtmlDocumentType);
   }
 }
 
@@ -189,7 +191,7 @@ class TidyCleaner : public HtmlCleaner {
       document.Repair();
       std::string page = document.Write();
       SetDocumentType(page);
-      return LineBreaks(page).Mark();
+      return LineBreaks(page).Adapted();
     });
   }
 
@@ -199,7 +201,7 @@ class TidyCleaner : public HtmlCleaner {
       document.Parse(WithoutForeignElements(Admitted(html)));
       document.DropForeignAttributes();
       document.Repair();
-      return LineBreaks(document.Write()).Mark();
+      return LineBreaks(document.Write()).Adapted();
     });
   }
 
@@ -220,7 +222,7 @@ class TidyCleaner : public HtmlCleaner {
   }
 
   static std::string Admitted(TextView html) {
-    std::optional<std::string> page = WithInlinesInOrder(PageBytes(html));
+    std::optional<std::string> page = WithInlinesInOrder(EncodePage(html));
     if (!page || !IsWithinBounds(*page)) Refuse("The page nests too deep.");
     return std::move(*page);
   }

@@ -9,7 +9,7 @@
 namespace quillary::platform {
 namespace {
 
-constexpr std::size_t stack_bytes = std::size_t{64} << 20;
+constexpr std::size_t kStackBytes = std::size_t{64} << 20;
 
 struct Work {
   const std::function<void()>& action;
@@ -34,7 +34,7 @@ void RunOnLargeStack(const std::function<void()>& action) {
   pthread_t thread;
   bool runs = pthread_attr_init(&attributes) == 0;
   if (runs) {
-    runs = pthread_attr_setstacksize(&attributes, stack_bytes) == 0 &&
+    runs = pthread_attr_setstacksize(&attributes, kStackBytes) == 0 &&
            pthread_create(&thread, &attributes, Run, &work) == 0;
     pthread_attr_destroy(&attributes);
   }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/html_cleaner/page_text.h"
+#include "text/ascii.h"
 
 namespace quillary::platform {
 namespace {
@@ -14,21 +14,21 @@ struct Words {
   std::array<std::string_view, 4> properties;
 };
 
-constexpr Words font_words{"font", '=', {"face=", "size=", "color=", "bgcolor="}};
-constexpr Words span_words{"span", ':', {"font-family:", "font-size:", "color:", "background-color:"}};
+constexpr Words kFontWords{"font", '=', {"face=", "size=", "color=", "bgcolor="}};
+constexpr Words kSpanWords{"span", ':', {"font-family:", "font-size:", "color:", "background-color:"}};
 
 const Words& WordsOf(std::string_view element) {
-  return element == font_words.element ? font_words : span_words;
+  return element == kFontWords.element ? kFontWords : kSpanWords;
 }
 
 // Where the value of this property begins in a tag, npos if it has none.
 std::size_t ValueOf(std::string_view tag, std::string_view property) {
-  const auto same = [](char sign, char lower) { return Lower(sign) == lower; };
+  const auto same = [](char character, char lower) { return AsciiLower(character) == lower; };
   for (auto from = tag.begin();; ++from) {
     from = std::search(from, tag.end(), property.begin(), property.end(), same);
     if (from == tag.end()) return std::string_view::npos;
     const char before = from == tag.begin() ? ' ' : *(from - 1);
-    if (!IsLetter(before) && before != '-') {
+    if (!IsAsciiLetter(before) && before != '-') {
       return static_cast<std::size_t>(from - tag.begin()) + property.size();
     }
   }
@@ -38,31 +38,31 @@ std::size_t ValueOf(std::string_view tag, std::string_view property) {
 
 OpenInlines::OpenInlines(const std::string& face_tag) : carried_(face_tag) {
   if (carried_.empty()) return;
-  const Words& words = carried_.starts_with("<font") ? font_words : span_words;
+  const Words& words = carried_.starts_with("<font") ? kFontWords : kSpanWords;
   elements_.push_back({words.element, carried_, Effect::Properties, false});
 }
 
 void OpenInlines::Open(std::string_view name, std::string_view tag, Effect effect, bool ends_with_block) {
   Element element{name, tag, effect, ends_with_block};
-  const std::size_t place = elements_.size();
+  const std::size_t index = elements_.size();
   std::vector<std::size_t>& same = by_name_[name];
-  if (effect == Effect::Properties ? !NameProperties(element, place)
+  if (effect == Effect::Properties ? !NameProperties(element, index)
                                    : effect == Effect::Other || same.empty()) {
-    always_.push_back(place);
+    always_.push_back(index);
   }
-  same.push_back(place);
-  if (ends_with_block) in_blocks_.push_back(place);
+  same.push_back(index);
+  if (ends_with_block) in_blocks_.push_back(index);
   elements_.push_back(element);
 }
 
 // Whether the element does nothing but name properties that others may cover.
-bool OpenInlines::NameProperties(Element& element, std::size_t place) const {
+bool OpenInlines::NameProperties(Element& element, std::size_t index) const {
   if (const Last* const last = LastOf(element.name)) element.last = *last;
   const Words& words = WordsOf(element.name);
   std::ptrdiff_t known = 0;
   for (std::size_t property = 0; property < element.last.size(); ++property) {
     if (ValueOf(element.tag, words.properties[property]) == std::string_view::npos) continue;
-    element.last[property] = place;
+    element.last[property] = index;
     ++known;
   }
   return known > 0 && known == std::count(element.tag.begin(), element.tag.end(), words.between);
@@ -71,10 +71,10 @@ bool OpenInlines::NameProperties(Element& element, std::size_t place) const {
 void OpenInlines::End(std::string_view name) {
   const auto same = by_name_.find(name);
   if (same == by_name_.end() || same->second.empty()) return;
-  const std::size_t place = same->second.back();
-  if (elements_[place].ends_with_block && !blocks_.empty() && blocks_.back().next > place) return;
-  EndInBlocks(place + 1);
-  EndElement(place);
+  const std::size_t index = same->second.back();
+  if (elements_[index].ends_with_block && !blocks_.empty() && blocks_.back().next > index) return;
+  EndInBlocks(index + 1);
+  EndElement(index);
 }
 
 void OpenInlines::OpenBlock(std::string_view name) {
@@ -89,34 +89,34 @@ bool OpenInlines::HoldsBlock(std::string_view name) const {
 
 void OpenInlines::EndBlock(std::string_view name, bool item) {
   if (!HoldsBlock(name)) return;
-  std::size_t place = blocks_.size();
+  std::size_t index = blocks_.size();
   do {
-    --place;
-    const std::string_view inside = blocks_[place].name;
+    --index;
+    const std::string_view inside = blocks_[index].name;
     if (item && (inside == "ul" || inside == "ol" || inside == "dl")) return;
-  } while (blocks_[place].name != name);
-  EndInBlocks(blocks_[place].next);
-  for (; blocks_.size() > place; blocks_.pop_back()) --block_count_[blocks_.back().name];
+  } while (blocks_[index].name != name);
+  EndInBlocks(blocks_[index].next);
+  for (; blocks_.size() > index; blocks_.pop_back()) --block_count_[blocks_.back().name];
 }
 
 void OpenInlines::GoOnIn(OpenInlines& outside) const {
-  for (std::size_t place = carried_.empty() ? 0 : 1; place < elements_.size(); ++place) {
-    const Element& element = elements_[place];
+  for (std::size_t index = carried_.empty() ? 0 : 1; index < elements_.size(); ++index) {
+    const Element& element = elements_[index];
     const std::vector<std::size_t>& same = by_name_.at(element.name);
-    if (element.ends_with_block || !std::binary_search(same.begin(), same.end(), place)) continue;
+    if (element.ends_with_block || !std::binary_search(same.begin(), same.end(), index)) continue;
     outside.Open(element.name, element.tag, element.effect, false);
   }
 }
 
 void OpenInlines::Write(std::string& page) {
   needed_ = always_;
-  for (const Words& words : {font_words, span_words}) {
+  for (const Words& words : {kFontWords, kSpanWords}) {
     const Last* const last = LastOf(words.element);
     if (last == nullptr) continue;
     std::copy_if(last->begin(), last->end(), std::back_inserter(needed_),
-                 [](std::size_t place) { return place != none; });
+                 [](std::size_t index) { return index != kNone; });
   }
-  if (!carried_.empty() && LastFace() == none) needed_.push_back(0);
+  if (!carried_.empty() && LastFace() == kNone) needed_.push_back(0);
   std::sort(needed_.begin(), needed_.end());
   needed_.erase(std::unique(needed_.begin(), needed_.end()), needed_.end());
 
@@ -142,11 +142,11 @@ void OpenInlines::CloseFrom(std::string& page, std::size_t count) {
 }
 
 std::string OpenInlines::FaceTag() const {
-  const std::size_t place = LastFace();
-  if (place == none) return carried_;
-  const bool font = elements_[place].name == font_words.element;
-  const std::string_view tag = elements_[place].tag;
-  std::size_t from = ValueOf(tag, WordsOf(elements_[place].name).properties[0]);
+  const std::size_t index = LastFace();
+  if (index == kNone) return carried_;
+  const bool font = elements_[index].name == kFontWords.element;
+  const std::string_view tag = elements_[index].tag;
+  std::size_t from = ValueOf(tag, WordsOf(elements_[index].name).properties[0]);
   if (font && tag.substr(from).starts_with('"')) ++from;
   const std::string face(tag.substr(from, tag.find_first_of(font ? "\">" : ";\">", from) - from));
   return (font ? "<font face=\"" : "<span style=\"font-family:") + face + "\">";
@@ -158,19 +158,19 @@ const OpenInlines::Last* OpenInlines::LastOf(std::string_view name) const {
 }
 
 std::size_t OpenInlines::LastFace() const {
-  const Last* const font = LastOf(font_words.element);
-  const Last* const span = LastOf(span_words.element);
-  const std::size_t of_font = font == nullptr ? none : font->front();
-  const std::size_t of_span = span == nullptr ? none : span->front();
-  if (of_font == none || of_span == none) return std::min(of_font, of_span);
+  const Last* const font = LastOf(kFontWords.element);
+  const Last* const span = LastOf(kSpanWords.element);
+  const std::size_t of_font = font == nullptr ? kNone : font->front();
+  const std::size_t of_span = span == nullptr ? kNone : span->front();
+  if (of_font == kNone || of_span == kNone) return std::min(of_font, of_span);
   return std::max(of_font, of_span);
 }
 
-void OpenInlines::EndElement(std::size_t place) {
-  by_name_[elements_[place].name].pop_back();
-  const auto always = std::find(always_.rbegin(), always_.rend(), place);
+void OpenInlines::EndElement(std::size_t index) {
+  by_name_[elements_[index].name].pop_back();
+  const auto always = std::find(always_.rbegin(), always_.rend(), index);
   if (always != always_.rend()) always_.erase(std::next(always).base());
-  if (!in_blocks_.empty() && in_blocks_.back() == place) in_blocks_.pop_back();
+  if (!in_blocks_.empty() && in_blocks_.back() == index) in_blocks_.pop_back();
 }
 
 // Ends from this element on those that end with their block.

@@ -44,7 +44,7 @@ class OpenInlines {
   void Write(std::string& page);
   void Close(std::string& page) { CloseFrom(page, 0); }
 
-  /// A tag for the face in force here; empty if none is named.
+  /// A tag for the face that a text here has; empty if none is named.
   std::string FaceTag() const;
   /// How often an element was written again.
   std::size_t reopened() const { return reopened_; }
@@ -53,7 +53,7 @@ class OpenInlines {
   std::size_t block_depth() const { return blocks_.size(); }
 
  private:
-  static constexpr std::size_t none = ~std::size_t{0};
+  static constexpr std::size_t kNone = ~std::size_t{0};
   using Last = std::array<std::size_t, 4>;  // by property the last element that names it
 
   struct Element {
@@ -61,7 +61,7 @@ class OpenInlines {
     std::string_view tag;
     Effect effect;
     bool ends_with_block;
-    Last last{none, none, none, none};
+    Last last{kNone, kNone, kNone, kNone};
     bool was_written = false;
   };
   struct Block {
@@ -69,10 +69,10 @@ class OpenInlines {
     std::size_t next;  // the element that is opened next
   };
 
-  bool NameProperties(Element& element, std::size_t place) const;
+  bool NameProperties(Element& element, std::size_t index) const;
   const Last* LastOf(std::string_view name) const;
   std::size_t LastFace() const;
-  void EndElement(std::size_t place);
+  void EndElement(std::size_t index);
   void EndInBlocks(std::size_t from);
   void CloseFrom(std::string& page, std::size_t count);
 

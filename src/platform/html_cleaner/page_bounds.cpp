@@ -1,78 +1,63 @@
 #include "platform/html_cleaner/page_bounds.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
-#include "platform/html_cleaner/page_text.h"
+#include "platform/html_cleaner/tags.h"
+#include "text/html_elements.h"
 
 namespace quillary::platform {
 namespace {
 
 /// Most elements that may be open at a time, those that the library supplies
 /// (a row and a cell for a table) included.
-constexpr std::size_t most_open = 8000;
+constexpr std::size_t kMostOpen = 8000;
 /// Most attributes of one tag; the library compares each with all others.
-constexpr std::ptrdiff_t most_attributes = 1000;
+constexpr std::ptrdiff_t kMostAttributes = 1000;
 
-enum class Kind { Inline, Block, Table, Cell, Item, Empty };
-
-struct Element {
-  std::string_view name;
-  Kind kind;
-  std::size_t weight;  // elements that the library opens for it
-};
-
-// What the library treats in a way of its own. Any other element is inline.
-constexpr std::array elements{Element{"table", Kind::Table, 4},      Element{"tr", Kind::Cell, 0},
-                              Element{"td", Kind::Cell, 0},          Element{"th", Kind::Cell, 0},
-                              Element{"tbody", Kind::Cell, 0},       Element{"thead", Kind::Cell, 0},
-                              Element{"ul", Kind::Block, 2},         Element{"ol", Kind::Block, 2},
-                              Element{"dl", Kind::Block, 2},         Element{"dir", Kind::Block, 2},
-                              Element{"menu", Kind::Block, 2},       Element{"li", Kind::Item, 0},
-                              Element{"p", Kind::Item, 0},           Element{"hr", Kind::Item, 0},
-                              Element{"div", Kind::Block, 1},        Element{"center", Kind::Block, 1},
-                              Element{"blockquote", Kind::Block, 1}, Element{"form", Kind::Block, 1},
-                              Element{"h1", Kind::Block, 1},         Element{"h2", Kind::Block, 1},
-                              Element{"h3", Kind::Block, 1},         Element{"h4", Kind::Block, 1},
-                              Element{"h5", Kind::Block, 1},         Element{"h6", Kind::Block, 1},
-                              Element{"pre", Kind::Block, 1},        Element{"html", Kind::Empty, 0},
-                              Element{"head", Kind::Empty, 0},       Element{"body", Kind::Empty, 0},
-                              Element{"br", Kind::Empty, 0},         Element{"img", Kind::Empty, 0},
-                              Element{"meta", Kind::Empty, 0},       Element{"link", Kind::Empty, 0},
-                              Element{"input", Kind::Empty, 0}};
-
-Element ElementOf(std::string_view name) {
-  const auto known = std::find_if(elements.begin(), elements.end(),
-                                  [&](const Element& element) { return element.name == name; });
-  return known == elements.end() ? Element{name, Kind::Inline, 1} : *known;
+/// The elements that the library opens for one of these.
+std::size_t WeightOf(ElementNesting nesting) {
+  switch (nesting) {
+    case ElementNesting::Inline:
+    case ElementNesting::Block:
+      return 1;
+    case ElementNesting::List:
+      return 2;
+    case ElementNesting::Table:
+      return 4;
+    case ElementNesting::Cell:
+    case ElementNesting::Void:
+      break;
+  }
+  return 0;
 }
 
 class Bounds {
  public:
   bool Open(const std::string& name) {
-    const Element element = ElementOf(name);
-    if (element.kind == Kind::Cell) EndCell();
-    if (element.weight > 0) {
-      open_.push_back({name, element.weight, element.kind});
+    const ElementNesting nesting = FindHtmlElement(name).nesting;
+    const std::size_t weight = WeightOf(nesting);
+    if (nesting == ElementNesting::Cell) EndCell();
+    if (weight > 0) {
+      open_.push_back({name, nesting, weight});
       ++open_by_name_[name];
-      weight_ += element.weight;
+      weight_ += weight;
     }
-    return weight_ <= most_open;
+    return weight_ <= kMostOpen;
   }
 
   // Closes a block and all that was opened in it, or an inline element alone,
   // which may stand across others. An end tag without its element closes nothing.
   void Close(const std::string& name) {
-    if (ElementOf(name).kind == Kind::Cell) EndCell();
+    if (FindHtmlElement(name).nesting == ElementNesting::Cell) EndCell();
     if (open_by_name_[name] == 0) return;
     auto found = open_.end();
     do {
       --found;
     } while (found->name != name);
-    if (found->kind != Kind::Inline) {
+    if (found->nesting != ElementNesting::Inline) {
       for (auto inside = open_.end() - found; inside > 0; --inside) Forget();
       return;
     }
@@ -83,14 +68,14 @@ class Bounds {
  private:
   struct OpenElement {
     std::string name;
+    ElementNesting nesting;
     std::size_t weight;
-    Kind kind;
   };
 
   // What is open inside a cell ends with it.
   void EndCell() {
     if (open_by_name_["table"] == 0) return;
-    while (open_.back().kind != Kind::Table) Forget();
+    while (open_.back().nesting != ElementNesting::Table) Forget();
   }
 
   // Takes the element opened last out of all counts.
@@ -114,7 +99,7 @@ bool IsWithinBounds(std::string_view page) {
     const std::string_view text = page.substr(at, tag.end - at);
     at = tag.end;
     if (tag.name.empty()) continue;
-    if (std::count(text.begin(), text.end(), '=') > most_attributes) return false;
+    if (std::count(text.begin(), text.end(), '=') > kMostAttributes) return false;
     if (tag.closes) {
       bounds.Close(tag.name);
     } else if (!bounds.Open(tag.name)) {

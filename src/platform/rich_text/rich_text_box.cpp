@@ -23,7 +23,7 @@ bool IsRtf(TextView& text) {
 }
 
 void CheckLimit(TextView text) {
-  if (text.size() > limits::input_units) throw LimitReached(LimitReached::Limit::Input);
+  if (text.size() > limits::kInputUnits) throw LimitReached(LimitReached::Limit::Input);
 }
 
 class RtfTextBox final : public RichTextBox {

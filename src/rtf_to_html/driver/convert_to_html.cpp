@@ -23,7 +23,7 @@ class GrowthLimit {
  public:
   GrowthLimit(Apartment& apartment, std::size_t source_units)
       : apartment_(apartment), outer_(apartment.working_limit) {
-    const std::size_t grown = std::max(source_units * limits::growth_factor, limits::growth_floor_units);
+    const std::size_t grown = std::max(source_units * limits::kGrowthFactor, limits::kGrowthFloorUnits);
     apartment.working_limit = std::min(outer_, grown);
   }
   GrowthLimit(const GrowthLimit&) = delete;
@@ -65,12 +65,12 @@ void TakeAll(std::span<const Step> steps, Conversion& conversion) {
   }
 }
 
-bool FoundAllThatFit(const TextList& found) { return found.last_set() >= links::found_limit; }
+bool FoundAllThatFit(const TextList& found) { return found.last_set() >= links::kFoundLimit; }
 
 }  // namespace
 
 Text ConvertToHtml(Apartment& apartment, ConversionTexts texts) {
-  if (texts.source.size() > limits::input_units) throw LimitReached(LimitReached::Limit::Input);
+  if (texts.source.size() > limits::kInputUnits) throw LimitReached(LimitReached::Limit::Input);
   const GrowthLimit growth(apartment, texts.source.size());
   RtfToHtmlState& state = apartment.rtf_to_html;
   apartment.stopped_short = {};

@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "text/ascii.h"
 #include "text/text.h"
 
 namespace quillary::modQuillary {
@@ -33,7 +34,7 @@ std::vector<std::int32_t> NumbersAfter(TextView text, TextView word, std::int32_
 template <class Use>
 void ForEachNumberAt(TextView text, std::int32_t last, Use use) {
   std::int32_t number = 0;
-  for (std::size_t i = 0; i < text.size() && text[i] >= u'0' && text[i] <= u'9'; ++i) {
+  for (std::size_t i = 0; i < text.size() && IsAsciiDigit(text[i]); ++i) {
     number = number * 10 + (text[i] - u'0');
     if (number > last) return;
     use(number, i + 1);

@@ -2,18 +2,11 @@
 
 #include <algorithm>
 
+#include "platform/code_pages/code_pages.h"
+#include "text/ascii.h"
+
 namespace quillary::modQuillary {
 namespace {
-
-struct CharsetPage {
-  int charset;
-  int code_page;
-};
-
-constexpr CharsetPage kCharsetPages[] = {
-    {128, 932},  {129, 949},  {134, 936},  {136, 950},  {161, 1253}, {162, 1254}, {163, 1258}, {177, 1255},
-    {178, 1256}, {179, 1256}, {180, 1256}, {181, 1255}, {186, 1257}, {204, 1251}, {222, 874},  {238, 1250},
-};
 
 constexpr TextView kFontWord = u"\\f";
 
@@ -51,7 +44,7 @@ EscapeHead ReadEscapeHead(const RtfToHtmlState& state, TextView head) {
 std::optional<FontNumber> ReadFontNumber(TextView text, std::size_t at, int font_count) {
   const std::size_t first = at + kFontWord.size();
   FontNumber read{0, first};
-  while (read.end < text.size() && text[read.end] >= u'0' && text[read.end] <= u'9') {
+  while (read.end < text.size() && IsAsciiDigit(text[read.end])) {
     read.number = read.number * 10 + (text[read.end++] - u'0');
     if (read.number > font_count) return std::nullopt;
   }
@@ -64,11 +57,9 @@ int CharsetOfFont(const RtfToHtmlState& state, int font) {
   return state.FontCharsets.has(font) ? state.FontCharsets[font] : 0;
 }
 
-int CodePageOfCharset(int charset) {
-  for (const CharsetPage& row : kCharsetPages) {
-    if (row.charset == charset) return row.code_page;
-  }
-  return 0;
+int EscapePageOfCharset(int charset) {
+  const int code_page = platform::CodePageOfCharset(charset);
+  return platform::DecodesEscapes(code_page) ? code_page : 0;
 }
 
 std::unique_ptr<platform::CodePageDecoder> NewDecoder(const Apartment& apartment) {

@@ -33,8 +33,9 @@ std::optional<FontNumber> ReadFontNumber(TextView text, std::size_t at, int font
 /// The charset of a font; 0 for a number outside the table.
 int CharsetOfFont(const RtfToHtmlState& state, int font);
 
-/// The code page of a charset that has its own, 0 for any other.
-int CodePageOfCharset(int charset);
+/// The code page that escapes in a font of this charset are decoded by, 0 if
+/// they are Western bytes.
+int EscapePageOfCharset(int charset);
 
 /// Throws Failure (raised) if there is no decoder to be had.
 std::unique_ptr<platform::CodePageDecoder> NewDecoder(const Apartment& apartment);

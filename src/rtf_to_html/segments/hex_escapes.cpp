@@ -5,6 +5,7 @@
 #include "rtf_to_html/segments/foreign_runs.h"
 #include "rtf_to_html/segments/hex_escapes.rules.h"
 #include "rules/run.h"
+#include "text/ascii.h"
 
 namespace quillary::modQuillary {
 namespace {
@@ -12,20 +13,14 @@ namespace {
 constexpr TextView kEscape = u"\\'";
 constexpr std::size_t kEscapeUnits = 4;
 
-int HexDigit(char16_t unit) {
-  if (unit >= u'0' && unit <= u'9') return unit - u'0';
-  const int letter = unit | 0x20;
-  return letter >= u'a' && letter <= u'f' ? letter - u'a' + 10 : -1;
-}
-
 /// The byte of each escape of a text that holds nothing else; empty for any
 /// other text.
 std::string BytesOfRun(TextView text) {
   std::string bytes;
   if (text.size() % kEscapeUnits != 0) return bytes;
   for (std::size_t at = 0; at < text.size(); at += kEscapeUnits) {
-    const int high = HexDigit(text[at + 2]);
-    const int low = HexDigit(text[at + 3]);
+    const int high = HexDigitValue(text[at + 2]);
+    const int low = HexDigitValue(text[at + 3]);
     if (text[at] != u'\\' || text[at + 1] != u'\'' || high < 0 || low < 0) return "";
     bytes.push_back(static_cast<char>(high * 16 + low));
   }
@@ -94,7 +89,7 @@ Text DecodeHexEscapes(Apartment& apartment, TextView text, const EscapeHead& hea
       decoded = rewriting.Take();
     }
     if (!state.ForeignCharsets) return decoded;
-    const int code_page = head.font ? CodePageOfCharset(CharsetOfFont(state, *head.font)) : 0;
+    const int code_page = head.font ? EscapePageOfCharset(CharsetOfFont(state, *head.font)) : 0;
     decoded = code_page == 0 ? MapWesternBytes(decoded) : NewDecoder(apartment)->ToString(code_page, decoded);
   }
   return decoded;

@@ -4,6 +4,7 @@
 
 #include "rtf_to_html/segments/segment.h"
 #include "rules/sentinels.h"
+#include "text/ascii.h"
 #include "text/failure.h"
 
 namespace quillary::modQuillary {
@@ -12,7 +13,7 @@ namespace {
 bool IsUnicodeWord(TextView word) {
   const std::int32_t start = FindText(1, word, u"\\u", Compare::IgnoreCase);
   const TextView after = start == 0 ? TextView() : MidView(word, start + 2, 1);
-  return !after.empty() && (after[0] == u'-' || (after[0] >= u'0' && after[0] <= u'9'));
+  return !after.empty() && (after[0] == u'-' || IsAsciiDigit(after[0]));
 }
 
 // A Unicode word, with the text after it up to the space, as references; empty

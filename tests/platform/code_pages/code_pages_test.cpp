@@ -17,7 +17,7 @@ std::string Pair(unsigned lead, unsigned trail) {
 }
 
 // The sums were taken from an independent collection of Windows' tables, not
-// from this program: every byte, and every byte but 00 behind every lead byte.
+// from this program: every byte, and every byte but 00 after every lead byte.
 TEST(CodePages, EveryByteAndPairIsWindowsOwn) {
   const struct {
     int code_page;
@@ -158,6 +158,13 @@ TEST(CodePageDecoder, DecodesOnlyTheEscapes) {
   };
   for (const auto& row : rows) EXPECT_EQ(row.decoded, decoder->ToString(row.code_page, row.run));
   for (const int other : {0, 437, 1252, 1361}) EXPECT_THROW(decoder->ToString(other, u""), Failure);
+  // Of the charsets with a code page these have one that no escape is decoded by.
+  for (int charset = 0; charset < 256; ++charset) {
+    const int page = CodePageOfCharset(charset);
+    const bool other = charset == 77 || charset == 130 || charset == 254 || charset == 255;
+    EXPECT_EQ(page != 0, IsKnownCodePage(page)) << charset;
+    EXPECT_EQ(page != 0 && !other, DecodesEscapes(page)) << charset;
+  }
 }
 
 }  // namespace

@@ -86,16 +86,17 @@ std::string WhyNotWellFormed(const Text& xml) {
   std::vector<Text> open;
   std::size_t roots = 0;
   for (std::size_t i = 0; i < xml.size(); ++i) {
-    const char16_t sign = xml[i];
-    if (sign < 0x20 && sign != u'\t' && sign != u'\n' && sign != u'\r') return "a control character";
-    if (sign >= 0x7F) return "a character that is not ASCII";
-    if (sign == u'&') {
+    const char16_t character = xml[i];
+    if (character < 0x20 && character != u'\t' && character != u'\n' && character != u'\r')
+      return "a control character";
+    if (character >= 0x7F) return "a character that is not ASCII";
+    if (character == u'&') {
       const std::size_t end = xml.find(u';', i);
       const Text name = end == Text::npos ? Text() : xml.substr(i + 1, end - i - 1);
       const bool known = name == u"amp" || name == u"lt" || name == u"gt" || name == u"quot";
       if (!known && (name.size() < 2 || name[0] != u'#')) return "an open reference";
     }
-    if (sign != u'<' || xml.compare(i, 9, u"<!DOCTYPE") == 0) continue;
+    if (character != u'<' || xml.compare(i, 9, u"<!DOCTYPE") == 0) continue;
     const bool closes = xml[i + 1] == u'/';
     std::size_t at = i + (closes ? 2 : 1);
     const std::size_t name_end = xml.find_first_of(u" />\r\n\t", at);
@@ -218,7 +219,7 @@ TEST(HtmlCleaner, RefusesQuicklyWhatTheLibraryCannotBear) {
 TEST(HtmlCleaner, KeepsTheFormatThatABrowserShows) {
   constexpr struct {
     std::string_view page, ordered;
-  } cases[] = {
+  } kCases[] = {
       // Across each other, and ends of what is not open.
       {"<b>a<i>b</b>c</i>d", "<b>a<i>b</i></b><i>c</i>d"},
       {"<font size=2>a</b></i>b</font></font>c", "<font size=2>ab</font>c"},
@@ -254,7 +255,7 @@ TEST(HtmlCleaner, KeepsTheFormatThatABrowserShows) {
       {"<title><b></title><!-- <b> -->a<font size=2<b>b",
        "<title><b></title><!-- <b> -->a<font size=2><b>b</b></font>"},
   };
-  for (const auto& each : cases) EXPECT_EQ(WithInlinesInOrder(each.page), each.ordered);
+  for (const auto& each : kCases) EXPECT_EQ(WithInlinesInOrder(each.page), each.ordered);
 }
 
 TEST(HtmlCleaner, BearsDeepPagesWhateverTheStackOfItsCaller) {

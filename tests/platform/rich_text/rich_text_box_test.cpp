@@ -64,7 +64,7 @@ TEST(RichTextBox, MakesADocumentOfAnything) {
       {"rows without cells", "{\\rtf1 a\\row b\\row}", "a\r\nb\r\n"},
   });
   const auto box = MakeRichTextBox();
-  const TextView too_long(u"x", limits::input_units + 1);  // refused before it is read
+  const TextView too_long(u"x", limits::kInputUnits + 1);  // refused before it is read
   EXPECT_THROW(box->SetTextRTF(too_long), LimitReached);
   EXPECT_THROW(box->SetText(too_long), LimitReached);
 }

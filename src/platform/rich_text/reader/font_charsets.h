@@ -1,4 +1,4 @@
-// The charsets that fonts name.
+// What stands at the end of a font's name for its charset.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +7,7 @@
 
 namespace quillary::platform::rtf {
 
-struct Charset {
-  std::int32_t number;
-  int code_page;
-  TextView suffix;  // after the names of such fonts
-};
-
-/// Nothing for a Western charset and for an unknown one.
-const Charset* FindCharset(std::int32_t number);
+/// " Cyr" of the Cyrillic charset; empty for a charset that adds nothing.
+TextView SuffixOfCharset(std::int32_t charset);
 
 }  // namespace quillary::platform::rtf

@@ -95,8 +95,7 @@ Text TableName(TextView raw) {
 
 Text FontName(const Font& font, TextView alternative) {
   Text name = PlainName(font, alternative);
-  const Charset* charset = FindCharset(font.charset.value_or(0));
-  const TextView suffix = charset != nullptr ? charset->suffix : TextView();
+  const TextView suffix = SuffixOfCharset(font.charset.value_or(0));
   if (!suffix.empty() && name.size() > suffix.size()) {
     const TextView end = TextView(name).substr(name.size() - suffix.size());
     if (Equal(end, suffix, Compare::IgnoreCase)) name.resize(name.size() - suffix.size());

@@ -6,7 +6,6 @@
 
 #include "platform/code_pages/code_pages.h"
 #include "platform/rich_text/reader/byte_text.h"
-#include "platform/rich_text/reader/font_charsets.h"
 #include "platform/rich_text/reader/font_names.h"
 
 namespace quillary::platform::rtf {
@@ -77,8 +76,7 @@ void FontTable::EndEntry() {
     return;
   }
   Font& font = entry_.font;
-  const Charset* charset = FindCharset(font.charset.value_or(0));
-  if (font.code_page == 0 && charset != nullptr) font.code_page = charset->code_page;
+  if (font.code_page == 0) font.code_page = platform::CodePageOfCharset(font.charset.value_or(0));
   if (!IsKnownCodePage(font.code_page)) font.code_page = 0;
   if (!entry_.bytes.empty()) {
     font.name += DecodePage(font.code_page != 0 ? font.code_page : document_code_page_, entry_.bytes);

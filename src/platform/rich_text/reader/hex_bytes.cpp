@@ -2,14 +2,14 @@
 
 #include <utility>
 
-#include "platform/rich_text/reader/tokens.h"
+#include "text/ascii.h"
 #include "text/encodings.h"
 
 namespace quillary::platform::rtf {
 
 void HexBytes::Add(TextView digits) {
   for (const char16_t unit : digits) {
-    const int digit = HexDigit(unit);
+    const int digit = HexDigitValue(unit);
     if (digit < 0) continue;
     if (pending_ < 0) {
       pending_ = digit;

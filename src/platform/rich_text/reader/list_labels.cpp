@@ -2,14 +2,15 @@
 
 #include <algorithm>
 
+#include "text/ascii.h"
+
 namespace quillary::platform::rtf {
 namespace {
 
 constexpr std::size_t kLongestAffix = 8;
 
 bool IsLetterOrDigit(char16_t unit) {
-  return (unit >= u'0' && unit <= u'9') || (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
-         (unit >= 0xC0 && unit < 0x2000) || (unit >= 0x3040 && unit < 0xD800);
+  return IsAsciiAlphanumeric(unit) || (unit >= 0xC0 && unit < 0x2000) || (unit >= 0x3040 && unit < 0xD800);
 }
 
 Text Roman(std::int32_t number) {

@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <limits>
 
+#include "text/ascii.h"
+
 namespace quillary::platform::rtf {
 namespace {
-
-bool IsLetter(char16_t unit) { return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z'); }
-bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 /// The characters that stand for themselves: from the space to the tilde, but
 /// for the three that make RTF.
@@ -16,13 +15,6 @@ bool IsPlain(char16_t unit) {
 }
 
 }  // namespace
-
-int HexDigit(char16_t unit) {
-  if (IsDigit(unit)) return unit - u'0';
-  if (unit >= u'a' && unit <= u'f') return unit - u'a' + 10;
-  if (unit >= u'A' && unit <= u'F') return unit - u'A' + 10;
-  return -1;
-}
 
 Token Tokens::Next() {
   while (at_ < rtf_.size()) {
@@ -56,11 +48,11 @@ Token Tokens::Next() {
 Token Tokens::ControlToken() {
   if (at_ >= rtf_.size()) return {};
   const char16_t unit = rtf_[at_];
-  if (IsLetter(unit)) return WordToken();
+  if (IsAsciiLetter(unit)) return WordToken();
   ++at_;
   if (unit == u'\'') {
-    const int high = at_ < rtf_.size() ? HexDigit(rtf_[at_]) : -1;
-    const int low = at_ + 1 < rtf_.size() ? HexDigit(rtf_[at_ + 1]) : -1;
+    const int high = at_ < rtf_.size() ? HexDigitValue(rtf_[at_]) : -1;
+    const int low = at_ + 1 < rtf_.size() ? HexDigitValue(rtf_[at_ + 1]) : -1;
     // Of a damaged escape only the two characters go: what stands after them is text.
     if (high < 0 || low < 0) return {.kind = Token::Kind::Symbol, .unit = unit};
     at_ += 2;
@@ -72,15 +64,15 @@ Token Tokens::ControlToken() {
 
 Token Tokens::WordToken() {
   const std::size_t begin = at_;
-  while (at_ < rtf_.size() && IsLetter(rtf_[at_])) ++at_;
+  while (at_ < rtf_.size() && IsAsciiLetter(rtf_[at_])) ++at_;
   Token token{.kind = Token::Kind::Word, .text = rtf_.substr(begin, at_ - begin)};
   std::size_t digits = at_;
   const bool negative = digits < rtf_.size() && rtf_[digits] == u'-';
   if (negative) ++digits;
-  if (digits < rtf_.size() && IsDigit(rtf_[digits])) {
+  if (digits < rtf_.size() && IsAsciiDigit(rtf_[digits])) {
     constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
     std::int64_t value = 0;
-    for (at_ = digits; at_ < rtf_.size() && IsDigit(rtf_[at_]); ++at_) {
+    for (at_ = digits; at_ < rtf_.size() && IsAsciiDigit(rtf_[at_]); ++at_) {
       value = std::min(kMost, value * 10 + (rtf_[at_] - u'0'));
     }
     token.has_number = true;

@@ -53,7 +53,4 @@ class Tokens {
   std::size_t at_ = 0;
 };
 
-/// Value of a hexadecimal digit, or -1.
-int HexDigit(char16_t unit);
-
 }  // namespace quillary::platform::rtf

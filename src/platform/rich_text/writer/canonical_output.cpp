@@ -4,17 +4,15 @@
 #include <iterator>
 
 #include "platform/rich_text/model/document_model.h"
+#include "text/ascii.h"
 #include "text/encodings.h"
 
 namespace quillary::platform::rtf {
 namespace {
 
 constexpr TextView kParagraphEnd = u"\r\n\\par ";
-constexpr char16_t kHexDigits[] = u"0123456789abcdef";
 
-bool BeginsEntity(char16_t unit) {
-  return unit == u'#' || (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
-}
+bool BeginsEntity(char16_t unit) { return unit == u'#' || IsAsciiLetter(unit); }
 
 /// Whether a unit is written as a control word or an escape, structure characters included.
 bool IsWrittenAsWord(char16_t unit) {
@@ -118,7 +116,7 @@ bool CanonicalOutput::InAddress() const {
 
 // An escape straight after an escaped backslash is read as text.
 void CanonicalOutput::Escape(unsigned char byte) {
-  const char16_t escape[] = {u'\\', u'\'', kHexDigits[byte >> 4], kHexDigits[byte & 0xF]};
+  const char16_t escape[] = {u'\\', u'\'', HexDigit(byte >> 4), HexDigit(byte & 0xF)};
   AddDueSpace();
   text_.append(escape, 4);
   NoteText(u"x");

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "text/ascii.h"
+
 namespace quillary::platform::rtf {
 namespace {
 
@@ -51,8 +53,7 @@ bool IsTypedItem(const Document& document, std::size_t begin, std::size_t end) {
   while (at < end && document.text[at] == u' ') ++at;
   if (at + 1 >= end || document.text[at + 1] != structure::kTab) return false;
   const char16_t unit = document.text[at];
-  const bool is_letter_or_digit = (unit >= u'0' && unit <= u'9') || (unit >= u'A' && unit <= u'Z') ||
-                                  (unit >= u'a' && unit <= u'z' && unit != u'o');
+  const bool is_letter_or_digit = IsAsciiAlphanumeric(unit) && unit != u'o';
   return unit > u' ' && !is_letter_or_digit;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/rich_text/writer/canonical_output.h"
 #include "platform/rich_text/writer/canonical_paragraphs.h"
 #include "platform/rich_text/writer/canonical_tables.h"
+#include "text/ascii.h"
 
 namespace quillary::platform::rtf {
 namespace {
@@ -27,8 +28,7 @@ struct WrittenFormat {
 };
 
 bool IsMailCharacter(char16_t unit) {
-  return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9') ||
-         unit == u'.' || unit == u'-' || unit == u'_';
+  return IsAsciiAlphanumeric(unit) || unit == u'.' || unit == u'-' || unit == u'_';
 }
 
 bool IsDroppedFromMail(char16_t unit) {
@@ -235,7 +235,7 @@ void Writer::WriteAffix(TextView word, const Text& affix) {
   if (affix.empty()) return;
   output_.Raw(word);
   const char16_t first = affix.front();
-  const bool is_punctuation = first > u' ' && first < u'A' && first != u'-' && (first < u'0' || first > u'9');
+  const bool is_punctuation = first > u' ' && first < u'A' && first != u'-' && !IsAsciiDigit(first);
   if (!is_punctuation) output_.Words(u"");
   output_.Spell(affix);
   output_.Raw(u"}");
@@ -348,15 +348,14 @@ void Writer::WritePicture(const Picture& picture) {
 }
 
 void Writer::WriteData(const std::string& data) {
-  constexpr char16_t kDigits[] = u"0123456789abcdef";
   Text line;
   for (std::size_t at = 0; at < data.size(); at += kPictureLine) {
     const std::size_t end = std::min(data.size(), at + kPictureLine);
     line = u"\r\n";
     for (std::size_t index = at; index < end; ++index) {
       const auto byte = static_cast<unsigned char>(data[index]);
-      line += kDigits[byte >> 4];
-      line += kDigits[byte & 0xF];
+      line += HexDigit(byte >> 4);
+      line += HexDigit(byte & 0xF);
     }
     output_.Raw(line);
   }

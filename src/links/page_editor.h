@@ -9,9 +9,9 @@
 
 namespace quillary::links {
 
-class PageText {
+class PageEditor {
  public:
-  explicit PageText(Text text);
+  explicit PageEditor(Text text);
 
   std::int32_t Size() const;
   /// The unit at a 1-based position that lies inside the page.
@@ -43,18 +43,18 @@ class PageText {
 
 /// A page that is edited in its own place: as it then is, it is back at the
 /// end, come what may.
-class PageInPlace {
+class InPlaceEditor {
  public:
-  explicit PageInPlace(Text& page) : page_(page), text_(std::move(page)) {}
-  PageInPlace(const PageInPlace&) = delete;
-  PageInPlace& operator=(const PageInPlace&) = delete;
-  ~PageInPlace() { page_ = text_.Take(); }
+  explicit InPlaceEditor(Text& page) : page_(page), editor_(std::move(page)) {}
+  InPlaceEditor(const InPlaceEditor&) = delete;
+  InPlaceEditor& operator=(const InPlaceEditor&) = delete;
+  ~InPlaceEditor() { page_ = editor_.Take(); }
 
-  PageText& text() { return text_; }
+  PageEditor& editor() { return editor_; }
 
  private:
   Text& page_;
-  PageText text_;
+  PageEditor editor_;
 };
 
 }  // namespace quillary::links

@@ -1,4 +1,4 @@
-#include "links/page_text.h"
+#include "links/page_editor.h"
 
 #include <algorithm>
 
@@ -10,20 +10,20 @@ namespace quillary::links {
 namespace {
 
 // Room for the first dozens of anchors.
-constexpr std::size_t least_gap = 4096;
+constexpr std::size_t kLeastGap = 4096;
 
 }  // namespace
 
-PageText::PageText(Text text) : buffer_(std::move(text)) { Size(); }
+PageEditor::PageEditor(Text text) : buffer_(std::move(text)) { Size(); }
 
-std::int32_t PageText::Size() const { return Length(TextView(buffer_).substr(gap_end_ - gap_begin_)); }
+std::int32_t PageEditor::Size() const { return Length(TextView(buffer_).substr(gap_end_ - gap_begin_)); }
 
-char16_t PageText::At(std::int32_t position) const {
+char16_t PageEditor::At(std::int32_t position) const {
   const auto offset = static_cast<std::size_t>(position) - 1;
   return buffer_[offset < gap_begin_ ? offset : offset + (gap_end_ - gap_begin_)];
 }
 
-Text PageText::Mid(std::int32_t start, std::int32_t count) const {
+Text PageEditor::Mid(std::int32_t start, std::int32_t count) const {
   if (start < 1 || count < 0) throw Failure(Failure::Kind::Argument);
   const TextView page(buffer_);
   auto offset = static_cast<std::size_t>(start) - 1;
@@ -39,7 +39,7 @@ Text PageText::Mid(std::int32_t start, std::int32_t count) const {
   return result;
 }
 
-bool PageText::StandsAt(std::int32_t start, TextView text, Compare mode) const {
+bool PageEditor::StandsAt(std::int32_t start, TextView text, Compare mode) const {
   if (start < 1 || std::int64_t{start} - 1 + Length(text) > Size()) return false;
   for (const char16_t wanted : text) {
     const char16_t unit = At(start++);
@@ -48,14 +48,14 @@ bool PageText::StandsAt(std::int32_t start, TextView text, Compare mode) const {
   return true;
 }
 
-TextView PageText::From(std::int32_t start) {
+TextView PageEditor::From(std::int32_t start) {
   const auto offset = static_cast<std::size_t>(start) - 1;
   if (offset < gap_begin_) MoveGap(offset);
   const std::size_t behind_gap = gap_end_ + (offset - gap_begin_);
   return behind_gap < buffer_.size() ? TextView(buffer_).substr(behind_gap) : TextView();
 }
 
-void PageText::Replace(std::int32_t start, std::int32_t count, TextView with) {
+void PageEditor::Replace(std::int32_t start, std::int32_t count, TextView with) {
   MoveGap(static_cast<std::size_t>(start) - 1);
   gap_end_ += std::min(static_cast<std::size_t>(count), buffer_.size() - gap_end_);
   if (gap_end_ - gap_begin_ < with.size()) Widen(with.size());
@@ -63,13 +63,13 @@ void PageText::Replace(std::int32_t start, std::int32_t count, TextView with) {
   gap_begin_ += with.size();
 }
 
-Text PageText::Take() {
+Text PageEditor::Take() {
   buffer_.erase(gap_begin_, gap_end_ - gap_begin_);
   gap_begin_ = gap_end_ = 0;
   return std::move(buffer_);
 }
 
-void PageText::MoveGap(std::size_t offset) {
+void PageEditor::MoveGap(std::size_t offset) {
   if (gap_begin_ == gap_end_) {
     gap_begin_ = gap_end_ = std::min(offset, buffer_.size());
     return;
@@ -88,10 +88,10 @@ void PageText::MoveGap(std::size_t offset) {
   }
 }
 
-void PageText::Widen(std::size_t units) {
+void PageEditor::Widen(std::size_t units) {
   const std::size_t size = buffer_.size() - (gap_end_ - gap_begin_);
-  if (size + units > limits::working_units) throw LimitReached(LimitReached::Limit::Growth);
-  const std::size_t more = units + least_gap + size / 8;
+  if (size + units > limits::kWorkingUnits) throw LimitReached(LimitReached::Limit::Growth);
+  const std::size_t more = units + kLeastGap + size / 8;
   buffer_.insert(gap_end_, more, u'\0');
   gap_end_ += more;
 }

@@ -1,29 +1,23 @@
-#include "platform/html_cleaner/page_text.h"
+#include "platform/html_cleaner/page_encoding.h"
 
 #include <algorithm>
 #include <charconv>
 
+#include "platform/html_cleaner/tags.h"
+#include "text/ascii.h"
 #include "text/encodings.h"
 
 namespace quillary::platform {
 namespace {
 
-bool IsDigit(char sign) { return sign >= '0' && sign <= '9'; }
-
 bool IsControl(char byte) {
   return static_cast<unsigned char>(byte) < 0x20 && byte != '\t' && byte != '\n' && byte != '\r';
 }
 
-bool StartsWithWord(std::string_view text, std::string_view lower) {
-  return text.size() >= lower.size() &&
-         std::equal(lower.begin(), lower.end(), text.begin(),
-                    [](char a, char b) { return a == b || (IsLetter(b) && a == (b | 0x20)); });
-}
-
-bool OpensMarkup(std::string_view behind, bool first) {
-  if (behind.empty()) return false;
-  return IsLetter(behind[0]) || behind[0] == '/' || behind.starts_with("!--") ||
-         (first && StartsWithWord(behind, "!doctype"));
+bool OpensMarkup(std::string_view rest, bool at_start) {
+  if (rest.empty()) return false;
+  return IsAsciiLetter(rest[0]) || rest[0] == '/' || rest.starts_with("!--") ||
+         (at_start && StartsWithName(rest, "!doctype"));
 }
 
 bool IsCharacter(unsigned long number) {
@@ -51,9 +45,9 @@ std::size_t BadReference(std::string_view text) {
 // HTML, to its end tag or the end of the page; 0 for any other text.
 std::size_t ForeignElement(std::string_view text) {
   for (const std::string_view name : {"script", "style", "math", "svg"}) {
-    if (!StartsWithWord(text.substr(1), name)) continue;
-    const std::string_view behind = text.substr(1 + name.size());
-    if (!behind.empty() && (IsLetter(behind[0]) || IsDigit(behind[0]))) continue;
+    if (!StartsWithName(text.substr(1), name)) continue;
+    const std::string_view rest = text.substr(1 + name.size());
+    if (!rest.empty() && IsAsciiAlphanumeric(rest[0])) continue;
     const std::size_t end = text.find('>', EndTagOf(text, name, 0));
     return end == std::string_view::npos ? text.size() : end + 1;
   }
@@ -78,64 +72,22 @@ std::string WithoutForeignElements(std::string_view page) {
   return kept;
 }
 
-Tag ReadTag(std::string_view page, std::size_t at) {
-  Tag tag{page.substr(at + 1).starts_with('/'), {}, page.size()};
-  for (at += tag.closes ? 2 : 1; at < page.size() && (IsLetter(page[at]) || IsDigit(page[at])); ++at) {
-    tag.name += Lower(page[at]);
-  }
-  // A ">" in a value ends the tag only where the value has no end.
-  std::size_t quoted_end = page.size();
-  char quote = 0;
-  for (; at < page.size() && page[at] != '<'; ++at) {
-    if (quote != 0) {
-      if (page[at] == '>' && quoted_end == page.size()) quoted_end = at + 1;
-      if (page[at] != quote) continue;
-      quote = 0;
-      quoted_end = page.size();
-    } else if (page[at] == '"' || page[at] == '\'') {
-      quote = page[at];
-    } else if (page[at] == '>') {
-      tag.end = at + 1;
-      return tag;
-    }
-  }
-  tag.end = std::min(quoted_end, at);
-  return tag;
-}
-
-std::size_t EndTagOf(std::string_view page, std::string_view name, std::size_t from) {
-  std::size_t at = page.find("</", from);
-  while (at != std::string_view::npos && !StartsWithWord(page.substr(at + 2), name))
-    at = page.find("</", at + 2);
-  return std::min(at, page.size());
-}
-
-bool IsLetter(char sign) { return (sign >= 'a' && sign <= 'z') || (sign >= 'A' && sign <= 'Z'); }
-char Lower(char sign) { return IsLetter(sign) ? static_cast<char>(sign | 0x20) : sign; }
-
-bool IsPlainName(std::string_view name) {
-  if (name.empty() || !(IsLetter(name[0]) || name[0] == '_')) return false;
-  return std::all_of(name.begin(), name.end(), [](char sign) {
-    return IsLetter(sign) || IsDigit(sign) || sign == '_' || sign == '-' || sign == '.';
-  });
-}
-
-std::string PageBytes(TextView html) {
+std::string EncodePage(TextView html) {
   const std::string bytes = ToWindows1252(html, '?');
   const std::string_view view = bytes;
   std::string page;
   page.reserve(bytes.size());
-  bool first = true;  // nothing but blanks so far
+  bool at_start = true;  // nothing but white space so far
   for (std::size_t i = 0; i < view.size(); ++i) {
     const std::size_t reference = view[i] == '&' ? BadReference(view.substr(i)) : 0;
     if (reference > 0) {
       i += reference - 1;
-    } else if (view[i] == '<' && !OpensMarkup(view.substr(i + 1), first)) {
+    } else if (view[i] == '<' && !OpensMarkup(view.substr(i + 1), at_start)) {
       page += "&lt;";
     } else if (!IsControl(view[i])) {
       page += view[i];
     }
-    first = first && static_cast<unsigned char>(view[i]) <= 0x20;
+    at_start = at_start && IsAsciiSpaceOrControl(view[i]);
   }
   return page;
 }
