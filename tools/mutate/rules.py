@@ -1,4 +1,4 @@
-"""Changes of one line of a rule file.
+"""Changes of one line of a rule file, written as docs/rule-language.md says.
 
 What is proven to change nothing is not offered: a rule that compares no letters
 in the other mode, neighbours that cannot touch each other's text, a guard whose
@@ -14,6 +14,11 @@ MODE = re.compile(" (binary|ignore-case)")
 CONDITION = re.compile("(not )?⟨([^⟩]*)⟩( binary| ignore-case)?|shorter than (\\d+)")
 RANGE = re.compile(r"> (\d+)( down)? to (\d+)")
 LIST = re.compile(r"(<\w+> in )([^,]*)")
+VALUE = re.compile("⟨[^⟩]*⟩|[^ ⟨]+")
+NUMBERED = r"\\u\{[0-9A-F]+\}"
+
+# The lines of the file of names that all rule files share.
+shared = []
 
 
 def mutation(lines, at, rng):
@@ -57,17 +62,17 @@ def flip_mode(lines, at, rng):
 
 
 def change_literal(lines, at, rng):
-    """One character of a literal cut, doubled or changed; not of a placeholder or a sentinel."""
+    """One character of a literal cut, doubled or changed; not of a placeholder or a name."""
     spots = []
-    for literal in LITERAL.finditer(outside_families(lines[at])):
-        for unit in re.finditer(names(lines) + "|.", literal[1]):
-            if len(unit[0]) == 1:
-                spots.append((literal.start(1) + unit.start(), unit[0]))
+    unit = re.compile("|".join(["(‹\\w+›", *(f"<{name}>" for name in placeholders(lines))]) + f")|{NUMBERED}|.")
+    for literal in LITERAL.finditer(lines[at][: family_start(lines[at])]):
+        units = unit.finditer(lines[at], literal.start(1), literal.end(1))
+        spots += [found for found in units if not found[1]]
     if not spots:
         return None
-    place, unit = rng.choice(spots)
-    text = rng.choice(["", unit * 2] + changed_unit(unit) * 2)
-    changed = replaced(lines, at, lines[at][:place] + text + lines[at][place + 1 :])
+    spot = rng.choice(spots)
+    text = rng.choice(["", spot[0] * 2] + changed_unit(spot[0]) * 2)
+    changed = replaced(lines, at, lines[at][: spot.start()] + text + lines[at][spot.end() :])
     return ("changed literal", changed) if not same_guard(lines, changed, at) else None
 
 
@@ -99,7 +104,7 @@ def move_bound(lines, at, rng):
                 place, end = found.span(group)
                 changed.append(lines[at][:place] + str(int(found[group]) + by) + lines[at][end:])
     for found in LIST.finditer(lines[at], start):
-        values = found[2].split()
+        values = VALUE.findall(found[2])
         for value in values if len(values) > 1 else []:
             if values.count(value) == 1:
                 kept = " ".join(other for other in values if other != value)
@@ -189,10 +194,6 @@ def family_start(line):
     return 0 if line.split(maxsplit=1)[0] == "for" else place if place >= 0 else len(line)
 
 
-def outside_families(line):
-    return line[: family_start(line)]
-
-
 def placeholders(lines):
     names = set()
     for line in lines:
@@ -201,61 +202,97 @@ def placeholders(lines):
     return sorted(names)
 
 
-def names(lines):
-    """What matches a sentinel or a placeholder of that file."""
-    return "|".join(["‹\\w+›"] + [f"<{name}>" for name in placeholders(lines)])
+def texts(lines):
+    """The texts of the names that a file declares or shares, but for sentinels."""
+    known = {}
+    for line in shared + lines:
+        if kind_of(line) == "let":
+            known[line.split()[1]] = spelt(LITERAL.search(line)[1], known)
+    return known
+
+
+def spelt(text, known):
+    """A literal with its names put in, in plain spaces and line ends."""
+    text = re.sub("‹(\\w+)›", lambda name: known.get(name[1], name[0]), text)
+    return text.replace("␣", " ").replace("⏎", "␍␊")
 
 
 def has_letters(lines, text):
     """Whether the first literal of a text is spelt with letters that have two cases."""
-    found = re.sub(names(lines), "", LITERAL.search(text)[1])
+    names = "|".join(["‹\\w+›"] + [f"<{name}>" for name in placeholders(lines)])
+    found = re.sub(names, "", spelt(LITERAL.search(text)[1], texts(lines)))
     return found.upper() != found.lower()
 
 
-def families(lines, at):
-    """The values of every placeholder in force at a rule."""
+def values_in(tail, known):
+    """The values of the families that the end of a line names."""
     values = {}
-    depth = 0
-    for line in [lines[at]] + lines[at - 1 :: -1]:
-        if line.startswith(("stage ", "chain ")):
-            break
-        if line.strip() == "end":
-            depth += 1
-        elif line is not lines[at] and kind_of(line) in ("when", "for") and depth > 0:
-            depth -= 1
-        elif kind_of(line) == "for" or line is lines[at]:
-            tail = line[family_start(line) :]
-            for name, start, down, stop in re.findall(r"<(\w+)> (\d+)( down)? to (\d+)", tail):
-                values[name] = [str(n) for n in range(min(int(start), int(stop)), max(int(start), int(stop)) + 1)]
-            for name, listed in re.findall(r"<(\w+)> in ([^,]*)", tail):
-                values[name] = [value.strip("⟨⟩") for value in listed.split()]
+    for name, start, down, stop in re.findall(r"<(\w+)> (\d+)( down)? to (\d+)", tail):
+        low, high = sorted((int(start), int(stop)))
+        values[name] = [str(number) for number in range(low, high + 1)]
+    for name, listed in re.findall(r"<(\w+)> in ([^,]*)", tail):
+        values[name] = [spelt(value.strip("⟨⟩"), known) for value in VALUE.findall(listed)]
     return values
 
 
-def listed_unreachable(lines, at, cases):
-    """Whether the rule stands in an "unreachable" line of its case file."""
-    if kind_of(lines[at]) != "rule":
-        return False
-    place = []
-    for word in ("chain ", "stage "):
-        place.append(next(line for line in reversed(lines[:at]) if line.startswith(word)).split()[1])
-    families_too = lines[at][family_start(lines[at]) :].strip()
-    entry = f"unreachable {'/'.join(place)} {LITERAL.search(lines[at])[0]} "
-    return any(line.startswith(entry) and line.endswith(families_too or '"') for line in cases)
+def values_at(lines, at, known):
+    """The values of every placeholder in force at a rule: its own and those of the blocks around it."""
+    values = values_in(lines[at][family_start(lines[at]) :], known)
+    depth = 0
+    for line in reversed(lines[:at]):
+        if kind_of(line) in ("stage", "chain"):
+            break
+        if line.strip() == "end":
+            depth += 1
+        elif kind_of(line) in ("when", "for"):
+            if depth == 0 and kind_of(line) == "for":
+                values.update(values_in(line, known))
+            depth = max(depth - 1, 0)
+    return values
+
+
+def written_out(literals, values):
+    """The literals, for each value of each placeholder in them."""
+    used = [name for name in values if any(f"<{name}>" in literal for literal in literals)]
+    for chosen in itertools.product(*(values[name] for name in used)):
+        written = list(literals)
+        for name, value in zip(used, chosen):
+            written = [literal.replace(f"<{name}>", value) for literal in written]
+        yield written
 
 
 def expanded(lines, at):
-    """Every find and replacement of a rule, in small letters and with plain spaces and line ends."""
-    values = families(lines, at)
-    find, with_text = LITERAL.findall(arrow(lines[at])[0])
-    used = [name for name in values if f"<{name}>" in find + with_text]
-    pairs = []
-    for chosen in itertools.product(*(values[name] for name in used)):
-        pair = [find, with_text]
-        for name, value in zip(used, chosen):
-            pair = [text.replace(f"<{name}>", value) for text in pair]
-        pairs.append([text.lower().replace("␣", " ").replace("⏎", "␍␊") for text in pair])
-    return pairs
+    """Find and replacement of every rule that a line is written out to."""
+    known = texts(lines)
+    pair = [spelt(literal, known) for literal in LITERAL.findall(arrow(lines[at])[0])]
+    return list(written_out(pair, values_at(lines, at, known)))
+
+
+def listed_unreachable(lines, at, cases):
+    """Whether the case file says of every rule of that line that no text fires it."""
+    if kind_of(lines[at]) != "rule":
+        return False
+    stage = next(i for i in range(at, -1, -1) if kind_of(lines[i]) == "stage")
+    chain = next(line for line in reversed(lines[:stage]) if kind_of(line) == "chain")
+    entry = f"unreachable {chain.split()[1]}/{lines[stage].split()[1]} "
+    known = texts([])
+    listed = set()
+    for line in cases:
+        if line.startswith(entry):
+            find = LITERAL.search(line)
+            for (written,) in written_out([spelt(find[1], known)], values_in(line[find.end() :], known)):
+                listed.add(written)
+    own = finds(lines, at)
+    if not own <= listed:
+        return False
+    # Of rules with one find text the first is the one that fires.
+    end = next((i for i in range(at, len(lines)) if kind_of(lines[i]) in ("stage", "chain")), len(lines))
+    alike = [i for i in range(stage, end) if kind_of(lines[i]) == "rule" and finds(lines, i) & own]
+    return alike == [at] or alike[0] < at
+
+
+def finds(lines, at):
+    return {find for find, _ in expanded(lines, at)}
 
 
 def commute(lines, one, other):
@@ -265,6 +302,7 @@ def commute(lines, one, other):
         return a in b or b in a or any(a[-n:] == b[:n] or b[-n:] == a[:n] for n in range(1, min(len(a), len(b))))
 
     for (find, put), (other_find, other_put) in itertools.product(expanded(lines, one), expanded(lines, other)):
+        find, put, other_find, other_put = (text.lower() for text in (find, put, other_find, other_put))
         if not put or not other_put:
             return False
         if touch(find, other_find) or touch(put, other_find) or touch(other_put, find):
@@ -276,5 +314,6 @@ CHANGES = {
     "rule": [drop, flip_mode, change_literal, change_limit, swap, move_bound],
     "when": [flip_mode, change_literal, change_guard],
     "for": [move_bound],
+    "let": [change_literal],
     "scan": [drop],
 }
