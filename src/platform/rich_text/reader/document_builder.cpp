@@ -35,10 +35,12 @@ void DocumentBuilder::PutParagraph(const ParagraphEnd& paragraph) {
 /// The row that is open; a new one if there is none.
 DocumentBuilder::Row& DocumentBuilder::OpenRow() {
   if (!row_) {
-    row_.emplace();
-    row_->begin = paragraph_begin_;
-    row_->cell_begin = paragraph_begin_;
-    row_->first_paragraph = document_.paragraphs.size();
+    row_ = Row{.begin = paragraph_begin_,
+               .first_paragraph = document_.paragraphs.size(),
+               .cells = 0,
+               .cell_begin = paragraph_begin_,
+               .in_table = false,
+               .format = {}};
   }
   return *row_;
 }

@@ -46,11 +46,11 @@ class DocumentBuilder {
  private:
   /// The row that is open.
   struct Row {
-    std::size_t begin = 0;            // in the text
-    std::size_t first_paragraph = 0;  // in the list of paragraphs
-    std::size_t cells = 0;            // that have ended
-    std::size_t cell_begin = 0;
-    bool in_table = false;                  // one of its paragraphs is in a table by its own words
+    std::size_t begin;            // in the text
+    std::size_t first_paragraph;  // in the list of paragraphs
+    std::size_t cells;            // that have ended
+    std::size_t cell_begin;
+    bool in_table;                          // one of its paragraphs is in a table by its own words
     std::optional<ParagraphFormat> format;  // of its first paragraph
   };
 
