@@ -9,21 +9,21 @@
 namespace quillary {
 namespace {
 
-constexpr TextView sentence =
+constexpr TextView kSentence =
     u"The quick brown fox jumps over the lazy dog and runs along the harbour wall until evening. ";
-constexpr TextView head =
+constexpr TextView kHead =
     u"{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil\\fcharset0 Arial;}"
     u"{\\f1\\fnil\\fcharset2 Symbol;}{\\f2\\fnil\\fcharset0 Times New Roman;}}\r\n"
     u"{\\colortbl ;\\red0\\green0\\blue255;\\red255\\green0\\blue0;\\red0\\green128\\blue0;}\r\n"
     u"\\viewkind4\\uc1\\pard\\f0\\fs20 ";
 
-Text PlainPiece(int) { return Text(sentence) + Text(sentence) + u"\r\n\\par "; }
+Text PlainPiece(int) { return Text(kSentence) + Text(kSentence) + u"\r\n\\par "; }
 
 Text BulletPiece(int) {
   return u"\r\n\\par \\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}"
          u"\\fi-200\\li200 first item\r\n\\par {\\pntext\\f1\\'B7\\tab}second \\b bold\\b0  item"
          u"\r\n\\par {\\pntext\\f1\\'B7\\tab}third item of the list\r\n\\par \\pard After the list. " +
-         Text(sentence);
+         Text(kSentence);
 }
 
 Text TablePiece(int) {
@@ -38,7 +38,7 @@ Text TablePiece(int) {
 }
 
 Text LinkPiece(int number) {
-  return Text(sentence) + u"See http://www.example.org/page" + Decimal(number) + u" and write to user" +
+  return Text(kSentence) + u"See http://www.example.org/page" + Decimal(number) + u" and write to user" +
          Decimal(number) + u"@example.org for more.\r\n\\par ";
 }
 
@@ -54,7 +54,7 @@ Text FontHead() {
     fonts += u"{\\f" + Decimal(font) + u"\\fnil\\fcharset0 Face " + static_cast<char16_t>(u'A' + font / 26) +
              static_cast<char16_t>(u'a' + font % 26) + u";}";
   }
-  const TextView plain = head;
+  const TextView plain = kHead;
   const std::size_t from = plain.find(u"{\\fonttbl");
   const std::size_t to = plain.find(u"}}", from) + 1;
   return Text(plain.substr(0, from)) + fonts + Text(plain.substr(to));
@@ -75,19 +75,19 @@ void Convert(benchmark::State& state, TextView start, Text (*piece)(int)) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(document.size()));
 }
 
-constexpr std::int64_t megabyte = 1000000;
+constexpr std::int64_t kMegabyte = 1000000;
 
-void PlainText(benchmark::State& state) { Convert(state, head, PlainPiece); }
-void Bullets(benchmark::State& state) { Convert(state, head, BulletPiece); }
-void Tables(benchmark::State& state) { Convert(state, head, TablePiece); }
-void Links(benchmark::State& state) { Convert(state, head, LinkPiece); }
+void PlainText(benchmark::State& state) { Convert(state, kHead, PlainPiece); }
+void Bullets(benchmark::State& state) { Convert(state, kHead, BulletPiece); }
+void Tables(benchmark::State& state) { Convert(state, kHead, TablePiece); }
+void Links(benchmark::State& state) { Convert(state, kHead, LinkPiece); }
 void ManyFonts(benchmark::State& state) { Convert(state, FontHead(), FontPiece); }
 
-BENCHMARK(PlainText)->Arg(megabyte)->Arg(2 * megabyte)->Unit(benchmark::kMillisecond);
-BENCHMARK(Bullets)->Arg(megabyte)->Arg(2 * megabyte)->Unit(benchmark::kMillisecond);
-BENCHMARK(Tables)->Arg(megabyte)->Arg(2 * megabyte)->Unit(benchmark::kMillisecond);
-BENCHMARK(Links)->Arg(megabyte)->Arg(2 * megabyte)->Unit(benchmark::kMillisecond);
-BENCHMARK(ManyFonts)->Arg(megabyte)->Arg(2 * megabyte)->Unit(benchmark::kMillisecond);
+BENCHMARK(PlainText)->Arg(kMegabyte)->Arg(2 * kMegabyte)->Unit(benchmark::kMillisecond);
+BENCHMARK(Bullets)->Arg(kMegabyte)->Arg(2 * kMegabyte)->Unit(benchmark::kMillisecond);
+BENCHMARK(Tables)->Arg(kMegabyte)->Arg(2 * kMegabyte)->Unit(benchmark::kMillisecond);
+BENCHMARK(Links)->Arg(kMegabyte)->Arg(2 * kMegabyte)->Unit(benchmark::kMillisecond);
+BENCHMARK(ManyFonts)->Arg(kMegabyte)->Arg(2 * kMegabyte)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quillary

@@ -13,7 +13,7 @@ using quillary::Decimal;
 using quillary::Text;
 using quillary::TextView;
 
-constexpr int links_on_page = 1995;
+constexpr int kLinksOnPage = 1995;
 
 // `count` pieces with their number in place of "%", spread over the page.
 Text Page(TextView piece, int count) {
@@ -42,9 +42,9 @@ void Repair(benchmark::State& bench, Text (*repair)(TextView), TextView piece) {
 }
 
 BENCHMARK_CAPTURE(Scan, links, quillary::links::ScanLinks, u"see http://www.example.org/a%.html and ",
-                  links_on_page);
+                  kLinksOnPage);
 BENCHMARK_CAPTURE(Scan, labels, quillary::links::ScanLinks,
-                  u"see www.example.org &lt;http://e.org/%&gt; and ", links_on_page);
+                  u"see www.example.org &lt;http://e.org/%&gt; and ", kLinksOnPage);
 BENCHMARK_CAPTURE(Scan, addresses, quillary::links::ScanEmailAddresses, u"write to name%@example.org. ",
                   2000);
 BENCHMARK_CAPTURE(Repair, label_links, quillary::links::RepairLabelLinks,

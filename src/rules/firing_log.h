@@ -22,7 +22,7 @@ struct Firing {
 class FiringLog {
  public:
   /// Units shown on either side of a hit.
-  static constexpr std::size_t margin = 24;
+  static constexpr std::size_t kMargin = 24;
 
   /// In the order in which the rules first fired.
   const std::vector<Firing>& firings() const { return firings_; }

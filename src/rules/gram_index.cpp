@@ -13,19 +13,19 @@
 namespace quillary::rules {
 namespace {
 
-constexpr std::size_t most_stretches = 64;
-constexpr std::size_t shortest_stretch = 1024;
-constexpr std::size_t longest_undivided = 4096;
+constexpr std::size_t kMostStretches = 64;
+constexpr std::size_t kShortestStretch = 1024;
+constexpr std::size_t kLongestUndivided = 4096;
 
 // Runs are indexed under a stretch so far beyond its end; a longer find text
 // is not placed at all.
-constexpr std::size_t margin = 128;
+constexpr std::size_t kMargin = 128;
 
-constexpr std::size_t smallest_table = 16;
-constexpr std::size_t smallest_divided_table = std::size_t{1} << 12;
-constexpr std::size_t largest_table = std::size_t{1} << 17;
+constexpr std::size_t kSmallestTable = 16;
+constexpr std::size_t kSmallestDividedTable = std::size_t{1} << 12;
+constexpr std::size_t kLargestTable = std::size_t{1} << 17;
 
-constexpr std::size_t chunk_units = 1024;
+constexpr std::size_t kChunkUnits = 1024;
 
 void Fold(const char16_t* from, std::size_t count, char16_t* to) {
   const char16_t* table = FoldTable();
@@ -52,7 +52,7 @@ void Fold(const char16_t* from, std::size_t count, char16_t* to) {
 }
 
 // All stretches from the first to the last.
-Stretches UpTo(std::size_t count) { return ~Stretches{0} >> (most_stretches - count); }
+Stretches UpTo(std::size_t count) { return ~Stretches{0} >> (kMostStretches - count); }
 
 Stretches Bit(std::size_t stretch) { return Stretches{1} << stretch; }
 
@@ -64,7 +64,7 @@ Stretches GramIndex::Where(TextView find, std::span<const std::uint32_t> grams) 
     const std::size_t bit = UnitBit(FoldUnit(find[0]));
     return (units_[bit / 64] >> (bit % 64) & 1) != 0 ? where : 0;
   }
-  const bool placed = find.size() <= margin;
+  const bool placed = find.size() <= kMargin;
   for (const std::uint32_t gram : grams) {
     const Stretches begins = Where(gram);
     if (begins == 0) return 0;
@@ -76,13 +76,13 @@ Stretches GramIndex::Where(TextView find, std::span<const std::uint32_t> grams) 
 // Chooses the stretches and the table for a text of so many units. The table
 // has a word for each hash; an undivided text has a bit for each.
 void GramIndex::Size(std::size_t units) {
-  std::size_t words = smallest_table;
+  std::size_t words = kSmallestTable;
   count_ = 1;
-  if (units <= longest_undivided) {
+  if (units <= kLongestUndivided) {
     words = std::max(words, std::bit_ceil(units) / 2);
   } else {
-    count_ = std::min(units / shortest_stretch, most_stretches);
-    words = std::clamp(std::bit_ceil(units / count_ * 4), smallest_divided_table, largest_table);
+    count_ = std::min(units / kShortestStretch, kMostStretches);
+    words = std::clamp(std::bit_ceil(units / count_ * 4), kSmallestDividedTable, kLargestTable);
   }
   for (std::size_t i = 0; i <= count_; ++i) starts_[i] = units / count_ * i;
   starts_[count_] = units;
@@ -109,12 +109,12 @@ void GramIndex::Index(TextView text, std::size_t stretch) {
     table[gram >> shift_] |= divided ? own : std::uint64_t{1} << (gram % 64);
   };
   // Chunks overlap, so that every run lies whole in one of them.
-  char16_t folded[chunk_units + long_gram];
-  for (std::size_t start = starts_[stretch]; start < end; start += chunk_units) {
-    const std::size_t starts = std::min(end - start, chunk_units);
-    const std::size_t count = std::min(text.size() - start, starts + long_gram - 1);
+  char16_t folded[kChunkUnits + kLongGram];
+  for (std::size_t start = starts_[stretch]; start < end; start += kChunkUnits) {
+    const std::size_t starts = std::min(end - start, kChunkUnits);
+    const std::size_t count = std::min(text.size() - start, starts + kLongGram - 1);
     Fold(text.data() + start, count, folded);
-    const std::size_t whole = count < long_gram ? 0 : std::min(starts, count - long_gram + 1);
+    const std::size_t whole = count < kLongGram ? 0 : std::min(starts, count - kLongGram + 1);
     for (std::size_t i = 0; i < whole; ++i) {
       SetUnit(folded[i]);
       set(ShortHash(folded + i));
@@ -122,7 +122,7 @@ void GramIndex::Index(TextView text, std::size_t stretch) {
     }
     for (std::size_t i = whole; i < starts; ++i) {
       SetUnit(folded[i]);
-      if (i + short_gram <= count) set(ShortHash(folded + i));
+      if (i + kShortGram <= count) set(ShortHash(folded + i));
     }
   }
 }
@@ -137,24 +137,24 @@ void GramIndex::Add(std::uint32_t gram, std::size_t stretch) {
 // Adds the units of [from, to) and all runs that begin there.
 void GramIndex::AddStarts(TextView text, std::size_t from, std::size_t to, std::size_t stretch) {
   for (std::size_t at = from; at < to; ++at) {
-    char16_t folded[long_gram];
-    const std::size_t count = std::min(long_gram, text.size() - at);
+    char16_t folded[kLongGram];
+    const std::size_t count = std::min(kLongGram, text.size() - at);
     for (std::size_t i = 0; i < count; ++i) folded[i] = FoldUnit(text[at + i]);
     SetUnit(folded[0]);
-    if (count >= short_gram) Add(ShortHash(folded), stretch);
-    if (count >= long_gram) Add(LongHash(folded), stretch);
+    if (count >= kShortGram) Add(ShortHash(folded), stretch);
+    if (count >= kLongGram) Add(LongHash(folded), stretch);
   }
 }
 
 // Adds the runs that go across the place in front of the unit `at`.
 void GramIndex::AddSeam(TextView text, std::size_t at, std::size_t stretch) {
-  const std::size_t from = at - std::min(at, long_gram - 1);
-  const std::size_t count = std::min(text.size() - from, at - from + long_gram - 1);
+  const std::size_t from = at - std::min(at, kLongGram - 1);
+  const std::size_t count = std::min(text.size() - from, at - from + kLongGram - 1);
   const char16_t* const table = FoldTable();
-  char16_t folded[2 * long_gram];
+  char16_t folded[2 * kLongGram];
   for (std::size_t i = 0; i < count; ++i) folded[i] = table[text[from + i]];
-  for (std::size_t i = 0; i < at - from && i + long_gram <= count; ++i) Add(LongHash(folded + i), stretch);
-  if (at > from && at - from - 1 + short_gram <= count) Add(ShortHash(folded + (at - from - 1)), stretch);
+  for (std::size_t i = 0; i < at - from && i + kLongGram <= count; ++i) Add(LongHash(folded + i), stretch);
+  if (at > from && at - from - 1 + kShortGram <= count) Add(ShortHash(folded + (at - from - 1)), stretch);
 }
 
 void GramIndex::MoveStarts(std::size_t units, std::span<const std::size_t> places, std::size_t taken,
@@ -181,7 +181,7 @@ void GramIndex::Follow(TextView text, std::span<const std::size_t> places, std::
   for (const std::size_t place : places) {
     while (stretch + 1 < count_ && starts_[stretch + 1] <= place) ++stretch;
     // The runs within what was brought are the same at every place.
-    const std::size_t known = Bit(stretch) == before ? brought - std::min(brought, long_gram - 1) : 0;
+    const std::size_t known = Bit(stretch) == before ? brought - std::min(brought, kLongGram - 1) : 0;
     AddStarts(text, place + known, place + brought, stretch);
     AddSeam(text, place, stretch);
     before = Bit(stretch);
@@ -189,9 +189,9 @@ void GramIndex::Follow(TextView text, std::span<const std::size_t> places, std::
   // What stands after the end of a stretch may be new, or have come closer.
   for (std::size_t i = 0; i + 1 < count_; ++i) {
     const std::size_t end = starts_[i + 1];
-    const auto hit = std::lower_bound(places.begin(), places.end(), end - std::min(end, brought + long_gram));
-    if (hit == places.end() || *hit > end + margin) continue;
-    AddStarts(text, end - std::min(end, long_gram), std::min(text.size(), end + margin), i);
+    const auto hit = std::lower_bound(places.begin(), places.end(), end - std::min(end, brought + kLongGram));
+    if (hit == places.end() || *hit > end + kMargin) continue;
+    AddStarts(text, end - std::min(end, kLongGram), std::min(text.size(), end + kMargin), i);
   }
 }
 

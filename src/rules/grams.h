@@ -9,8 +9,8 @@
 namespace quillary::rules {
 
 /// Runs of two units serve find texts that are too short for one of four.
-inline constexpr std::size_t short_gram = 2;
-inline constexpr std::size_t long_gram = 4;
+inline constexpr std::size_t kShortGram = 2;
+inline constexpr std::size_t kLongGram = 4;
 
 /// The hash of folded units. The top bits are the best.
 inline std::uint32_t ShortHash(const char16_t* units) {
@@ -27,11 +27,11 @@ inline std::uint32_t LongHash(const char16_t* units) {
 
 /// How long the runs of a find text of so many units are; 0 for a single unit.
 inline constexpr std::size_t GramLength(std::size_t units) {
-  return units >= long_gram ? long_gram : units >= short_gram ? short_gram : 0;
+  return units >= kLongGram ? long_gram : units >= kShortGram ? short_gram : 0;
 }
 
 inline std::uint32_t GramHash(const char16_t* units, std::size_t length) {
-  return length == long_gram ? LongHash(units) : ShortHash(units);
+  return length == kLongGram ? LongHash(units) : ShortHash(units);
 }
 
 }  // namespace quillary::rules

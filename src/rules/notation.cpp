@@ -10,7 +10,7 @@ struct Range {
   char16_t last;
 };
 
-constexpr Range invisible[] = {
+constexpr Range kInvisible[] = {
     {0x0000, 0x001F}, {0x007F, 0x00A0}, {0x00AD, 0x00AD}, {0x034F, 0x034F}, {0x061C, 0x061C},
     {0x115F, 0x1160}, {0x1680, 0x1680}, {0x17B4, 0x17B5}, {0x180B, 0x180F}, {0x2000, 0x200F},
     {0x2028, 0x202F}, {0x205F, 0x206F}, {0x2800, 0x2800}, {0x3000, 0x3000}, {0x3164, 0x3164},
@@ -73,7 +73,7 @@ Text ModeWord(Compare mode) { return mode == Compare::Binary ? u" binary" : u" i
 
 bool IsInvisible(TextView text, std::size_t at) {
   if (IsPair(text, at) || (at > 0 && IsPair(text, at - 1))) return false;
-  return std::any_of(std::begin(invisible), std::end(invisible),
+  return std::any_of(std::begin(kInvisible), std::end(kInvisible),
                      [&](Range range) { return text[at] >= range.first && text[at] <= range.last; });
 }
 

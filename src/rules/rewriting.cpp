@@ -13,13 +13,13 @@ namespace quillary::rules {
 namespace {
 
 // Indexing a text costs about as much as searching it so many times.
-constexpr std::size_t searches_worth_an_index = 16;
+constexpr std::size_t kSearchesWorthAnIndex = 16;
 
 // Noting what a replacement brings costs about as much as indexing so many
 // units anew.
-constexpr std::size_t units_worth_a_replacement = 12;
+constexpr std::size_t kUnitsWorthAReplacement = 12;
 
-constexpr std::size_t most_own_grams = 8;
+constexpr std::size_t kMostOwnGrams = 8;
 
 bool LiesWithin(TextView part, const Text& whole) {
   const std::less<> before;
@@ -47,7 +47,7 @@ Text Rewriting::Take() {
 }
 
 void Rewriting::Expect(std::size_t literals) {
-  if (index_.built() || literals < searches_worth_an_index) return;
+  if (index_.built() || literals < kSearchesWorthAnIndex) return;
   index_.Build(text_);
   unindexed_asks_ = 0;
   missed_units_ = 0;
@@ -58,7 +58,7 @@ void Rewriting::Expect(std::size_t literals) {
 void Rewriting::Missed(Stretches where) {
   if (!changed_ || !index_.built()) return;
   missed_units_ += text_.size() / index_.count() * static_cast<std::size_t>(std::popcount(where));
-  if (missed_units_ / searches_worth_an_index > text_.size()) index_.Drop();
+  if (missed_units_ / kSearchesWorthAnIndex > text_.size()) index_.Drop();
 }
 
 Stretches Rewriting::Where(TextView find, std::span<const std::uint32_t> grams) const {
@@ -69,13 +69,13 @@ Stretches Rewriting::Where(TextView find, std::span<const std::uint32_t> grams) 
 // For a literal whose hashes nobody has computed yet.
 Stretches Rewriting::Where(TextView find) {
   if (!index_.built()) Expect(++unindexed_asks_);
-  if (!index_.built() || find.size() < short_gram || find.size() > text_.size()) return Where(find, {});
+  if (!index_.built() || find.size() < kShortGram || find.size() > text_.size()) return Where(find, {});
   const std::size_t length = GramLength(find.size());
-  std::uint32_t grams[most_own_grams];
+  std::uint32_t grams[kMostOwnGrams];
   std::size_t count = 0;
   // The last runs first: families differ at their ends.
-  for (std::size_t left = find.size() - length + 1; left > 0 && count < most_own_grams; ++count) {
-    char16_t folded[long_gram];
+  for (std::size_t left = find.size() - length + 1; left > 0 && count < kMostOwnGrams; ++count) {
+    char16_t folded[kLongGram];
     for (std::size_t i = 0; i < length; ++i) folded[i] = FoldUnit(find[left - 1 + i]);
     grams[count] = GramHash(folded, length);
     if (index_.Where(grams[count]) == 0) return 0;
@@ -189,7 +189,7 @@ void Rewriting::Widen(std::size_t taken, TextView with) {
 void Rewriting::IndexReplaced(std::size_t taken, std::size_t brought) {
   if (!index_.built()) return;
   changed_ = true;
-  if (places_.size() * units_worth_a_replacement > text_.size()) {
+  if (places_.size() * kUnitsWorthAReplacement > text_.size()) {
     index_.Drop();
     return;
   }

@@ -27,13 +27,13 @@ bool Met(const Chain& chain, const Condition& condition, Rewriting& text) {
 void ApplyLogged(const Chain& chain, int stage, const Rule& rule, Stretches where, Rewriting& text) {
   const std::size_t hit = text.FirstWhere(where, rule.find, rule.mode);
   if (hit == Finder::npos) return;
-  const std::size_t start = hit - std::min(hit, FiringLog::margin);
-  Text before = text.text().substr(start, hit - start + rule.find.size() + FiringLog::margin);
+  const std::size_t start = hit - std::min(hit, FiringLog::kMargin);
+  Text before = text.text().substr(start, hit - start + rule.find.size() + FiringLog::kMargin);
   const std::size_t count = text.ReplaceWhere(where, rule.find, rule.with, rule.mode, rule.limit);
   Firing& row = text.log()->Row(chain, stage, rule);
   if (row.count == 0) {
     row.before = std::move(before);
-    row.after = text.text().substr(start, hit - start + rule.with.size() + FiringLog::margin);
+    row.after = text.text().substr(start, hit - start + rule.with.size() + FiringLog::kMargin);
   }
   row.count += count;
 }

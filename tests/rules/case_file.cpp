@@ -44,7 +44,7 @@ CaseTarget ReadTarget(Line& line) {
 }
 
 Change ReadChange(Line& line) {
-  for (const auto& [change, word] : all_changes) {
+  for (const auto& [change, word] : kAllChanges) {
     if (line.Take(word)) return change;
   }
   line.Fail("same without what is done to the rule");

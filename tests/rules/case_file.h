@@ -19,7 +19,7 @@ enum class Change {
   Unlimited  // without its limit
 };
 
-inline constexpr std::pair<Change, std::string_view> all_changes[] = {
+inline constexpr std::pair<Change, std::string_view> kAllChanges[] = {
     {Change::Dropped, "dropped"}, {Change::Flipped, "flipped"}, {Change::Unlimited, "unlimited"}};
 
 /// A chain, or one stage of it where `stage` is not empty.

@@ -242,7 +242,7 @@ TEST_P(Proof, EveryRuleIsMissed) {
   CaseFile file = CasesOf(GetParam());
   if (HasFailure()) return;
   const HeldCases cases(file);
-  for (const auto& [change, word] : all_changes) {
+  for (const auto& [change, word] : kAllChanges) {
     const std::string what(word);
     std::vector<rules::RuleRow> unnoticed;
     Fired proven;

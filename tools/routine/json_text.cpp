@@ -7,7 +7,7 @@
 namespace quillary::routine {
 namespace {
 
-constexpr std::uint32_t surrogate_stand_in = 0x10F800;
+constexpr std::uint32_t kSurrogateStandIn = 0x10F800;
 
 void AppendUtf8(std::string& bytes, std::uint32_t character) {
   if (character < 0x80) {
@@ -48,9 +48,9 @@ std::int32_t EscapeAt(const std::string& line, std::size_t at) {
 }
 
 void AppendEscape(std::string& line, std::uint32_t unit) {
-  constexpr char digits[] = "0123456789abcdef";
+  constexpr char kDigits[] = "0123456789abcdef";
   line += "\\u";
-  for (int shift = 12; shift >= 0; shift -= 4) line += digits[(unit >> shift) & 0xF];
+  for (int shift = 12; shift >= 0; shift -= 4) line += kDigits[(unit >> shift) & 0xF];
 }
 
 }  // namespace
@@ -63,7 +63,7 @@ Json ToJson(TextView text) {
     if (IsHigh(unit) && i + 1 < text.size() && IsLow(text[i + 1])) {
       AppendUtf8(bytes, 0x10000 + ((unit - 0xD800) << 10) + (text[++i] - 0xDC00U));
     } else if (IsHigh(unit) || IsLow(unit)) {
-      AppendUtf8(bytes, surrogate_stand_in + (unit - 0xD800));
+      AppendUtf8(bytes, kSurrogateStandIn + (unit - 0xD800));
     } else {
       AppendUtf8(bytes, unit);
     }
@@ -83,8 +83,8 @@ Text ToText(const Json& value) {
       character = (character << 6) | (static_cast<unsigned char>(bytes[i + k]) & 0x3FU);
     }
     i += length;
-    if (character >= surrogate_stand_in) {
-      text += static_cast<char16_t>(character - surrogate_stand_in + 0xD800);
+    if (character >= kSurrogateStandIn) {
+      text += static_cast<char16_t>(character - kSurrogateStandIn + 0xD800);
     } else if (character >= 0x10000) {
       text += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
       text += static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
@@ -114,7 +114,7 @@ Json ParseLine(const std::string& line) {
       safe.append(line, i, 12);
       i += 12;
     } else {
-      AppendUtf8(safe, surrogate_stand_in + static_cast<std::uint32_t>(unit - 0xD800));
+      AppendUtf8(safe, kSurrogateStandIn + static_cast<std::uint32_t>(unit - 0xD800));
       i += 6;
     }
   }

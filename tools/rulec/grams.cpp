@@ -9,11 +9,11 @@
 namespace quillary::rulec {
 namespace {
 
-constexpr std::size_t most_grams = 10;
-constexpr std::size_t smallest_block = 4;
+constexpr std::size_t kMostGrams = 10;
+constexpr std::size_t kSmallestBlock = 4;
 
 // A shared run that tells less than this ("\\par") is in every text.
-constexpr int telling = 10;
+constexpr int kTelling = 10;
 
 struct Gram {
   std::size_t offset = 0;
@@ -71,7 +71,7 @@ class Shared {
   }
   // Leaves only what tells something.
   void Forget() {
-    std::erase_if(grams_, [](const Gram& gram) { return gram.rarity < telling; });
+    std::erase_if(grams_, [](const Gram& gram) { return gram.rarity < kTelling; });
   }
   bool any() const { return !grams_.empty(); }
   std::uint32_t best() const { return grams_.front().hash; }
@@ -93,7 +93,7 @@ void Cut(const FlatStep& step, const std::vector<FlatRule>& rules, std::vector<F
     Shared shared(rules[at].find);
     std::size_t end = at + 1;
     while (shared.any() && end < last && shared.Narrow(rules[end].find)) ++end;
-    if (shared.any() && end - at >= smallest_block && shared.best() != 0) {
+    if (shared.any() && end - at >= kSmallestBlock && shared.best() != 0) {
       close();
       FlatStep block = step;
       block.first = at;
@@ -120,7 +120,7 @@ std::vector<std::uint32_t> TellingGrams(TextView find) {
       const bool apart = std::all_of(chosen.begin(), chosen.end(), [&](const Gram& other) {
         return std::max(gram.offset, other.offset) - std::min(gram.offset, other.offset) >= distance;
       });
-      if (apart && chosen.size() < most_grams) chosen.push_back(gram);
+      if (apart && chosen.size() < kMostGrams) chosen.push_back(gram);
     }
   }
   std::vector<std::uint32_t> hashes;

@@ -5,8 +5,8 @@
 namespace quillary::rulec {
 namespace {
 
-constexpr std::string_view opening = "⟨";
-constexpr std::string_view closing = "⟩";
+constexpr std::string_view kOpening = "⟨";
+constexpr std::string_view kClosing = "⟩";
 
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
@@ -15,7 +15,7 @@ bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 std::string Word::Written() const {
   switch (kind) {
     case Kind::Delimited:
-      return std::string(opening) + text + std::string(closing);
+      return std::string(kOpening) + text + std::string(kClosing);
     case Kind::Quoted:
       return '"' + text + '"';
     case Kind::Plain:
@@ -40,8 +40,8 @@ Line::Line(std::string_view source, std::size_t number) : number_(number) {
       ++at;
     } else if (source[at] == '#' && words_.empty()) {
       return;
-    } else if (source.substr(at).starts_with(opening)) {
-      words_.push_back({Word::Kind::Delimited, delimited(opening.size(), closing, "open literal")});
+    } else if (source.substr(at).starts_with(kOpening)) {
+      words_.push_back({Word::Kind::Delimited, delimited(kOpening.size(), kClosing, "open literal")});
     } else if (source[at] == '"') {
       words_.push_back({Word::Kind::Quoted, delimited(1, "\"", "open quotation")});
     } else if (source[at] == ',') {
@@ -50,7 +50,7 @@ Line::Line(std::string_view source, std::size_t number) : number_(number) {
     } else {
       std::size_t end = at;
       while (end < source.size() && !IsSpace(source[end]) && source[end] != ',' &&
-             !source.substr(end).starts_with(opening)) {
+             !source.substr(end).starts_with(kOpening)) {
         ++end;
       }
       words_.push_back({Word::Kind::Plain, std::string(source.substr(at, end - at))});

@@ -6,19 +6,19 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr TextView mail_fonts = u"<font FACE=\"Tms Rmn\" SIZE=\"3\" ></font><font FACE=\"Tms Rmn\" >";
-constexpr TextView calendar_title = u"<font size=\"1\">Calendar Entry:";
+constexpr TextView kMailFonts = u"<font FACE=\"Tms Rmn\" SIZE=\"3\" ></font><font FACE=\"Tms Rmn\" >";
+constexpr TextView kCalendarTitle = u"<font size=\"1\">Calendar Entry:";
 // The tables of the page are 690 wide, but for the one that this looks for.
-constexpr TextView memo_head =
+constexpr TextView kMemoHead =
     u"<BODY BGCOLOR=\"#FFFFFF\"><font FACE=\"Tms Rmn\" SIZE=\"3\" ><br>"
     u"<table BORDER=\"1\" CELLSPACING=\"0\" WIDTH=\"590\" bordercolorlight=\"#000000\" "
     u"bordercolordark=\"#000000\" bordercolor=\"#000000\"><tr>";
 
 }  // namespace
 
-bool IsMailForm(TextView page) { return Holds(page, mail_fonts, Compare::IgnoreCase); }
-bool IsCalendarForm(TextView page) { return Holds(page, calendar_title, Compare::IgnoreCase); }
-bool IsMemoForm(TextView page) { return Holds(page, memo_head, Compare::IgnoreCase); }
+bool IsMailForm(TextView page) { return Holds(page, kMailFonts, Compare::IgnoreCase); }
+bool IsCalendarForm(TextView page) { return Holds(page, kCalendarTitle, Compare::IgnoreCase); }
+bool IsMemoForm(TextView page) { return Holds(page, kMemoHead, Compare::IgnoreCase); }
 
 void LayOutForms(rules::Rewriting& page) {
   if (IsMailForm(page.text())) rules::Run(chains::MailFormLayout, page);

@@ -8,8 +8,8 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr TextView opening = u"<table";
-constexpr TextView closing = u"</table>";
+constexpr TextView kOpening = u"<table";
+constexpr TextView kClosing = u"</table>";
 
 /// The hash of a text, built from its last unit to its first.
 constexpr std::uint64_t Prepend(char16_t unit, std::uint64_t hash) {
@@ -29,13 +29,13 @@ bool StartsWith(TextView text, TextView start) {
 }  // namespace
 
 TableBlocks::TableBlocks(TextView page)
-    : opening_(opening, Compare::IgnoreCase), closing_(closing, Compare::IgnoreCase), size_(page.size()) {
+    : opening_(kOpening, Compare::IgnoreCase), closing_(kClosing, Compare::IgnoreCase), size_(page.size()) {
   std::size_t at = 0;
   while (true) {
     const std::size_t end = closing_.Next(page, at);
     if (end == Finder::npos) break;
-    pieces_.push_back({Text(page.substr(at, end + closing_length - at)), false, {}});
-    at = end + closing_length;
+    pieces_.push_back({Text(page.substr(at, end + kClosingLength - at)), false, {}});
+    at = end + kClosingLength;
   }
   pieces_.push_back({Text(page.substr(at)), false, {}});
 }
@@ -49,7 +49,7 @@ std::optional<TextView> TableBlocks::Find(std::size_t offset) {
     if (block_ != Finder::npos) {
       const std::size_t end = closing_.Next(text, block_);
       if (end == Finder::npos) return std::nullopt;
-      block_length_ = end + closing_length - block_;
+      block_length_ = end + kClosingLength - block_;
       return text.substr(block_, block_length_);
     }
     if (current_ + 1 == pieces_.size()) return std::nullopt;
@@ -98,13 +98,13 @@ void TableBlocks::Enter(std::size_t piece) {
   bool closed = false;
   std::uint64_t hash = 0;
   for (std::size_t at = text.size(); at > 0; --at) {
-    if (text[at - 1] == u'>' && at >= closing_length &&
-        StartsWith(text.substr(at - closing_length), closing)) {
+    if (text[at - 1] == u'>' && at >= kClosingLength &&
+        StartsWith(text.substr(at - kClosingLength), kClosing)) {
       closed = true;
       hash = 0;
     }
     hash = Prepend(text[at - 1], hash);
-    if (closed && text[at - 1] == u'<' && StartsWith(text.substr(at - 1), opening)) {
+    if (closed && text[at - 1] == u'<' && StartsWith(text.substr(at - 1), kOpening)) {
       pieces_by_hash_[hash].insert(piece);
       pieces_[piece].hashes.push_back(hash);
     }
@@ -138,8 +138,8 @@ std::optional<std::size_t> TableBlocks::PieceBefore(TextView block) {
 void TableBlocks::CloseCurrentPiece() {
   Text& text = pieces_[current_].text;
   for (std::size_t next = current_ + 1; next < pieces_.size(); ++next) {
-    const std::size_t tail = text.size() - std::min(text.size(), closing_length);
-    const bool closed = StartsWith(TextView(text).substr(tail), closing);
+    const std::size_t tail = text.size() - std::min(text.size(), kClosingLength);
+    const bool closed = StartsWith(TextView(text).substr(tail), kClosing);
     if (closed) return;
     Leave(next);
     text += pieces_[next].text;
@@ -149,8 +149,8 @@ void TableBlocks::CloseCurrentPiece() {
 }
 
 BlockWalk BalanceTableBlocks(rules::Rewriting& page, const BlockRoutine& balance) {
-  const std::int32_t tables = CountOccurrences(page.text(), opening, Compare::IgnoreCase);
-  if (tables == 0 || tables != CountOccurrences(page.text(), closing, Compare::IgnoreCase))
+  const std::int32_t tables = CountOccurrences(page.text(), kOpening, Compare::IgnoreCase);
+  if (tables == 0 || tables != CountOccurrences(page.text(), kClosing, Compare::IgnoreCase))
     return BlockWalk::Done;
   TableBlocks blocks(page.text());
   BlockWalk result = BlockWalk::Done;

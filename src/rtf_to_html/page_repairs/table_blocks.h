@@ -23,7 +23,7 @@ class TableBlocks {
   /// as it is now. It is good until the next change.
   std::optional<TextView> Find(std::size_t offset);
   /// The offset of the "</table>" of the block found last.
-  std::size_t ClosingOffset() const { return start_ + block_ + block_length_ - closing_length; }
+  std::size_t ClosingOffset() const { return start_ + block_ + block_length_ - kClosingLength; }
 
   /// Puts `text` in place of the first text of the page that equals the block
   /// found last (binary).
@@ -33,7 +33,7 @@ class TableBlocks {
   std::size_t size() const { return size_; }
 
  private:
-  static constexpr std::size_t closing_length = 8;
+  static constexpr std::size_t kClosingLength = 8;
   struct Piece {
     Text text;
     bool entered = false;

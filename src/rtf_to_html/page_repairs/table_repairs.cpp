@@ -7,7 +7,7 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr TextView table_head =
+constexpr TextView kTableHead =
     u"<table bordercolorlight=\"#000000\" border=\"1\" bordercolordark=\"#000000\" "
     u"bordercolor=\"#000000\" cellspacing=\"0\" cellpadding=\"0\">";
 
@@ -28,7 +28,7 @@ void OpenFirstCellWidth(rules::Rewriting& page) {
   if (start < 21) return;
   const TextView before_font = WidthBlock(page.text(), start, u"<font ");
   if (!before_font.empty()) {
-    page.Replace(Text(before_font) + u"<", u">" + Text(table_head) + u"<tr><td><", Compare::IgnoreCase);
+    page.Replace(Text(before_font) + u"<", u">" + Text(kTableHead) + u"<tr><td><", Compare::IgnoreCase);
   }
   // The position is still the old one, whatever the page holds there now.
   Text width(WidthBlock(page.text(), start, u"</font"));
@@ -42,7 +42,7 @@ void OpenFirstCellWidth(rules::Rewriting& page) {
 void SupplyTableHead(rules::Rewriting& page, TextView colour) {
   if (!page.Holds(u"</table>", Compare::IgnoreCase) || page.Holds(u"<table", Compare::IgnoreCase)) return;
   const Text body = BodyTagOf(colour);
-  page.Replace(body, body + Text(table_head), Compare::IgnoreCase, 1);
+  page.Replace(body, body + Text(kTableHead), Compare::IgnoreCase, 1);
 }
 
 void RunTableRepair(rules::Rewriting& text) {
@@ -58,12 +58,12 @@ void DropEmptyLastCells(rules::Rewriting& page) {
 }
 
 void DropFirstCellWidth(rules::Rewriting& page) {
-  constexpr TextView row_width = u"<tr><td>\\cellx";
-  const std::int32_t start = FindText(1, page.text(), row_width, Compare::IgnoreCase);
+  constexpr TextView kRowWidth = u"<tr><td>\\cellx";
+  const std::int32_t start = FindText(1, page.text(), kRowWidth, Compare::IgnoreCase);
   if (start <= 1) return;
-  const Text number = Mid(page.text(), start + Length(row_width), 4);
+  const Text number = Mid(page.text(), start + Length(kRowWidth), 4);
   if (!IsNumeric(number)) return;
-  page.Replace(Text(row_width) + number + u"<b>", u"<tr><td><b>", Compare::IgnoreCase);
+  page.Replace(Text(kRowWidth) + number + u"<b>", u"<tr><td><b>", Compare::IgnoreCase);
 }
 
 }  // namespace quillary::modQuillary

@@ -7,19 +7,19 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr TextView group_start = u"{\\*\\pn\\pnlvlblt\\pnf1\\";
-constexpr TextView group_end = u"{\\pntxtb\\'b7}}";
+constexpr TextView kGroupStart = u"{\\*\\pn\\pnlvlblt\\pnf1\\";
+constexpr TextView kGroupEnd = u"{\\pntxtb\\'b7}}";
 
 // So many units in front of a cut can be the beginning of a delimiter that the cut
 // completes. A group that is cut is always longer.
-constexpr std::size_t seam = std::max(group_start.size(), group_end.size()) - 1;
+constexpr std::size_t kSeam = std::max(kGroupStart.size(), kGroupEnd.size()) - 1;
 
 // Cuts while both delimiters are there and the start comes first. The text is
 // closed up as the scan goes: what lies in front of `written` is final, what
 // lies after `read` is still to be searched, and nothing lies between.
 bool CutGroups(Text& text) {
-  const Finder starts(group_start, Compare::Binary);
-  const Finder ends(group_end, Compare::Binary);
+  const Finder starts(kGroupStart, Compare::Binary);
+  const Finder ends(kGroupEnd, Compare::Binary);
   std::size_t written = 0;
   std::size_t read = 0;
   bool cut = false;
@@ -33,8 +33,8 @@ bool CutGroups(Text& text) {
     written += start - read;
     // The last final units go in front of the rest, where a delimiter that lies
     // across the cut is seen.
-    const std::size_t again = std::min(seam, written);
-    read = end + group_end.size() - again;
+    const std::size_t again = std::min(kSeam, written);
+    read = end + kGroupEnd.size() - again;
     std::copy(at(written - again), at(written), at(read));
     written -= again;
     cut = true;
@@ -46,7 +46,7 @@ bool CutGroups(Text& text) {
 }  // namespace
 
 void CutListGroups(rules::Rewriting& text) {
-  if (!text.Holds(group_start, Compare::Binary)) return;
+  if (!text.Holds(kGroupStart, Compare::Binary)) return;
   Text changed = text.text();
   if (CutGroups(changed)) text.Assign(std::move(changed));
 }

@@ -196,19 +196,19 @@ void ReplacePictures(Apartment& apartment, Text& text) {
 }
 
 Text ApplyCaps(Text text) {
-  constexpr TextView on = u"\\caps ";
-  constexpr TextView off = u"\\caps0 ";
-  const Finder find_on(on, Compare::Binary);
-  const Finder find_off(off, Compare::Binary);
+  constexpr TextView kOn = u"\\caps ";
+  constexpr TextView kOff = u"\\caps0 ";
+  const Finder find_on(kOn, Compare::Binary);
+  const Finder find_off(kOff, Compare::Binary);
   Text result;
   std::size_t from = 0;
   while (true) {
     const std::size_t start = find_on.Next(text, from);
     const std::size_t end = find_off.Next(text, from);
     if (start == npos || end == npos || start >= end || start + result.size() == from) break;
-    const Text capitals = ToUpper(TextView(text).substr(start + on.size(), end - start - on.size()));
+    const Text capitals = ToUpper(TextView(text).substr(start + kOn.size(), end - start - kOn.size()));
     result.append(text, from, start - from).append(capitals);
-    from = end + off.size();
+    from = end + kOff.size();
     // A backslash at the end of the capitals can make a word with what follows.
     if (capitals.ends_with(u'\\')) {
       result.pop_back();

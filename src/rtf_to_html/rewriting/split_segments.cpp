@@ -30,8 +30,8 @@ void RemoveLineBreakingGroup(Text& segment) {
   Text group = Mid(segment, start, end - start + 2);
   ReplaceIn(group, u"{\\*\\fchars ", u"{\\*\\xchars", Compare::Binary, 1);
   ReplaceIn(group, u"{\\*\\lchars ", u"{\\*\\zchars", Compare::Binary, 1);
-  constexpr TextView foreign[] = {u" ", u"\\v", u"\\p", u"\\u", u"\\c", u"\\l", u"\\b", u"\\f"};
-  if (std::ranges::any_of(foreign, [&](TextView word) { return Holds(group, word); })) return;
+  constexpr TextView kForeign[] = {u" ", u"\\v", u"\\p", u"\\u", u"\\c", u"\\l", u"\\b", u"\\f"};
+  if (std::ranges::any_of(kForeign, [&](TextView word) { return Holds(group, word); })) return;
   ReplaceIn(group, u"{\\*\\xchars", u"{\\*\\fchars ", Compare::Binary, 1);
   ReplaceIn(group, u"{\\*\\zchars", u"{\\*\\lchars ", Compare::Binary, 1);
   ReplaceIn(segment, group, u"", Compare::Binary, 1);
@@ -70,9 +70,9 @@ void SplitSegments(Apartment& apartment, TextView text, const std::function<void
     }
     carried_font = FontAtEnd(segment);
     // A font that is not stated must not take over a foreign charset.
-    constexpr TextView left_to_right = u"plain\\pard\\ltrpar\\ ";
-    if (state.ForeignCharsets && segment.size() > 25 && segment.starts_with(left_to_right)) {
-      segment.replace(0, left_to_right.size(), u"plain\\pard\\ltrpar\\f0\\ ");
+    constexpr TextView kLeftToRight = u"plain\\pard\\ltrpar\\ ";
+    if (state.ForeignCharsets && segment.size() > 25 && segment.starts_with(kLeftToRight)) {
+      segment.replace(0, kLeftToRight.size(), u"plain\\pard\\ltrpar\\f0\\ ");
     }
 
     hand_over(segment);

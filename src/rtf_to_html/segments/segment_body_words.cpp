@@ -7,14 +7,14 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr Compare ignore_case = Compare::IgnoreCase;
+constexpr Compare kIgnoreCase = Compare::IgnoreCase;
 
 // Where the language word at `word` ends: at the first backslash or space at
 // or after `from`, both 0-based.
 std::size_t EndOfLanguageWord(TextView text, std::size_t from) { return text.find_first_of(u"\\ ", from); }
 
 bool EndsIn(TextView text, TextView end) {
-  return text.size() >= end.size() && Equal(text.substr(text.size() - end.size()), end, ignore_case);
+  return text.size() >= end.size() && Equal(text.substr(text.size() - end.size()), end, kIgnoreCase);
 }
 
 }  // namespace
@@ -22,12 +22,11 @@ bool EndsIn(TextView text, TextView end) {
 /// As long as a paragraph mark has a language word after it, the first
 /// language word after a space goes, wherever it stands; the space stays.
 void RemoveLanguageWordsAfterSpaces(rules::Rewriting& text) {
-  constexpr TextView word_after_paragraph = u"\\par \\lang";
-  if (!text.Holds(word_after_paragraph, ignore_case)) return;
+  constexpr TextView kWordAfterParagraph = u"\\par \\lang";
+  if (!text.Holds(kWordAfterParagraph, kIgnoreCase)) return;
   const TextView body = text.text();
-  const Finder word(u" \\lang", ignore_case);
-  std::size_t last_paragraph =
-      static_cast<std::size_t>(LastPosition(body, word_after_paragraph, ignore_case));
+  const Finder word(u" \\lang", kIgnoreCase);
+  std::size_t last_paragraph = static_cast<std::size_t>(LastPosition(body, kWordAfterParagraph, kIgnoreCase));
   Text done;
   std::size_t at = 0;
   // What was deleted may bring a word up to a space that was passed already.
@@ -42,7 +41,7 @@ void RemoveLanguageWordsAfterSpaces(rules::Rewriting& text) {
     const std::size_t end = EndOfLanguageWord(body, at + 3);
     if (end == TextView::npos) break;
     at = end;
-    const bool word_follows = Equal(body.substr(at, 5), u"\\lang", ignore_case);
+    const bool word_follows = Equal(body.substr(at, 5), u"\\lang", kIgnoreCase);
     joined = word_follows && (last_paragraph > at || EndsIn(done, u"\\par "));
   }
   done.append(body, at, TextView::npos);
@@ -51,9 +50,9 @@ void RemoveLanguageWordsAfterSpaces(rules::Rewriting& text) {
 
 /// Every other language word goes, up to its number's end.
 void RemoveLanguageWords(rules::Rewriting& text) {
-  if (!text.Holds(u"\\lang", ignore_case)) return;
+  if (!text.Holds(u"\\lang", kIgnoreCase)) return;
   const TextView body = text.text();
-  const Finder word(u"\\lang", ignore_case);
+  const Finder word(u"\\lang", kIgnoreCase);
   Text done;
   std::size_t at = 0;
   for (;;) {
@@ -73,7 +72,7 @@ void MakeColourExplicit(rules::Rewriting&, RtfToHtmlState& state) { state.Colour
 
 void ReplaceBodyWords(RtfToHtmlState& state, rules::Rewriting& body, TextView head) {
   rules::Run(chains::SegmentWords, body, state);
-  const bool tab_stops = Holds(head, u"\\tx", ignore_case);
+  const bool tab_stops = Holds(head, u"\\tx", kIgnoreCase);
   rules::RunStage(chains::SegmentTabs,
                   tab_stops ? chains::SegmentTabs_stages::tab_stops : chains::SegmentTabs_stages::plain_tabs,
                   body);

@@ -10,9 +10,9 @@ namespace quillary::modQuillary {
 namespace {
 
 // A group that does not balance within so many units stays.
-constexpr std::size_t widening_limit = 3800;
+constexpr std::size_t kWideningLimit = 3800;
 // Braces are counted no further, so beyond this any two counts are equal.
-constexpr int count_limit = 181;
+constexpr int kCountLimit = 181;
 
 class GroupRemoval {
  public:
@@ -50,8 +50,8 @@ class GroupRemoval {
     auto opened = 1 + std::count(start.begin(), start.end(), u'{');
     decltype(opened) closed = 1;
     std::size_t end = first;
-    while (std::min<std::ptrdiff_t>(opened, count_limit) != std::min<std::ptrdiff_t>(closed, count_limit)) {
-      if (++end - first >= widening_limit || end >= body_.size()) return TextView::npos;
+    while (std::min<std::ptrdiff_t>(opened, kCountLimit) != std::min<std::ptrdiff_t>(closed, kCountLimit)) {
+      if (++end - first >= kWideningLimit || end >= body_.size()) return TextView::npos;
       if (body_[end] == u'{') ++opened;
       if (body_[end] == u'}') ++closed;
     }

@@ -12,31 +12,31 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr Compare ignore_case = Compare::IgnoreCase;
+constexpr Compare kIgnoreCase = Compare::IgnoreCase;
 
 // Short segments count only after the first long one: the counter stays 0
 // through the run of empty segments at the start of a document.
 void CountLongSegment(RtfToHtmlState& state, TextView segment) {
-  constexpr std::size_t long_units = 7;
-  if (segment.size() < long_units && state.LongSegments < 1) return;
+  constexpr std::size_t kLongUnits = 7;
+  if (segment.size() < kLongUnits && state.LongSegments < 1) return;
   if (state.LongSegments < std::numeric_limits<std::int16_t>::max()) ++state.LongSegments;
 }
 
 // A picture that is the whole of a right-aligned run ends in a sentinel of its own.
 void MarkRightAlignedPicture(Text& segment) {
-  constexpr std::int32_t reach = 25;
-  const std::int32_t aligned = FindText(1, segment, u"\\qr\\", ignore_case);
+  constexpr std::int32_t kReach = 25;
+  const std::int32_t aligned = FindText(1, segment, u"\\qr\\", kIgnoreCase);
   if (aligned == 0) return;
   const std::int32_t space = FindText(aligned, segment, u" ");
-  if (space == 0 || !Holds(MidView(segment, space, reach), sentinels::picture_start, ignore_case)) return;
-  ReplaceIn(segment, Text(sentinels::picture_end) + u" ", sentinels::picture_end_right_aligned, ignore_case,
+  if (space == 0 || !Holds(MidView(segment, space, kReach), sentinels::picture_start, kIgnoreCase)) return;
+  ReplaceIn(segment, Text(sentinels::picture_end) + u" ", sentinels::picture_end_right_aligned, kIgnoreCase,
             1);
 }
 
 // Takes out what lies from `opening` to the first `closing` after it, the
 // first unit of that included.
 void RemoveOnce(Text& segment, TextView opening, TextView closing) {
-  const std::int32_t from = FindText(1, segment, opening, ignore_case);
+  const std::int32_t from = FindText(1, segment, opening, kIgnoreCase);
   if (from == 0) return;
   const std::int32_t to = FindText(from, segment, closing);
   if (to > 0) segment.erase(static_cast<std::size_t>(from) - 1, static_cast<std::size_t>(to - from) + 1);
@@ -103,15 +103,15 @@ Cut HeadOfDocumentStart(Apartment& apartment, Segment& segment) {
 
 Cut SplitWithoutSpace(Apartment& apartment, Segment& segment) {
   Text& text = segment.segment;
-  if (FindText(1, text, u"plain\\pard\\", ignore_case) != 1) return HeadOfDocumentStart(apartment, segment);
+  if (FindText(1, text, u"plain\\pard\\", kIgnoreCase) != 1) return HeadOfDocumentStart(apartment, segment);
   if (text.find(u' ') != Text::npos) {  // out of the reach of splitAt
-    ReplaceIn(text, sentinels::bullet, u"<li>", ignore_case);
+    ReplaceIn(text, sentinels::bullet, u"<li>", kIgnoreCase);
     return Cut::AfterRepairs;
   }
   if (text.find(u"\\'") != Text::npos) {
     Attempt([&] { segment.head = DecodeHexEscapes(apartment, text, text); });
     if (segment.head != text) {
-      ReplaceIn(text, u"\\'", u" \\'", ignore_case);
+      ReplaceIn(text, u"\\'", u" \\'", kIgnoreCase);
       TakeSplit(segment, text);
       return Cut::AtOnce;
     }
@@ -127,10 +127,10 @@ Cut SplitWithoutSpace(Apartment& apartment, Segment& segment) {
 
 // Trailing text in the closing group of the document.
 bool EndsInClosingGroup(TextView segment) {
-  constexpr TextView paragraph = u"\\par }";
+  constexpr TextView kParagraph = u"\\par }";
   if (!segment.ends_with(u" }")) return false;
-  return segment.size() < paragraph.size() ||
-         !Equal(segment.substr(segment.size() - paragraph.size()), paragraph, ignore_case);
+  return segment.size() < kParagraph.size() ||
+         !Equal(segment.substr(segment.size() - kParagraph.size()), kParagraph, kIgnoreCase);
 }
 
 // The segment up to the split and with it, in which a pair of units that is
@@ -161,7 +161,7 @@ void CutAtSplit(Segment& segment) {
   segment.body.reserve(body.size() + body.size() / 8);  // it grows
   segment.body = body;
   // The line break of a padded head lies across the cut.
-  if (Equal(MidView(segment.body, 1, 3), u"br>", ignore_case)) segment.body.insert(0, 1, u'<');
+  if (Equal(MidView(segment.body, 1, 3), u"br>", kIgnoreCase)) segment.body.insert(0, 1, u'<');
 }
 
 // Text after a Unicode word of the head belongs into the body, and a colour
@@ -174,10 +174,10 @@ void MoveTextAfterUnicodeWord(Segment& segment) {
   if (end == Text::npos) return;
   segment.body.insert(0, TextView(head).substr(end + 1)).insert(head.size() - end - 1, 1, u' ');
   head.resize(end + 1);
-  if (Holds(head, u"?\\u", ignore_case)) return;
+  if (Holds(head, u"?\\u", kIgnoreCase)) return;
   for (int colour = 1; colour <= 6; ++colour) {
     const Text set = u"\\cf" + Decimal(colour);
-    if (ReplaceIn(head, set, u"", ignore_case)) segment.body.insert(0, set + u" ");
+    if (ReplaceIn(head, set, u"", kIgnoreCase)) segment.body.insert(0, set + u" ");
   }
 }
 
@@ -185,8 +185,8 @@ void MoveTextAfterUnicodeWord(Segment& segment) {
 // was seen, the index jumps and the rule is done with.
 void GiveFirstFont(RtfToHtmlState& state, Text& head) {
   while (state.SegmentIndex < 3 && head.size() > 1) {
-    if (Holds(head, u"\\f0", ignore_case) || Holds(head, u"\\f1", ignore_case) ||
-        Holds(head, u"\\f2", ignore_case)) {
+    if (Holds(head, u"\\f0", kIgnoreCase) || Holds(head, u"\\f1", kIgnoreCase) ||
+        Holds(head, u"\\f2", kIgnoreCase)) {
       state.SegmentIndex = 5;
     } else {
       head += u"\\f0";
@@ -196,15 +196,15 @@ void GiveFirstFont(RtfToHtmlState& state, Text& head) {
 
 // A run of control words at the end of the body, after a closing brace.
 void CutTail(Text& body) {
-  constexpr std::size_t look = 10;
-  constexpr std::size_t reach = 80;
-  const TextView end = TextView(body).substr(body.size() - std::min(body.size(), look));
+  constexpr std::size_t kLook = 10;
+  constexpr std::size_t kReach = 80;
+  const TextView end = TextView(body).substr(body.size() - std::min(body.size(), kLook));
   if (end.find(u'}') == TextView::npos || end.find(u'\\') == TextView::npos) return;
   for (const TextView escaped : {u"\\\\", u"\\}", u"\\{"}) {
     if (end.find(escaped) != TextView::npos) return;
   }
   const std::size_t space = body.rfind(u' ');
-  if (space != Text::npos && body.size() - space <= reach) body.resize(space + 1);
+  if (space != Text::npos && body.size() - space <= kReach) body.resize(space + 1);
 }
 
 // Everything between the split and the brace groups. Returns whether the

@@ -15,7 +15,7 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr TextView font_word = u"\\f";
+constexpr TextView kFontWord = u"\\f";
 
 /// What may stand after a font word, and how much of it goes with the word.
 struct Form {
@@ -24,15 +24,15 @@ struct Form {
 };
 
 // In the order in which they are replaced.
-constexpr Form forms_of_named[] = {{u"&nbsp;&nbsp;&#", 12}, {u"&nbsp;", 6}, {u" ", 1}, {u"", 0}};
-constexpr Form forms_of_nameless[] = {{u" ", 1}, {u"&nbsp;", 6}};
-constexpr Form forms_without_fonts[] = {{u"&nbsp;", 6}, {u"", 0}, {u" ", 0}};
+constexpr Form kFormsOfNamed[] = {{u"&nbsp;&nbsp;&#", 12}, {u"&nbsp;", 6}, {u" ", 1}, {u"", 0}};
+constexpr Form kFormsOfNameless[] = {{u" ", 1}, {u"&nbsp;", 6}};
+constexpr Form kFormsWithoutFonts[] = {{u"&nbsp;", 6}, {u"", 0}, {u" ", 0}};
 
 /// The font words of a body, and what becomes of them.
 class Faces {
  public:
   Faces(const RtfToHtmlState& state, TextView body, std::size_t limit)
-      : state_(state), limit_(limit), without_fonts_(WithoutFonts(state)), pieces_(body, font_word) {
+      : state_(state), limit_(limit), without_fonts_(WithoutFonts(state)), pieces_(body, kFontWord) {
     current_ = state.FontCount + 1;
     for (const Id word : pieces_.Words()) Offer(word);
     now_.swap(later_);
@@ -70,8 +70,8 @@ class Faces {
   using Id = WordPieces::Id;
 
   std::span<const Form> FormsOf(std::int32_t number) const {
-    if (Face(number).empty()) return forms_of_nameless;
-    return without_fonts_ ? std::span<const Form>(forms_without_fonts) : forms_of_named;
+    if (Face(number).empty()) return kFormsOfNameless;
+    return without_fonts_ ? std::span<const Form>(kFormsWithoutFonts) : kFormsOfNamed;
   }
 
   static bool StandsIn(TextView after, const Form& form) {
@@ -81,7 +81,7 @@ class Faces {
   // What stands after the word if it names the font.
   std::optional<TextView> After(Id word, const Text& number) {
     if (!pieces_.IsWord(word)) return std::nullopt;
-    const TextView digits = pieces_.Look(word, WordPieces::sight).substr(font_word.size());
+    const TextView digits = pieces_.Look(word, WordPieces::kSight).substr(kFontWord.size());
     if (!digits.starts_with(number)) return std::nullopt;
     return digits.substr(number.size());
   }
@@ -95,7 +95,7 @@ class Faces {
   // Notes the fonts that the word names in a form which is replaced: those that
   // are still to come in this run, those that come with the next one.
   void Offer(Id word) {
-    const TextView digits = pieces_.Look(word, WordPieces::sight).substr(font_word.size());
+    const TextView digits = pieces_.Look(word, WordPieces::kSight).substr(kFontWord.size());
     ForEachNumberAt(digits, state_.FontCount, [&](std::int32_t number, std::size_t length) {
       const std::span<const Form> forms = FormsOf(number);
       const TextView after = digits.substr(length);
@@ -121,7 +121,7 @@ class Faces {
       }
       if (found_.empty()) continue;
       changed = true;
-      const std::size_t units = font_word.size() + number.size() + form.taken;
+      const std::size_t units = kFontWord.size() + number.size() + form.taken;
       if (with.size() > units) {
         const std::size_t more = found_.size() * (with.size() - units);
         if (more > limit_ || pieces_.Size() > limit_ - more) throw LimitReached(LimitReached::Limit::Growth);
@@ -147,7 +147,7 @@ class Faces {
 // The fonts are tried downwards, so the lowest one that the word names stays
 // the current one.
 void NoteCurrentFont(RtfToHtmlState& state, const Faces& faces, TextView word) {
-  const std::vector<std::int32_t> numbers = NumbersAfter(word, font_word, state.FontCount);
+  const std::vector<std::int32_t> numbers = NumbersAfter(word, kFontWord, state.FontCount);
   if (numbers.empty()) return;
   state.CurrentFontNumber = numbers.front();
   state.CurrentFace = faces.Face(numbers.front());
@@ -165,16 +165,16 @@ bool HasNamedFont(const RtfToHtmlState& state, const Faces& faces) {
 // There are at most as many rounds as there were words at the start: a face
 // that itself holds a font word would go on for ever.
 void ReplaceFaces(RtfToHtmlState& state, Segment& segment, rules::Rewriting& body) {
-  constexpr std::size_t reach = 7;
-  constexpr std::size_t step = 5;
-  if (!body.Holds(font_word, Compare::IgnoreCase)) return;
+  constexpr std::size_t kReach = 7;
+  constexpr std::size_t kStep = 5;
+  if (!body.Holds(kFontWord, Compare::IgnoreCase)) return;
   Faces faces(state, body.text(), body.limit());
   const bool named = HasNamedFont(state, faces);
   bool goes_on = true;
   bool changed = false;
   std::size_t place = 0;
-  for (std::size_t rounds = faces.Words(); rounds > 0; --rounds, place += step) {
-    Text word(faces.WordFrom(place, reach));
+  for (std::size_t rounds = faces.Words(); rounds > 0; --rounds, place += kStep) {
+    Text word(faces.WordFrom(place, kReach));
     if (word.empty()) break;
     // A letter of another alphabet ends the word as a space does.
     if (word.size() > 3 && word[3] >= 128) word = word.substr(0, 3) + u" ";

@@ -9,8 +9,8 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr Compare ignore_case = Compare::IgnoreCase;
-constexpr TextView space_entity = u"&nbsp;";
+constexpr Compare kIgnoreCase = Compare::IgnoreCase;
+constexpr TextView kSpaceEntity = u"&nbsp;";
 
 // Hands the places of `word` in the body to `convert`, one after the other,
 // until it returns false. The body may change meanwhile, so there are at most
@@ -18,10 +18,10 @@ constexpr TextView space_entity = u"&nbsp;";
 // the word would go on for ever.
 template <class Convert>
 void ForEachPlace(rules::Rewriting& body, TextView word, Convert convert) {
-  constexpr std::int32_t reach = 7;
-  constexpr std::int32_t step = 5;
-  if (!body.Holds(word, ignore_case)) return;
-  const Finder finder(word, ignore_case);
+  constexpr std::int32_t kReach = 7;
+  constexpr std::int32_t kStep = 5;
+  if (!body.Holds(word, kIgnoreCase)) return;
+  const Finder finder(word, kIgnoreCase);
   std::size_t rounds = 0;
   for (std::size_t at = finder.Next(body.text(), 0); at != Finder::npos;
        at = finder.Next(body.text(), at + 1)) {
@@ -29,9 +29,9 @@ void ForEachPlace(rules::Rewriting& body, TextView word, Convert convert) {
   }
   std::int32_t place = 1;
   for (; rounds > 0; --rounds) {
-    place = FindText(place, body.text(), word, ignore_case);
-    if (place == 0 || !convert(MidView(body.text(), place, reach))) return;
-    place += step;
+    place = FindText(place, body.text(), word, kIgnoreCase);
+    if (place == 0 || !convert(MidView(body.text(), place, kReach))) return;
+    place += kStep;
   }
 }
 
@@ -53,7 +53,7 @@ class FontWords {
   }
 
   void ReplaceHighlights() {
-    if (!body_.Holds(u"\\highlight", ignore_case)) return;
+    if (!body_.Holds(u"\\highlight", kIgnoreCase)) return;
     Replace(u"\\highlight0", u"</span>");
     tag_.clear();
     for (const std::int32_t number : NumbersAfter(body_.text(), u"\\highlight", state_.ColourCount)) {
@@ -67,12 +67,12 @@ class FontWords {
 
  private:
   // Replaces one spelling in the whole body. Returns whether it was there.
-  bool Replace(TextView find, TextView with) { return body_.Replace(find, with, ignore_case); }
+  bool Replace(TextView find, TextView with) { return body_.Replace(find, with, kIgnoreCase); }
 
   // A word and its number become the tag, with the space after it or without.
   bool ReplaceForms(const Text& word) {
     bool changed = Replace(word + u"&nbsp;&nbsp;&#", tag_ + u"&#");
-    changed |= Replace(word + Text(space_entity), tag_);
+    changed |= Replace(word + Text(kSpaceEntity), tag_);
     changed |= Replace(word + u" ", tag_);
     changed |= Replace(word, tag_);
     return changed;
@@ -115,14 +115,14 @@ class FontWords {
 
   bool ReplaceSizeForms(const Text& word) {
     bool changed = Replace(word + u"&nbsp;&nbsp;&#", tag_ + u"&#");
-    changed |= Replace(word + Text(space_entity), tag_);
+    changed |= Replace(word + Text(kSpaceEntity), tag_);
     changed |= Replace(word + u" ", tag_);
     changed |= Replace(word + u"\\", tag_ + u"\\");
     return changed;
   }
 
   bool RemoveSizeForms(const Text& word) {
-    bool changed = Replace(word + Text(space_entity), u"");
+    bool changed = Replace(word + Text(kSpaceEntity), u"");
     changed |= Replace(word + u" ", u"");
     changed |= Replace(word, u"");
     return changed;

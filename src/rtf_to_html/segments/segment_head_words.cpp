@@ -12,7 +12,7 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr TextView space_entity = u"&nbsp;";
+constexpr TextView kSpaceEntity = u"&nbsp;";
 
 void Append(Text& text, TextView piece, std::int32_t times) {
   for (; times > 0; --times) text += piece;
@@ -24,11 +24,11 @@ struct Band {
   std::int32_t to;
   std::int32_t spaces;
 };
-constexpr std::int32_t no_end = std::numeric_limits<std::int32_t>::max();
-constexpr Band indent_bands[] = {{101, 249, 1},  {251, 399, 2},   {400, 899, 4},
-                                 {900, 1299, 6}, {1300, 1899, 8}, {1900, no_end, 10}};
+constexpr std::int32_t kNoEnd = std::numeric_limits<std::int32_t>::max();
+constexpr Band kIndentBands[] = {{101, 249, 1},  {251, 399, 2},   {400, 899, 4},
+                                 {900, 1299, 6}, {1300, 1899, 8}, {1900, kNoEnd, 10}};
 // The bands of a paragraph that ends in the body are coarser.
-constexpr Band next_paragraph_bands[] = {{1, 399, 2}, {400, 899, 4}, {900, 1299, 6}, {1300, no_end, 8}};
+constexpr Band kNextParagraphBands[] = {{1, 399, 2}, {400, 899, 4}, {900, 1299, 6}, {1300, kNoEnd, 8}};
 
 template <std::size_t count>
 std::int32_t SpacesFor(const Band (&bands)[count], std::int32_t twips) {
@@ -44,7 +44,7 @@ struct PlainWord {
   TextView opening;
   TextView closing;
 };
-constexpr PlainWord plain_words[] = {
+constexpr PlainWord kPlainWords[] = {
     {u"i", u"<i>", u"</i></i>"},
     {u"ul", u"<u>", u"</u></u>"},
     {u"ulnone", u"</u>", u""},
@@ -110,7 +110,7 @@ class HeadReader {
     TextView name;
     TextView value;
   };
-  static constexpr std::size_t none = static_cast<std::size_t>(-1);
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
   void ReadWord(TextView word) {
     if (word.empty() || ReadPlainWord(word) || ReadParagraphWord(word)) return;
@@ -147,7 +147,7 @@ class HeadReader {
 
   // Puts a value into the attribute at `item`, which is a new one at first.
   void SetAttribute(std::size_t& item, TextView name, TextView value) {
-    if (item == none) {
+    if (item == kNone) {
       item = attributes_.size();
       attributes_.push_back({name, {}});
     }
@@ -160,7 +160,7 @@ class HeadReader {
   }
 
   bool ReadPlainWord(TextView word) {
-    for (const PlainWord& plain : plain_words) {
+    for (const PlainWord& plain : kPlainWords) {
       if (plain.word == word) {
         Surround(plain.opening, plain.closing);
         return true;
@@ -210,8 +210,8 @@ class HeadReader {
       SetAttribute(face_, u"FACE=", *face);
       state_.CurrentFace = Trim(*face);
     }
-    constexpr std::int32_t last = std::numeric_limits<std::int16_t>::max();
-    if (number >= -last - 1 && number <= last) state_.CurrentFontNumber = number;
+    constexpr std::int32_t kLast = std::numeric_limits<std::int16_t>::max();
+    if (number >= -kLast - 1 && number <= kLast) state_.CurrentFontNumber = number;
   }
 
   void SetSize(std::int32_t points) {
@@ -222,7 +222,7 @@ class HeadReader {
   }
 
   void SetFirstIndent(std::int32_t twips) {
-    Append(segment_.opening, space_entity, SpacesFor(indent_bands, twips));
+    Append(segment_.opening, kSpaceEntity, SpacesFor(kIndentBands, twips));
     state_.IndentOpen = true;
   }
 
@@ -260,7 +260,7 @@ class HeadReader {
     auto twips = NumberAfter(word, u"li-");
     if (!twips) twips = NumberAfter(word, u"li");
     if (!twips) return;
-    Append(state_.PendingIndent, space_entity, SpacesFor(indent_bands, WholeNumber(*twips)));
+    Append(state_.PendingIndent, kSpaceEntity, SpacesFor(kIndentBands, WholeNumber(*twips)));
     if (indents_paragraph_) {
       segment_.opening += state_.PendingIndent;
       state_.PendingIndent.clear();
@@ -284,12 +284,12 @@ class HeadReader {
   void ReadTabStop(TextView word) {
     const auto number = NumberAfter(word, u"tx");
     if (!number) return;
-    constexpr std::int32_t widest = 30000;
-    constexpr std::int32_t space_twips = 150;
-    const std::int32_t twips = std::min(WholeNumber(*number), widest);
+    constexpr std::int32_t kWidest = 30000;
+    constexpr std::int32_t kSpaceTwips = 150;
+    const std::int32_t twips = std::min(WholeNumber(*number), kWidest);
     if (!body_.Holds(sentinels::tab_stop, Compare::Binary)) return;
     Text fill;
-    Append(fill, space_entity, twips >= 1500 ? RoundedQuotient(twips, space_twips) : 3);
+    Append(fill, kSpaceEntity, twips >= 1500 ? RoundedQuotient(twips, kSpaceTwips) : 3);
     body_.Replace(sentinels::tab_stop, fill, Compare::Binary);
   }
 
@@ -305,8 +305,8 @@ class HeadReader {
   Segment& segment_;
   rules::Rewriting& body_;
   std::vector<Attribute> attributes_;
-  std::size_t face_ = none;
-  std::size_t size_ = none;
+  std::size_t face_ = kNone;
+  std::size_t size_ = kNone;
   std::vector<TextView> references_;  // the numbers of Unicode words
   Fact holds_bullet_{segment_.head, u"\\'b7\\tab"};
   Fact holds_unicode_run_{segment_.head, u"?\\u"};
@@ -367,14 +367,14 @@ void AddRunningValues(RtfToHtmlState& state, Text& attributes) {
 // A paragraph that begins at the end of the body without any text: its
 // indentation is for the segment after.
 void TakeNextParagraph(RtfToHtmlState& state, rules::Rewriting& body) {
-  constexpr TextView paragraph = u"\\pard\\";
-  if (!body.Holds(paragraph, Compare::Binary)) return;
-  const std::size_t start = body.text().rfind(paragraph);
+  constexpr TextView kParagraph = u"\\pard\\";
+  if (!body.Holds(kParagraph, Compare::Binary)) return;
+  const std::size_t start = body.text().rfind(kParagraph);
   const TextView words = TextView(body.text()).substr(start);
   if (words.find(u' ') != TextView::npos) return;
   ForEachWord(words, [&](TextView word) {
     if (const auto twips = NumberAfter(word, u"li")) {
-      Append(state.PendingIndent, space_entity, SpacesFor(next_paragraph_bands, WholeNumber(*twips)));
+      Append(state.PendingIndent, kSpaceEntity, SpacesFor(kNextParagraphBands, WholeNumber(*twips)));
     }
   });
   body.Assign(body.text().substr(0, start));

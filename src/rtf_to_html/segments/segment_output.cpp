@@ -72,7 +72,7 @@ void FinishBody(const RtfToHtmlState& state, Text& body, TextView opening) {
 // A single list item opens at the start of its paragraph, but not right after
 // the body tag of the document. Returns whether it is to be put in front.
 bool MoveListItem(const RtfToHtmlState& state, Text& body) {
-  constexpr std::size_t body_tag_reach = 24;
+  constexpr std::size_t kBodyTagReach = 24;
   const std::size_t item = body.find(u"<li>");
   if (item == Text::npos || item == 0 || body.find(u"<li>", item + 1) != Text::npos) return false;
   for (const TextView in_place :
@@ -82,14 +82,14 @@ bool MoveListItem(const RtfToHtmlState& state, Text& body) {
   }
   body.erase(item, 4);
   const TextView page = state.HtmlOut.text();
-  const TextView end = page.substr(page.size() - std::min(page.size(), body_tag_reach));
+  const TextView end = page.substr(page.size() - std::min(page.size(), kBodyTagReach));
   return end.find(u"<BODY BGCOLOR=") == TextView::npos;
 }
 
 // Where the body is by far the longest piece, the rest is put around it.
 void AppendRun(Text& page, const Text& front, Text& body, const Text& end) {
-  constexpr std::size_t long_units = 65536;
-  if (body.size() < long_units || body.size() / 4 < page.size() + front.size()) {
+  constexpr std::size_t kLongUnits = 65536;
+  if (body.size() < kLongUnits || body.size() / 4 < page.size() + front.size()) {
     page.append(front).append(body).append(end);
     return;
   }
@@ -125,21 +125,21 @@ std::size_t LastOnPage(TextView page, TextView name, WrittenAttribute& known) {
 // head or of the body. What was never written stays as it is.
 void TakeRunningValues(RtfToHtmlState& state) {
   const TextView page = state.HtmlOut.text();
-  constexpr TextView colour = u" COLOR=";
-  constexpr TextView size = u" SIZE=";
-  constexpr TextView face = u" FACE=";
-  const std::size_t colour_at = LastOnPage(page, colour, state.WrittenColour);
+  constexpr TextView kColour = u" COLOR=";
+  constexpr TextView kSize = u" SIZE=";
+  constexpr TextView kFace = u" FACE=";
+  const std::size_t colour_at = LastOnPage(page, kColour, state.WrittenColour);
   if (colour_at != TextView::npos) {
-    state.CurrentColour = Trim(MidView(page, static_cast<std::int32_t>(colour_at + colour.size()) + 2, 7));
+    state.CurrentColour = Trim(MidView(page, static_cast<std::int32_t>(colour_at + kColour.size()) + 2, 7));
   }
-  const std::size_t size_at = LastOnPage(page, size, state.WrittenSize);
+  const std::size_t size_at = LastOnPage(page, kSize, state.WrittenSize);
   if (size_at != TextView::npos) {
     state.CurrentSize =
-        ReplaceAll(MidView(page, static_cast<std::int32_t>(size_at + size.size()) + 2, 2), u"\"", u"");
+        ReplaceAll(MidView(page, static_cast<std::int32_t>(size_at + kSize.size()) + 2, 2), u"\"", u"");
   }
-  const std::size_t face_at = LastOnPage(page, face, state.WrittenFace);
+  const std::size_t face_at = LastOnPage(page, kFace, state.WrittenFace);
   if (face_at != TextView::npos) {
-    const std::size_t from = face_at + face.size() + 1;
+    const std::size_t from = face_at + kFace.size() + 1;
     const std::size_t to = page.find(u'"', from);
     if (to != TextView::npos) state.CurrentFace = page.substr(from, to - from);
   }

@@ -6,14 +6,14 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr Compare ignore_case = Compare::IgnoreCase;
+constexpr Compare kIgnoreCase = Compare::IgnoreCase;
 
 // A word of alignment in the body counts only if it is the only one of its
 // kind. Returns whether it was.
 bool ReplaceOnlyWord(rules::Rewriting& body, TextView word, TextView tag) {
   if (!body.Holds(word, Compare::Binary)) return false;
-  const bool alone = CountOccurrences(body.text(), word, ignore_case) < 2;
-  body.Replace(word, alone ? tag : TextView(), ignore_case);
+  const bool alone = CountOccurrences(body.text(), word, kIgnoreCase) < 2;
+  body.Replace(word, alone ? tag : TextView(), kIgnoreCase);
   return alone;
 }
 

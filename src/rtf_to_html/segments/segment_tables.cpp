@@ -12,14 +12,14 @@
 namespace quillary::modQuillary {
 namespace {
 
-constexpr Compare ignore_case = Compare::IgnoreCase;
-constexpr TextView width_word = u"\\cellx";
+constexpr Compare kIgnoreCase = Compare::IgnoreCase;
+constexpr TextView kWidthWord = u"\\cellx";
 
 // What is left of a width word, and whatever stands around it, as a number.
 Text WidthIn(TextView word) {
   Text width(word);
-  ReplaceIn(width, width_word, u"");
-  ReplaceIn(width, width_word.substr(1), u"");
+  ReplaceIn(width, kWidthWord, u"");
+  ReplaceIn(width, kWidthWord.substr(1), u"");
   ReplaceIn(width, u"\\", u"");
   ReplaceIn(width, u" ", u"");
   return width;
@@ -31,9 +31,9 @@ Text WidthIn(TextView word) {
 class CellWidths {
  public:
   explicit CellWidths(TextView text) : text_(text) {
-    const Finder word(width_word, ignore_case);
+    const Finder word(kWidthWord, kIgnoreCase);
     for (std::size_t at = word.Next(text, 0); at != Finder::npos; at = word.Next(text, at + 1)) {
-      const TextView after = text.substr(at + width_word.size());
+      const TextView after = text.substr(at + kWidthWord.size());
       words_.push_back({at, after.substr(0, after.find_first_not_of(u"0123456789.+-")), 0});
       by_width_.push_back(by_width_.size());
     }
@@ -46,13 +46,13 @@ class CellWidths {
     for (std::size_t word = 0; word < words_.size(); ++word) {
       const std::size_t at = words_[word].at;
       // A word in upper case is replaced only along with one that is not.
-      if (words_[word].taken > 0 || text_.substr(at, width_word.size()) != width_word) continue;
+      if (words_[word].taken > 0 || text_.substr(at, kWidthWord.size()) != kWidthWord) continue;
       const Text width = WidthOf(word);
       if (!IsNumeric(width)) break;
       if (!words_[word].width.starts_with(width)) {
         // A space inside the number: the word would be met for ever.
-        return ReplaceAll(WithSentinels(0, 0, text_.size()), Text(width_word) + width,
-                          sentinels::cell_width_mark, ignore_case);
+        return ReplaceAll(WithSentinels(0, 0, text_.size()), Text(kWidthWord) + width,
+                          sentinels::cell_width_mark, kIgnoreCase);
       }
       TakeAll(width);
     }
@@ -68,10 +68,10 @@ class CellWidths {
 
   // The width ends at the next word, or at the next space if that is too far.
   Text WidthOf(std::size_t word) const {
-    constexpr std::size_t longest = 15;
+    constexpr std::size_t kLongest = 15;
     const std::size_t at = words_[word].at;
     std::size_t end = text_.find(u'\\', at + 2);
-    if (end != TextView::npos && end - at <= longest) return WidthIn(text_.substr(at, end - at));
+    if (end != TextView::npos && end - at <= kLongest) return WidthIn(text_.substr(at, end - at));
     if (end != TextView::npos) end = text_.find(u' ', at + 2);
     return WidthIn(WithSentinels(word, at, std::min(end, text_.size())));
   }
@@ -83,7 +83,7 @@ class CellWidths {
         [this](std::size_t word, const Text& sought) { return words_[word].width < TextView(sought); });
     for (; next != by_width_.end() && words_[*next].width.starts_with(width); ++next) {
       Word& word = words_[*next];
-      if (word.taken == 0) word.taken = width_word.size() + width.size();
+      if (word.taken == 0) word.taken = kWidthWord.size() + width.size();
     }
   }
 
@@ -108,9 +108,9 @@ class CellWidths {
 Text MarkCellWidths(TextView text) { return CellWidths(text).Mark(); }
 
 void ReplaceTableWords(rules::Rewriting& body) {
-  constexpr std::int32_t cells_of_small_rows = 3;
-  if (body.Holds(width_word, ignore_case) &&
-      CountOccurrences(body.text(), width_word, ignore_case) > cells_of_small_rows) {
+  constexpr std::int32_t kCellsOfSmallRows = 3;
+  if (body.Holds(kWidthWord, kIgnoreCase) &&
+      CountOccurrences(body.text(), kWidthWord, kIgnoreCase) > kCellsOfSmallRows) {
     body.Assign(MarkCellWidths(body.text()));
     Text four_sentinels;
     for (int i = 0; i < 4; ++i) four_sentinels += sentinels::cell_width_mark;

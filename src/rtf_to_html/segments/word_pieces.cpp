@@ -31,7 +31,7 @@ std::vector<WordPieces::Id> WordPieces::Words() const {
 }
 
 TextView WordPieces::Look(Id word, std::size_t units) {
-  units = std::min(units, sight);
+  units = std::min(units, kSight);
   if (pieces_[word].size >= units) return {pieces_[word].units, units};
   std::size_t seen = 0;
   for (Id piece = word; piece != 0 && seen < units; piece = pieces_[piece].next) {
@@ -132,7 +132,7 @@ void WordPieces::Replace(Id word, std::size_t units, TextView with, const std::f
   if (!with.empty()) JoinSeam(pieces_[before].next);
   JoinSeam(after);
   std::size_t seen = 0;
-  for (Id piece = pieces_[after].prev; piece != 0 && seen < with.size() + sight;) {
+  for (Id piece = pieces_[after].prev; piece != 0 && seen < with.size() + kSight;) {
     seen += pieces_[piece].size;
     const Id prev = pieces_[piece].prev;
     if (pieces_[piece].word) touched(piece);

@@ -17,7 +17,7 @@ class WordPieces {
   using Id = std::uint32_t;
 
   /// Nobody looks further after the beginning of a word.
-  static constexpr std::size_t sight = 32;
+  static constexpr std::size_t kSight = 32;
 
   /// A word begins with `start`, case ignored: two units, the first of which is
   /// not the second. The texts must outlive this.
@@ -65,7 +65,7 @@ class WordPieces {
   char16_t first_;
   char16_t second_;  // folded
   std::size_t size_ = 0;
-  char16_t seen_[sight] = {};
+  char16_t seen_[kSight] = {};
   // Where the last search for a word ended, and the offset of that piece.
   Id here_ = 0;
   std::size_t here_at_ = 0;

@@ -244,12 +244,12 @@ TEST(Conversions, PlainTextComesOutOfTheControl) {
 }
 
 TEST(Conversions, WhatTheCleanerMakesIsTheResult) {
-  constexpr TextView highlight = u"&nbsp;</font><span style=\"background-color: #ffff00\">";
-  constexpr TextView mended = u"&nbsp;<span style=\"background-color: #ffff00\">";
+  constexpr TextView kHighlight = u"&nbsp;</font><span style=\"background-color: #ffff00\">";
+  constexpr TextView kMended = u"&nbsp;<span style=\"background-color: #ffff00\">";
   Apartment apartment;
   apartment.services = ControlOnly();
   const Text type = u"<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 3.2//EN\">\r\n";
-  const Text page = type + u"<body a><b>" + Text(highlight) + u"</body></html>";
+  const Text page = type + u"<body a><b>" + Text(kHighlight) + u"</body></html>";
   apartment.services.html_cleaner = [&] { return std::make_unique<FakeCleaner>(page); };
   const auto convert = [&](const auto& conversion, TextView clean, TextView xhtml) {
     Properties properties = NewProperties();
@@ -257,15 +257,15 @@ TEST(Conversions, WhatTheCleanerMakesIsTheResult) {
     properties.XHTMLOutput = xhtml;
     return std::pair(conversion(apartment, properties), properties.HTML_Text);
   };
-  EXPECT_TRUE(Holds(convert(component::ConvertRTF, u"Yes", u"no").first, highlight));
+  EXPECT_TRUE(Holds(convert(component::ConvertRTF, u"Yes", u"no").first, kHighlight));
   EXPECT_TRUE(convert(component::ConvertRTF, u"no", u"YES").first.starts_with(u"xhtml"));
-  EXPECT_TRUE(Holds(convert(component::ConvertRawHtml, u"yes", u"yes").first, mended));
+  EXPECT_TRUE(Holds(convert(component::ConvertRawHtml, u"yes", u"yes").first, kMended));
   EXPECT_FALSE(Holds(convert(component::ConvertRTF, u"yes", u"yes").second, u"xhtml"));
   EXPECT_TRUE(convert(component::ConvertRTF, u" yes", u"1").first.starts_with(u"<html>"));
   EXPECT_EQ(convert(component::ConvertNoBody, u"yes", u"no"),
-            std::pair(u"<b>" + Text(highlight), u"<b>" + Text(highlight)));
+            std::pair(u"<b>" + Text(kHighlight), u"<b>" + Text(kHighlight)));
   EXPECT_EQ(convert(component::ConvertNoBody, u"no", u"yes"),
-            std::pair(u"<b>" + Text(mended), u"<b>" + Text(highlight)));
+            std::pair(u"<b>" + Text(kMended), u"<b>" + Text(kHighlight)));
   // The end tags are cut by their length where they do not stand together.
   apartment.services.html_cleaner = [] { return std::make_unique<FakeCleaner>(u"<body>not so short"); };
   EXPECT_EQ(convert(component::ConvertNoBody, u"yes", u"no").first, u"cle\r\n");
@@ -306,8 +306,8 @@ TEST(Conversions, TheHeaderIsCutOutAndTheDocumentStays) {
 }
 
 TEST(BadInput, GivesAPageAndNeverACrash) {
-  constexpr TextView sentinels[] = {u"¢iûJjK9±Í", u"K9iûJ±¢jÍ ™", u"¤þÞÚ§", u"iåçë|æ¢¦l6¢i±ÍÉ|Ü",
-                                    u"Viåçëæ¢djkiÍÉV"};
+  constexpr TextView kSentinels[] = {u"¢iûJjK9±Í", u"K9iûJ±¢jÍ ™", u"¤þÞÚ§", u"iåçë|æ¢¦l6¢i±ÍÉ|Ü",
+                                     u"Viåçëæ¢djkiÍÉV"};
   std::vector<Text> inputs = {u"",
                               u"no rtf at all",
                               u"{",
@@ -318,7 +318,7 @@ TEST(BadInput, GivesAPageAndNeverACrash) {
                               Text(50000, u'{'),
                               Text(1, char16_t{0xD800})};
   Text all;
-  for (const TextView sentinel : sentinels) {
+  for (const TextView sentinel : kSentinels) {
     inputs.emplace_back(sentinel);
     all += sentinel;
   }

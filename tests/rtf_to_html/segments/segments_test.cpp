@@ -16,7 +16,7 @@ void RemoveLanguageWords(rules::Rewriting& text);
 
 namespace {
 
-constexpr Compare ignore_case = Compare::IgnoreCase;
+constexpr Compare kIgnoreCase = Compare::IgnoreCase;
 
 // Texts of up to `longest` pieces.
 std::vector<Text> RandomTexts(const std::vector<TextView>& pieces, int count, int longest) {
@@ -92,17 +92,17 @@ TEST(BraceGroups, AreCountedAndWidenedOnlySoFar) {
 }
 
 TEST(BraceGroups, TakeNoLongerForBeingNested) {
-  constexpr std::size_t depth = 60000;
+  constexpr std::size_t kDepth = 60000;
   RtfToHtmlState state;
-  Text body = Text(depth, u'{') + u"\\b x" + Text(depth, u'}');
+  Text body = Text(kDepth, u'{') + u"\\b x" + Text(kDepth, u'}');
   RemoveBraceGroups(state, body);
-  EXPECT_EQ(4 + depth * TextView(u"</b></i></u>").size(), body.size());
+  EXPECT_EQ(4 + kDepth * TextView(u"</b></i></u>").size(), body.size());
 }
 
 Text LanguagesByTheLetter(Text body, bool after_spaces) {
   const TextView condition = after_spaces ? u"\\par \\lang" : u"\\lang";
-  while (Holds(body, condition, ignore_case)) {
-    const std::int32_t word = FindText(1, body, after_spaces ? u" \\lang" : u"\\lang", ignore_case);
+  while (Holds(body, condition, kIgnoreCase)) {
+    const std::int32_t word = FindText(1, body, after_spaces ? u" \\lang" : u"\\lang", kIgnoreCase);
     const std::int32_t from = word + (after_spaces ? 4 : 3);
     const std::int32_t backslash = FindText(from, body, u"\\");
     const std::int32_t space = FindText(from, body, u" ");
@@ -139,10 +139,10 @@ Text WordsDroppedByTheLetter(Text body) {
     const std::int32_t tag = FindText(start, body, u"<");
     if (tag > 0 && tag < end) end = tag - 1;
     Text word = Mid(body, start, end - start + 1);
-    const std::int32_t unicode = FindText(1, word, u"\\u", ignore_case);
+    const std::int32_t unicode = FindText(1, word, u"\\u", kIgnoreCase);
     const Text number = unicode == 0 ? Text() : Mid(word, unicode + 2, 1);
     if (number == u"-" || IsNumeric(number)) {
-      word = ReplaceAll(ReplaceAll(word, u"?\\u", u";&#", ignore_case), u"\\u", u"&#", ignore_case);
+      word = ReplaceAll(ReplaceAll(word, u"?\\u", u";&#", kIgnoreCase), u"\\u", u"&#", kIgnoreCase);
       word = ReplaceAll(word, u"?", u";");
       if (Holds(word, u"\\")) word.clear();
     } else {
@@ -175,7 +175,7 @@ Text WidthsByTheLetter(Text text) {
     Text width = end == 0 ? Mid(text, at) : Mid(text, at, end - at);
     for (const TextView part : {u"\\cellx", u"cellx", u"\\", u" "}) width = ReplaceAll(width, part, u"");
     if (!IsNumeric(width)) return text;
-    const Text replaced = ReplaceAll(text, u"\\cellx" + width, u"\\ÎôÎôÎô", ignore_case);
+    const Text replaced = ReplaceAll(text, u"\\cellx" + width, u"\\ÎôÎôÎô", kIgnoreCase);
     if (FindText(1, replaced, u"\\cellx") == at) return replaced;
     text = replaced;
   }
@@ -191,9 +191,9 @@ TEST(CellWidths, AreReplacedAsByTheLetter) {
 
 // Font words, round by round, each font in every round.
 Text FontsByTheLetter(const RtfToHtmlState& state, Text body, std::int32_t& current) {
-  std::int32_t rounds = CountOccurrences(body, u"\\f", ignore_case);
+  std::int32_t rounds = CountOccurrences(body, u"\\f", kIgnoreCase);
   std::int32_t at = 1;
-  for (; rounds > 0 && (at = FindText(at, body, u"\\f", ignore_case)) > 0; --rounds, at += 5) {
+  for (; rounds > 0 && (at = FindText(at, body, u"\\f", kIgnoreCase)) > 0; --rounds, at += 5) {
     Text word = Mid(body, at, 7);
     const Text fourth = Mid(word, 4, 1);
     if (!fourth.empty() && !IsNumeric(fourth) && fourth[0] >= 128) word = Left(word, 3) + u" ";
@@ -208,19 +208,19 @@ Text FontsByTheLetter(const RtfToHtmlState& state, Text body, std::int32_t& curr
       const Text tag = u"<font FACE=\"" + state.FontFaces[n] + u"\">";
       if (state.FontFaces[n].empty()) {
         body =
-            ReplaceAll(ReplaceAll(body, find + u" ", u"", ignore_case), find + u"&nbsp;", u"", ignore_case);
+            ReplaceAll(ReplaceAll(body, find + u" ", u"", kIgnoreCase), find + u"&nbsp;", u"", kIgnoreCase);
       } else if (WithoutFonts(state)) {
         for (const TextView after : {u"&nbsp;", u""}) {
-          body = ReplaceAll(body, find + Text(after), u"", ignore_case);
+          body = ReplaceAll(body, find + Text(after), u"", kIgnoreCase);
         }
-        body = ReplaceAll(body, find + u" ", u" ", ignore_case);
+        body = ReplaceAll(body, find + u" ", u" ", kIgnoreCase);
       } else {
-        body = ReplaceAll(body, find + u"&nbsp;&nbsp;&#", tag + u"&#", ignore_case);
+        body = ReplaceAll(body, find + u"&nbsp;&nbsp;&#", tag + u"&#", kIgnoreCase);
         for (const TextView after : {u"&nbsp;", u" ", u""}) {
-          body = ReplaceAll(body, find + Text(after), tag, ignore_case);
+          body = ReplaceAll(body, find + Text(after), tag, kIgnoreCase);
         }
       }
-      if (Holds(word, find, ignore_case)) current = n;
+      if (Holds(word, find, kIgnoreCase)) current = n;
     }
   }
   return body;
