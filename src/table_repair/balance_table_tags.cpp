@@ -129,9 +129,9 @@ class Balancing {
 
   void PutIntoLastCell(TextView stretch) {
     Text& output = output_.Whole();
-    for (std::size_t place = output.size(); place-- > 0;) {
-      if (StandsAt(output, place, u"</TD>")) {
-        output.insert(place, stretch);
+    for (std::size_t offset = output.size(); offset-- > 0;) {
+      if (StandsAt(output, offset, u"</TD>")) {
+        output.insert(offset, stretch);
         return;
       }
     }

@@ -11,7 +11,7 @@
 namespace quillary::RepairHTMLTable {
 namespace {
 
-// A blank counts as text here, a line end does not.
+// A space counts as text here, a line end does not.
 class TextOutsideTags {
  public:
   bool Takes(char16_t unit) {
@@ -110,18 +110,18 @@ class RowFormat {
   Text CellByCell() const {
     std::vector<TextView> now = cells_;
     std::vector<Text> formatted(cells_.size());
-    std::unordered_map<TextView, std::vector<std::size_t>> places;
-    for (std::size_t i = 0; i < cells_.size(); ++i) places[cells_[i]].push_back(i);
+    std::unordered_map<TextView, std::vector<std::size_t>> cells_by_text;
+    for (std::size_t i = 0; i < cells_.size(); ++i) cells_by_text[cells_[i]].push_back(i);
     std::size_t units = row_.text.size();
     for (std::size_t i = 0; i < cells_.size(); ++i) {
       formatted[i] = Formatted(i);
-      const auto found = places.find(cells_[i]);
-      if (found != places.end() && formatted[i] != cells_[i]) {
+      const auto found = cells_by_text.find(cells_[i]);
+      if (found != cells_by_text.end() && formatted[i] != cells_[i]) {
         const std::vector<std::size_t> changed = std::move(found->second);
-        places.erase(found);
-        for (const std::size_t place : changed) now[place] = formatted[i];
+        cells_by_text.erase(found);
+        for (const std::size_t cell : changed) now[cell] = formatted[i];
         units = units + changed.size() * formatted[i].size() - changed.size() * cells_[i].size();
-        std::vector<std::size_t>& same = places[formatted[i]];
+        std::vector<std::size_t>& same = cells_by_text[formatted[i]];
         same.insert(same.end(), changed.begin(), changed.end());
       }
       CheckLimit(units);

@@ -9,8 +9,8 @@
 namespace quillary::RepairHTMLTable {
 namespace {
 
-TextView Stretch(TextView html, std::int32_t from, std::int32_t behind) {
-  return MidView(html, from, behind - from);
+TextView Stretch(TextView html, std::int32_t from, std::int32_t end) {
+  return MidView(html, from, end - from);
 }
 
 // What a closing tag without an opening one ends.

@@ -11,7 +11,7 @@ namespace quillary::RepairHTMLTable {
 namespace {
 
 struct RowExtent {
-  std::int32_t LastCellPos = 0;  // behind the "<TD" of the last cell; without a cell, inside the row's tag
+  std::int32_t LastCellPos = 0;  // after the "<TD" of the last cell; without a cell, inside the row's tag
   Integer16 CellCount;
 };
 

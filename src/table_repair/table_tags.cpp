@@ -26,7 +26,7 @@ TextView CellName(TextView text, std::size_t offset) {
   return TableName(text, offset);
 }
 
-// A "<" that stands right behind one that opens no known tag, or one further
+// A "<" that stands right after one that opens no known tag, or one further
 // on, is passed over.
 template <TextView NameAt(TextView, std::size_t)>
 TableTag NextTag(TextView text, std::int32_t start) {
@@ -44,13 +44,13 @@ TableTag NextTag(TextView text, std::int32_t start) {
   return {};
 }
 
-// Asks all markers at each place from the end on, so that the cost is what
-// stands behind the last of them.
-std::size_t LastMarker(TextView text, TextView markers) {
+// Tries all of them at each offset from the end on, so that the cost is what
+// stands after the last one.
+std::size_t LastTagStart(TextView text, TextView tag_starts) {
   std::vector<TextView> finds;
-  for (std::size_t start = 0; start <= markers.size();) {
-    const std::size_t end = std::min(markers.find(u';', start), markers.size());
-    if (end > start) finds.push_back(markers.substr(start, end - start));
+  for (std::size_t start = 0; start <= tag_starts.size();) {
+    const std::size_t end = std::min(tag_starts.find(u';', start), tag_starts.size());
+    if (end > start) finds.push_back(tag_starts.substr(start, end - start));
     start = end + 1;
   }
   for (std::size_t offset = text.size(); offset-- > 0;) {
@@ -78,17 +78,17 @@ TableTag NextTableTag(TextView text, std::int32_t start) { return NextTag<TableN
 
 TableTag NextCellTag(TextView text, std::int32_t start) { return NextTag<CellName>(text, start); }
 
-std::size_t PlaceAfterLastTag(TextView text, TextView markers) {
-  const std::size_t marker = LastMarker(text, markers);
-  if (marker == TextView::npos) return TextView::npos;
-  const std::size_t close = text.find(u'>', marker + 3);
+std::size_t OffsetAfterLastTag(TextView text, TextView tag_starts) {
+  const std::size_t tag_start = LastTagStart(text, tag_starts);
+  if (tag_start == TextView::npos) return TextView::npos;
+  const std::size_t close = text.find(u'>', tag_start + 3);
   return close == TextView::npos ? 0 : close + 1;
 }
 
-Text InsertAfterLastTag(TextView text, TextView markers, TextView insert) {
+Text InsertAfterLastTag(TextView text, TextView tag_starts, TextView insert) {
   Text result(text);
-  const std::size_t place = PlaceAfterLastTag(text, markers);
-  if (place != TextView::npos) result.insert(place, insert);
+  const std::size_t offset = OffsetAfterLastTag(text, tag_starts);
+  if (offset != TextView::npos) result.insert(offset, insert);
   return result;
 }
 
