@@ -29,19 +29,26 @@ TextView CellName(TextView text, std::size_t offset) {
 // A "<" that stands right after one that opens no known tag, or one further
 // on, is passed over.
 template <TextView NameAt(TextView, std::size_t)>
-TableTag NextTag(TextView text, std::int32_t start) {
-  if (start < 1) throw Failure(Failure::Kind::Argument);
-  std::size_t open = text.find(u'<', static_cast<std::size_t>(start) - 1);
+Tag FindTag(TextView text, std::size_t from) {
+  std::size_t open = text.find(u'<', from);
   while (open != TextView::npos) {
     const TextView name = NameAt(text, open + 1);
     if (!name.empty()) {
       const std::size_t close = text.find(u'>', open + 1);
       if (close == TextView::npos) return {};
-      return {name, static_cast<std::int32_t>(open + 1), static_cast<std::int32_t>(close + 1)};
+      return {name, open, close + 1};
     }
     open = text.find(u'<', open + 3);
   }
   return {};
+}
+
+template <Tag Find(TextView, std::size_t)>
+TableTag FindByPosition(TextView text, std::int32_t start) {
+  if (start < 1) throw Failure(Failure::Kind::Argument);
+  const Tag tag = Find(text, static_cast<std::size_t>(start) - 1);
+  if (!tag.found()) return {};
+  return {tag.name, static_cast<std::int32_t>(tag.begin) + 1, static_cast<std::int32_t>(tag.end)};
 }
 
 // Tries all of them at each offset from the end on, so that the cost is what
@@ -74,9 +81,13 @@ bool StandsAt(TextView text, std::size_t offset, TextView name) {
   return true;
 }
 
-TableTag NextTableTag(TextView text, std::int32_t start) { return NextTag<TableName>(text, start); }
+Tag FindTableTag(TextView text, std::size_t from) { return FindTag<TableName>(text, from); }
 
-TableTag NextCellTag(TextView text, std::int32_t start) { return NextTag<CellName>(text, start); }
+Tag FindCellTag(TextView text, std::size_t from) { return FindTag<CellName>(text, from); }
+
+TableTag NextTableTag(TextView text, std::int32_t start) { return FindByPosition<FindTableTag>(text, start); }
+
+TableTag NextCellTag(TextView text, std::int32_t start) { return FindByPosition<FindCellTag>(text, start); }
 
 std::size_t OffsetAfterLastTag(TextView text, TextView tag_starts) {
   const std::size_t tag_start = LastTagStart(text, tag_starts);

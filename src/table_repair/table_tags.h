@@ -2,22 +2,36 @@
 // only; "<TH" is none of them.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+
 #include "text/text.h"
 
 namespace quillary::RepairHTMLTable {
 
-struct TableTag {
-  TextView Name;              // "TR", "TD", "/TR", "/TD", "TABLE", "/TABLE"; empty: no tag
-  std::int32_t StartPos = 0;  // of the "<"; 0: no tag
-  std::int32_t EndPos = 0;    // of the first ">" after the "<"; 0: no tag
-  bool found() const { return StartPos != 0; }
+struct Tag {
+  TextView name;          // "TR", "TD", "/TR", "/TD", "TABLE", "/TABLE"; empty: no tag
+  std::size_t begin = 0;  // offset of the "<"
+  std::size_t end = 0;    // offset after the first ">" after the "<"
+  bool found() const { return !name.empty(); }
 };
 
-/// The next "TABLE" or "/TABLE" at or after `start`. A tag that is never
-/// closed with ">" counts as no tag. Throws Failure (argument) for a start below 1.
-TableTag NextTableTag(TextView text, std::int32_t start);
+/// The next "TABLE" or "/TABLE" at or after the offset `from`. A tag that is
+/// never closed with ">" counts as no tag.
+Tag FindTableTag(TextView text, std::size_t from);
 
 /// The same for all six tags.
+Tag FindCellTag(TextView text, std::size_t from);
+
+/// The same as operations with 1-based positions; both are 0 for no tag.
+struct TableTag {
+  TextView Name;
+  std::int32_t StartPos = 0;  // of the "<"
+  std::int32_t EndPos = 0;    // of the ">"
+};
+
+/// Throw Failure (argument) for a start below 1.
+TableTag NextTableTag(TextView text, std::int32_t start);
 TableTag NextCellTag(TextView text, std::int32_t start);
 
 /// Inserts `insert` after the ">" that follows the last of the `tag_starts`,

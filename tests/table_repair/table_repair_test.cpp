@@ -200,12 +200,12 @@ Text ReferenceCopyFirstCellFormat(const Text& table) {
       }
       Text text(row.text);
       for (std::size_t i = 0; i + 1 < row.cells.size(); i += 2) {
-        const TableTag& open = row.cells[i];
-        const TableTag& close = row.cells[i + 1];
-        const Text cell = Mid(table, open.StartPos, close.EndPos - open.StartPos + 1);
-        const Text with = Mid(table, open.StartPos, open.EndPos - open.StartPos + 1) + format +
+        const Tag& open = row.cells[i];
+        const Tag& close = row.cells[i + 1];
+        const Text cell = table.substr(open.begin, close.end - open.begin);
+        const Text with = table.substr(open.begin, open.end - open.begin) + format +
                           Visible(row.Between(open, close), false) +
-                          Mid(table, close.StartPos, close.EndPos - close.StartPos + 1);
+                          table.substr(close.begin, close.end - close.begin);
         ReplaceIn(text, cell, with);
       }
       output += text;
