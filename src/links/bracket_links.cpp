@@ -34,7 +34,7 @@ void Scan(RtfToHtmlState& state, Text& text) {
       state.FoundLinks.Set(count, link);
       const Text anchor = AnchorOf(link, stretches.prefix());
       if (!link.empty()) {
-        // The bracket behind the link goes with it; where there is none, it is
+        // The bracket after the link goes with it; where there is none, it is
         // the four units that stand there.
         const auto prefix_units = static_cast<std::int32_t>(stretches.prefix().size());
         page.Replace(stretches.start() - prefix_units,

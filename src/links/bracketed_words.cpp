@@ -24,27 +24,27 @@ std::uint64_t ContentOf(TextView word) {
 
 BracketedWords::BracketedWords(PageEditor& page) {
   const TextView text = page.From(1);
-  for (std::size_t blank = text.find(u' '); blank != TextView::npos;) {
-    const std::size_t next = text.find(u' ', blank + 1);
+  for (std::size_t space = text.find(u' '); space != TextView::npos;) {
+    const std::size_t next = text.find(u' ', space + 1);
     if (next == TextView::npos) break;
-    const TextView word = text.substr(blank + 1, next - blank - 1);
+    const TextView word = text.substr(space + 1, next - space - 1);
     if (IsBracketed(word)) {
       by_content_[ContentOf(word)].push_back(words_.size());
-      words_.push_back(static_cast<std::int32_t>(text.size() - (blank + 1)));
+      words_.push_back(static_cast<std::int32_t>(text.size() - (space + 1)));
     }
-    blank = next;
+    space = next;
   }
 }
 
 std::int32_t BracketedWords::PositionOf(const PageEditor& page, std::size_t index) const {
-  return index < settled_ ? words_[index] : page.Size() - words_[index] + 1;
+  return index < frozen_ ? words_[index] : page.Size() - words_[index] + 1;
 }
 
-void BracketedWords::Settle(const PageEditor& page, std::int32_t before) {
-  while (settled_ < words_.size()) {
-    const std::int32_t position = PositionOf(page, settled_);
+void BracketedWords::FreezeBefore(const PageEditor& page, std::int32_t before) {
+  while (frozen_ < words_.size()) {
+    const std::int32_t position = PositionOf(page, frozen_);
     if (position >= before) break;
-    words_[settled_++] = position;
+    words_[frozen_++] = position;
   }
 }
 

@@ -24,12 +24,12 @@ bool LinkStretches::Next(bool with_prefix, std::int32_t longest) {
   const auto prefix = rest.empty() ? std::nullopt : prefixes_.Next(rest, 0, rest.size() - 1);
   if (!prefix) return false;
   prefix_ = prefix->literal;
-  const std::size_t behind_prefix = prefix->offset + prefix_.size();
-  const std::size_t start = with_prefix ? prefix->offset : behind_prefix;
+  const std::size_t after_prefix = prefix->offset + prefix_.size();
+  const std::size_t start = with_prefix ? prefix->offset : after_prefix;
   const std::size_t latest = start + static_cast<std::size_t>(longest);
   const LeftmostLiteral& delimiters =
       prefix_.find(u'\\') == TextView::npos ? delimiters_ : delimiters_of_paths_;
-  const auto delimiter = delimiters.Next(rest, behind_prefix, latest);
+  const auto delimiter = delimiters.Next(rest, after_prefix, latest);
   start_ = cursor + static_cast<std::int32_t>(start);
   end_ = cursor + static_cast<std::int32_t>(delimiter ? delimiter->offset : latest);
   cursor_ = end_;

@@ -14,8 +14,8 @@ class LinkStretches {
   /// argument for an empty page. The lists and the page must outlive it.
   LinkStretches(const RtfToHtmlState& state, PageEditor& page);
 
-  /// Goes on to the leftmost prefix at or behind the cursor. The stretch begins
-  /// with the prefix or behind it and ends with the next delimiter, at the
+  /// Goes on to the leftmost prefix at or after the cursor. The stretch begins
+  /// with the prefix or after it and ends with the next delimiter, at the
   /// latest `longest` units further on; the cursor then stands at this end. A
   /// full stop in front of the end is not part of the stretch. False when there
   /// is no prefix any more.

@@ -51,8 +51,8 @@ bool PageEditor::StandsAt(std::int32_t start, TextView text, Compare mode) const
 TextView PageEditor::From(std::int32_t start) {
   const auto offset = static_cast<std::size_t>(start) - 1;
   if (offset < gap_begin_) MoveGap(offset);
-  const std::size_t behind_gap = gap_end_ + (offset - gap_begin_);
-  return behind_gap < buffer_.size() ? TextView(buffer_).substr(behind_gap) : TextView();
+  const std::size_t after_gap = gap_end_ + (offset - gap_begin_);
+  return after_gap < buffer_.size() ? TextView(buffer_).substr(after_gap) : TextView();
 }
 
 void PageEditor::Replace(std::int32_t start, std::int32_t count, TextView with) {
@@ -74,7 +74,7 @@ void PageEditor::MoveGap(std::size_t offset) {
     gap_begin_ = gap_end_ = std::min(offset, buffer_.size());
     return;
   }
-  const auto at = [this](std::size_t place) { return buffer_.begin() + static_cast<std::ptrdiff_t>(place); };
+  const auto at = [this](std::size_t index) { return buffer_.begin() + static_cast<std::ptrdiff_t>(index); };
   if (offset < gap_begin_) {
     const std::size_t units = gap_begin_ - offset;
     std::copy_backward(at(offset), at(gap_begin_), at(gap_end_));

@@ -1,6 +1,5 @@
-// A page that is edited from left to right. What stands behind the place of
-// the last change is moved only when a change is made further on, so that a
-// thousand changes cost no more than one copy of the page.
+// A page that is edited from left to right. What stands after the last change is moved only when a change is
+// made further on, so that a thousand changes cost no more than one copy of the page.
 #pragma once
 
 #include <utility>
@@ -36,13 +35,13 @@ class PageEditor {
   void MoveGap(std::size_t offset);
   void Widen(std::size_t units);
 
-  Text buffer_;  // the units before the gap, the gap, the units behind it
+  Text buffer_;  // the units before the gap, the gap, the units after it
   std::size_t gap_begin_ = 0;
   std::size_t gap_end_ = 0;
 };
 
-/// A page that is edited in its own place: as it then is, it is back at the
-/// end, come what may.
+/// Edits a page in place: as the editor then holds it, it is back at the end,
+/// come what may.
 class InPlaceEditor {
  public:
   explicit InPlaceEditor(Text& page) : page_(page), editor_(std::move(page)) {}

@@ -30,7 +30,7 @@ Text AnchorOf(TextView link, TextView prefix) {
 }
 
 // Whether a text with an at sign in it is a link nevertheless: an address with
-// a user name and a colon behind the scheme. Every other one is a mail address
+// a user name and a colon after the scheme. Every other one is a mail address
 // or nothing.
 bool IsLink(TextView candidate) {
   const std::size_t at = candidate.find(u'@');
@@ -49,19 +49,19 @@ class LinkScan {
  public:
   LinkScan(RtfToHtmlState& state, PageEditor& page) : state_(state), page_(page), stretches_(state, page) {
     const std::int32_t last = state.LinkDelimiters.upper() - kDelimitersOfAddressesOnly;
-    bool blank_ends_links = false;
-    for (std::int32_t i = 1; i <= last; ++i) blank_ends_links |= state.LinkDelimiters[i] == u" ";
-    bool blank_in_prefix = false;
+    bool space_ends_links = false;
+    for (std::int32_t i = 1; i <= last; ++i) space_ends_links |= state.LinkDelimiters[i] == u" ";
+    bool space_in_prefix = false;
     for (std::int32_t i = 1; i <= state.LinkPrefixes.upper(); ++i) {
-      blank_in_prefix |= Contains(state.LinkPrefixes[i], u" ");
+      space_in_prefix |= Contains(state.LinkPrefixes[i], u" ");
     }
-    links_have_no_blanks_ = blank_ends_links && !blank_in_prefix;
+    links_have_no_spaces_ = space_ends_links && !space_in_prefix;
   }
 
   void Run() {
     while (stretches_.Next(true, kLongestLink)) {
       if (stretches_.UpToEnd().size() > kLongestStretchWithoutLink) {
-        Treat();
+        LinkCandidate();
         if (++count_ > kFoundLimit) break;
       }
       if (stretches_.start() > page_.Size() - 4) break;
@@ -70,26 +70,26 @@ class LinkScan {
   }
 
  private:
-  void Treat();
-  bool PutLabelled(Text& anchor);
+  void LinkCandidate();
+  bool ReplaceLabelled(Text& anchor);
   bool TargetFollows();
-  std::int32_t NextBlank(std::int32_t from);
-  std::int32_t FirstPlace(TextView text, std::size_t word_at);
-  void Put(std::int32_t start, std::size_t count, TextView with);
+  std::int32_t NextSpace(std::int32_t from);
+  std::int32_t FirstOccurrence(TextView text, std::size_t word_at);
+  void Replace(std::int32_t start, std::size_t count, TextView with);
 
   RtfToHtmlState& state_;
   PageEditor& page_;
   LinkStretches stretches_;
   std::int32_t count_ = 1;
   Text label_;
-  // Where no link holds a blank, no anchor makes a bracketed word.
-  bool links_have_no_blanks_ = false;
+  // Where no link holds a space, no anchor makes a bracketed word.
+  bool links_have_no_spaces_ = false;
   std::optional<BracketedWords> words_;
-  // The last blank looked up, as a distance from the end of the page.
-  std::optional<std::int32_t> blank_;
+  // The last space looked up, as a distance from the end of the page.
+  std::optional<std::int32_t> next_space_;
 };
 
-void LinkScan::Treat() {
+void LinkScan::LinkCandidate() {
   const std::int32_t start = stretches_.start();
   Text link = stretches_.ThroughEnd();
   const bool closed = link.ends_with(u"&gt;");
@@ -106,12 +106,12 @@ void LinkScan::Treat() {
     ReplaceIn(anchor, u"@", sentinels::at_sign);
     if (closed && page_.StandsAt(start - 4, u"&lt;", Compare::Binary)) {
       if (IsPicture(link)) {
-        Put(start - 4, link.size() + 8, Text(u"<img border=\"0\" src=\"").append(link).append(u"\">"));
+        Replace(start - 4, link.size() + 8, Text(u"<img border=\"0\" src=\"").append(link).append(u"\">"));
       } else {
-        Put(start, link.size(), anchor);
+        Replace(start, link.size(), anchor);
       }
-    } else if (!PutLabelled(anchor)) {
-      Put(start, link.size(), anchor);
+    } else if (!ReplaceLabelled(anchor)) {
+      Replace(start, link.size(), anchor);
     }
   }
   stretches_.MoveCursor(static_cast<std::int64_t>(anchor.size()) - static_cast<std::int64_t>(link.size()));
@@ -119,54 +119,54 @@ void LinkScan::Treat() {
 
 // A text that is followed by its target in brackets becomes the label of one
 // anchor, where such text stands first in the page. False if no target follows.
-bool LinkScan::PutLabelled(Text& anchor) {
+bool LinkScan::ReplaceLabelled(Text& anchor) {
   if (!TargetFollows()) return false;
   const std::int32_t start = stretches_.start();
   const std::int32_t target_at = stretches_.end() + 5;
-  const TextView behind = page_.From(target_at);
-  const Text target(behind.substr(0, behind.find(u"&gt;")));
-  // Up to two units in front of the bracket, which is where the blank begins.
+  const TextView rest = page_.From(target_at);
+  const Text target(rest.substr(0, rest.find(u"&gt;")));
+  // Up to two units in front of the bracket, which is where the space begins.
   Attempt([&] { label_ = page_.Mid(start, FindText(1, page_.From(start), u"&lt;") - 2); });
   anchor = Anchor(target, label_);
   const Text found = Text(label_).append(u" &lt;").append(target).append(u"&gt; ");
-  const std::int32_t place = FirstPlace(found, label_.size() + 1);
-  if (place > 0) {
-    Put(place, found.size(), anchor);
-    if (place != start) {
+  const std::int32_t position = FirstOccurrence(found, label_.size() + 1);
+  if (position > 0) {
+    Replace(position, found.size(), anchor);
+    if (position != start) {
       // A change elsewhere: what was counted from here is not where it was.
       words_.reset();
-      blank_.reset();
+      next_space_.reset();
     }
   }
   return true;
 }
 
-// Whether a bracket opens behind the unit at the end of the stretch, and
-// another closes right in front of the next blank.
+// Whether a bracket opens after the unit at the end of the stretch, and
+// another closes right in front of the next space.
 bool LinkScan::TargetFollows() {
   const std::int32_t opening = stretches_.end() + 1;
   if (!page_.StandsAt(opening, u"&lt;", Compare::Binary)) return false;
-  const std::int32_t blank = NextBlank(opening + 1);
-  return blank > 0 && page_.StandsAt(blank - 4, u"&gt;", Compare::Binary);
+  const std::int32_t space = NextSpace(opening + 1);
+  return space > 0 && page_.StandsAt(space - 4, u"&gt;", Compare::Binary);
 }
 
-std::int32_t LinkScan::NextBlank(std::int32_t from) {
+std::int32_t LinkScan::NextSpace(std::int32_t from) {
   const std::int32_t size = page_.Size();
-  if (!blank_ || size - *blank_ < from) {
+  if (!next_space_ || size - *next_space_ < from) {
     const std::size_t offset = page_.From(from).find(u' ');
-    blank_ = offset == TextView::npos ? -1 : size - from - static_cast<std::int32_t>(offset);
+    next_space_ = offset == TextView::npos ? -1 : size - from - static_cast<std::int32_t>(offset);
   }
-  return *blank_ < 0 ? 0 : size - *blank_;
+  return *next_space_ < 0 ? 0 : size - *next_space_;
 }
 
-std::int32_t LinkScan::FirstPlace(TextView text, std::size_t word_at) {
-  if (!links_have_no_blanks_) return FindText(1, page_.From(1), text, Compare::IgnoreCase);
+std::int32_t LinkScan::FirstOccurrence(TextView text, std::size_t word_at) {
+  if (!links_have_no_spaces_) return FindText(1, page_.From(1), text, Compare::IgnoreCase);
   if (!words_) words_.emplace(page_);
   return words_->First(page_, text, word_at);
 }
 
-void LinkScan::Put(std::int32_t start, std::size_t count, TextView with) {
-  if (words_) words_->Settle(page_, start);
+void LinkScan::Replace(std::int32_t start, std::size_t count, TextView with) {
+  if (words_) words_->FreezeBefore(page_, start);
   page_.Replace(start, static_cast<std::int32_t>(count), with);
 }
 
