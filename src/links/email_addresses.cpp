@@ -134,79 +134,76 @@ class EmailScan {
       : state_(state), page_(page), delimiters_(state.LinkDelimiters, state.LinkDelimiters.upper()) {}
 
   // From the first at sign on. Returns the number of the entry after the last.
-  std::int32_t Run(std::int32_t at) {
-    while (at > 0) {
+  std::int32_t Run(std::size_t at) {
+    while (true) {
       FindWord(at);
       if (word_.size() > 3 && LinkAddress() && ++count_ > kFoundLimit) break;
-      at = NextAtSign(right_);
-      if (at > page_.Size() - 4) break;
+      const std::size_t next = Finder(u"@", Compare::Binary).Next(page_.From(right_), 0);
+      if (next == Finder::npos) break;
+      at = right_ + next;
+      if (at + 4 >= page_.Size()) break;
     }
     return count_;
   }
 
-  std::int32_t NextAtSign(std::int32_t from) {
-    const std::size_t offset = Finder(u"@", Compare::Binary).Next(page_.From(from), 0);
-    return offset == Finder::npos ? 0 : from + static_cast<std::int32_t>(offset);
-  }
-
  private:
-  void FindWord(std::int32_t at);
+  void FindWord(std::size_t at);
   bool LinkAddress();
 
   RtfToHtmlState& state_;
   PageEditor& page_;
   LeftmostLiteral delimiters_;
   std::int32_t count_ = 1;
-  std::int32_t left_ = 0;
-  std::int32_t right_ = 0;
+  std::size_t left_ = 0;   // offset at which the word begins
+  std::size_t right_ = 0;  // and of what ends it
   Text word_;
   Text previous_;
 };
 
-void EmailScan::FindWord(std::int32_t at) {
+void EmailScan::FindWord(std::size_t at) {
   const TextView rest = page_.From(at);
   const auto delimiter = delimiters_.Next(rest, 1, rest.size() - 1);
-  right_ = delimiter ? at + static_cast<std::int32_t>(delimiter->offset) : page_.Size();
-  left_ = at - 1;
-  while (left_ > 0 && !delimiters_.HasUnit(page_.At(left_))) --left_;
-  if (left_ > 0) --left_;
-  if (page_.StandsAt(right_ - 1, u".", Compare::Binary)) --right_;
-  // The word begins after the delimiter, or with the page's second unit.
-  Attempt([&] { word_ = page_.Mid(left_ + 2, right_ - left_ - 2); });
+  right_ = delimiter ? at + delimiter->offset : page_.Size() - 1;
+  // After the delimiter, or with the page's second unit.
+  left_ = at;
+  while (left_ > 0 && !delimiters_.HasUnit(page_.At(left_ - 1))) --left_;
+  if (left_ == 0) left_ = 1;
+  if (page_.StandsBefore(right_, u".", Compare::Binary)) --right_;
+  // Where there is no room for a word, the last one stays.
+  if (right_ >= left_) word_ = page_.Copy(left_, right_ - left_);
 }
 
 bool EmailScan::LinkAddress() {
   const Piece found = FindAddress(word_);
   if (found.begin == found.end) return false;
   const Text address = word_.substr(found.begin, found.end - found.begin);
-  const auto units = static_cast<std::int32_t>(address.size());
+  const std::size_t units = address.size();
   state_.FoundEmails.Set(count_, address);
   const Text anchor =
       Text(u"<a href=\"mailto:").append(address).append(u"\">").append(address).append(u"</a>");
-  const std::int32_t own = left_ + 2 + static_cast<std::int32_t>(found.begin);
-  const auto opening_units = static_cast<std::int32_t>(kMailtoBracket.size());
-  if (address == previous_ && page_.StandsAt(own - opening_units, kMailtoBracket, Compare::Binary) &&
+  const std::size_t own = left_ + found.begin;
+  if (address == previous_ && page_.StandsBefore(own, kMailtoBracket, Compare::Binary) &&
       page_.StandsAt(own + units, kClosingBracket, Compare::Binary)) {
     // The same address again in brackets goes, with the space in front of it.
-    const std::int32_t begin = own - opening_units - 1;
-    const auto closing_units = static_cast<std::int32_t>(kClosingBracket.size());
-    if (begin > 0) page_.Replace(begin, 1 + opening_units + units + closing_units, {});
+    const std::size_t bracket = own - kMailtoBracket.size();
+    const std::size_t end = own + units + kClosingBracket.size();
+    if (bracket > 0) page_.Replace(bracket - 1, end - (bracket - 1), {});
     previous_.clear();
   } else {
     // The anchor takes the place of the word's beginning, also where the
     // address does not stand there.
-    page_.Replace(left_ + 2, units, anchor);
+    page_.Replace(left_, units, anchor);
     previous_ = address;
   }
-  right_ += static_cast<std::int32_t>(anchor.size()) - units;
+  right_ += anchor.size() - units;
   return true;
 }
 
 void Scan(RtfToHtmlState& state, Text& text) {
   state.FoundEmails.Size(kFoundCapacity);
-  const std::int32_t at = FindText(1, text, u"@");
+  const std::size_t at = text.find(u'@');
   std::int32_t next_entry = 1;
-  if (at > 0) {
+  if (at != Text::npos) {
     InPlaceEditor page(text);
     next_entry = EmailScan(state, page.editor()).Run(at);
   }

@@ -10,23 +10,26 @@ namespace quillary::links {
 
 class PageEditor {
  public:
+  /// Throws LimitReached for a page that is too long to be addressed.
   explicit PageEditor(Text text);
 
-  std::int32_t Size() const;
-  /// The unit at a 1-based position that lies inside the page.
-  char16_t At(std::int32_t position) const;
+  std::size_t Size() const { return buffer_.size() - (gap_end_ - gap_begin_); }
+  /// The unit at an offset that lies inside the page.
+  char16_t At(std::size_t offset) const;
 
-  /// As Mid and FindText of the vocabulary on the page.
-  Text Mid(std::int32_t start, std::int32_t count) const;
-  bool StandsAt(std::int32_t start, TextView text, Compare mode) const;
+  /// A copy of `count` units, of fewer at the end of the page.
+  Text Copy(std::size_t offset, std::size_t count) const;
+  bool StandsAt(std::size_t offset, TextView text, Compare mode) const;
+  /// Whether `text` ends at the offset.
+  bool StandsBefore(std::size_t offset, TextView text, Compare mode) const;
 
-  /// The page from a position, which is at least 1, to its end. The view dies
-  /// with the next change or the next call.
-  TextView From(std::int32_t start);
+  /// The page from an offset to its end. The view dies with the next change or
+  /// the next call.
+  TextView From(std::size_t offset);
 
-  /// Replaces `count` units from `start`. Throws LimitReached if the page
+  /// Replaces `count` units from the offset on. Throws LimitReached if the page
   /// becomes too long.
-  void Replace(std::int32_t start, std::int32_t count, TextView with);
+  void Replace(std::size_t offset, std::size_t count, TextView with);
 
   /// The page, which leaves the object empty.
   Text Take();
