@@ -1,6 +1,8 @@
-// Formats that run on across the cells of a table. A cell of a page opens and
-// closes its own tags; in the source a bold run or a font goes on until
-// something ends it.
+// The module modTable: formats that run on across the cells of a table. A cell
+// of a page opens and closes its own tags; in the source a bold run or a font
+// goes on until something ends it. The rows and cells themselves stay as they
+// are: table_repair makes them regular, and rtf_to_html/page_repairs mends the
+// forms that only this program's pages have.
 #pragma once
 
 #include <cstdint>

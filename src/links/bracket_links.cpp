@@ -7,7 +7,7 @@
 namespace quillary::links {
 namespace {
 
-constexpr std::int32_t kLongestLink = 100;
+constexpr std::size_t kLongestLink = 100;
 constexpr std::size_t kLongestStretchWithoutLink = 3;
 
 Text AnchorOf(TextView link, TextView prefix) {
@@ -34,16 +34,15 @@ void Scan(RtfToHtmlState& state, Text& text) {
       state.FoundLinks.Set(count, link);
       const Text anchor = AnchorOf(link, stretches.prefix());
       if (!link.empty()) {
-        // The bracket behind the link goes with it; where there is none, it is
+        // The bracket after the link goes with it; where there is none, it is
         // the four units that stand there.
-        const auto prefix_units = static_cast<std::int32_t>(stretches.prefix().size());
-        page.Replace(stretches.start() - prefix_units,
-                     prefix_units + static_cast<std::int32_t>(link.size()) + 4, anchor);
+        const std::size_t prefix_units = stretches.prefix().size();
+        page.Replace(stretches.start() - prefix_units, prefix_units + link.size() + 4, anchor);
       }
-      stretches.MoveCursor(static_cast<std::int64_t>(anchor.size()) - static_cast<std::int64_t>(link.size()));
+      stretches.MoveCursor(link.size(), anchor.size());
       if (++count > kFoundLimit) break;
     }
-    if (stretches.start() > page.Size() - 2) break;
+    if (stretches.start() + 2 >= page.Size()) break;
   }
   state.FoundLinks.Set(count, u"");
 }

@@ -23,40 +23,41 @@ std::uint64_t ContentOf(TextView word) {
 }  // namespace
 
 BracketedWords::BracketedWords(PageEditor& page) {
-  const TextView text = page.From(1);
-  for (std::size_t blank = text.find(u' '); blank != TextView::npos;) {
-    const std::size_t next = text.find(u' ', blank + 1);
+  const TextView text = page.From(0);
+  for (std::size_t space = text.find(u' '); space != TextView::npos;) {
+    const std::size_t next = text.find(u' ', space + 1);
     if (next == TextView::npos) break;
-    const TextView word = text.substr(blank + 1, next - blank - 1);
+    const TextView word = text.substr(space + 1, next - space - 1);
     if (IsBracketed(word)) {
       by_content_[ContentOf(word)].push_back(words_.size());
-      words_.push_back(static_cast<std::int32_t>(text.size() - (blank + 1)));
+      words_.push_back(text.size() - (space + 1));
     }
-    blank = next;
+    space = next;
   }
 }
 
-std::int32_t BracketedWords::PositionOf(const PageEditor& page, std::size_t index) const {
-  return index < settled_ ? words_[index] : page.Size() - words_[index] + 1;
+std::size_t BracketedWords::OffsetOf(const PageEditor& page, std::size_t index) const {
+  return index < frozen_ ? words_[index] : page.Size() - words_[index];
 }
 
-void BracketedWords::Settle(const PageEditor& page, std::int32_t before) {
-  while (settled_ < words_.size()) {
-    const std::int32_t position = PositionOf(page, settled_);
-    if (position >= before) break;
-    words_[settled_++] = position;
+void BracketedWords::FreezeBefore(const PageEditor& page, std::size_t before) {
+  while (frozen_ < words_.size()) {
+    const std::size_t offset = OffsetOf(page, frozen_);
+    if (offset >= before) break;
+    words_[frozen_++] = offset;
   }
 }
 
-std::int32_t BracketedWords::First(const PageEditor& page, TextView text, std::size_t word_at) const {
+std::size_t BracketedWords::First(const PageEditor& page, TextView text, std::size_t word_at) const {
   const TextView word = text.substr(word_at, text.size() - word_at - 1);
   const auto found = by_content_.find(ContentOf(word));
-  if (found == by_content_.end()) return 0;
+  if (found == by_content_.end()) return TextView::npos;
   for (const std::size_t index : found->second) {
-    const std::int32_t start = PositionOf(page, index) - static_cast<std::int32_t>(word_at);
-    if (page.StandsAt(start, text, Compare::IgnoreCase)) return start;
+    const std::size_t offset = OffsetOf(page, index);
+    if (offset >= word_at && page.StandsAt(offset - word_at, text, Compare::IgnoreCase))
+      return offset - word_at;
   }
-  return 0;
+  return TextView::npos;
 }
 
 }  // namespace quillary::links

@@ -12,7 +12,7 @@
 
 namespace quillary::links {
 
-/// Knows every word between two blanks that begins with "&lt;" and ends with
+/// Knows every word between two spaces that begins with "&lt;" and ends with
 /// "&gt;", case ignored. Changes to the page may destroy such words, but must
 /// not make new ones.
 class BracketedWords {
@@ -20,21 +20,21 @@ class BracketedWords {
   explicit BracketedWords(PageEditor& page);
 
   /// To be called before each change of the page: nothing in front of this
-  /// position will change any more.
-  void Settle(const PageEditor& page, std::int32_t before);
+  /// offset will change any more.
+  void FreezeBefore(const PageEditor& page, std::size_t before);
 
-  /// Position of the first `text` in the page, case ignored, or 0. The text is
-  /// a label, a blank, a bracketed word and a blank; the word begins at the
-  /// 0-based `word_at` and is the only one in it.
-  std::int32_t First(const PageEditor& page, TextView text, std::size_t word_at) const;
+  /// Offset of the first `text` in the page, case ignored, or npos. The text is
+  /// a label, a space, a bracketed word and a space; the word begins at
+  /// `word_at` and is the only one in it.
+  std::size_t First(const PageEditor& page, TextView text, std::size_t word_at) const;
 
  private:
-  std::int32_t PositionOf(const PageEditor& page, std::size_t index) const;
+  std::size_t OffsetOf(const PageEditor& page, std::size_t index) const;
 
-  // In the order of the page. Settled words are counted from the page's start,
+  // In the order of the page. Frozen words are counted from the page's start,
   // the others from its end.
-  std::vector<std::int32_t> words_;
-  std::size_t settled_ = 0;
+  std::vector<std::size_t> words_;
+  std::size_t frozen_ = 0;
   std::unordered_map<std::uint64_t, std::vector<std::size_t>> by_content_;
 };
 

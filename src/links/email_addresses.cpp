@@ -11,9 +11,9 @@
 namespace quillary::links {
 namespace {
 
-// What no address holds in front of its last at sign, and behind its first:
-// the lists differ in the exclamation mark.
-constexpr TextView kForbiddenInFront = u", :<'\">`/\\+=|()&^%~$";
+// What no address holds in front of its last at sign, and after its first: the
+// lists differ in the exclamation mark.
+constexpr TextView kForbiddenBefore = u", :<'\">`/\\+=|()&^%~$";
 constexpr TextView kForbiddenAfter = u", :\"'<>`\\/+=|()&^%!$~";
 
 // What breaks an address, in the order in which it is looked for.
@@ -24,7 +24,7 @@ constexpr std::size_t kMostWords = 30000;
 constexpr TextView kMailtoBracket = u"&lt;mailto:";
 constexpr TextView kClosingBracket = u"&gt;";
 
-/// A stretch of a text by its 0-based offsets.
+/// A piece of a text by its 0-based offsets.
 struct Piece {
   std::size_t begin = 0;
   std::size_t end = 0;
@@ -34,38 +34,38 @@ Piece StripFringe(TextView word) {
   Piece piece{0, word.size()};
   const std::size_t last_at = word.rfind(u'@');
   if (last_at == TextView::npos) return piece;
-  const std::size_t front = word.substr(0, last_at).find_last_of(kForbiddenInFront);
+  const std::size_t front = word.substr(0, last_at).find_last_of(kForbiddenBefore);
   if (front != TextView::npos) piece.begin = front + 1;
   const std::size_t first_at = word.find(u'@', piece.begin);
   piece.end = std::min(word.find_first_of(kForbiddenAfter, first_at), word.size());
   return piece;
 }
 
-// The first place of a unit in what is left of a word that is cut at both ends.
-class FirstPlace {
+// The first occurrence of a unit in what is left of a word that is cut at both ends.
+class FirstOccurrence {
  public:
-  explicit FirstPlace(char16_t unit = u'\0') : unit_(unit) {}
+  explicit FirstOccurrence(char16_t unit = u'\0') : unit_(unit) {}
 
   /// The offset, or npos if the piece does not hold the unit. The begin must
   /// not be before that of an earlier call.
   std::size_t In(TextView word, Piece piece) {
-    if (!known_ || (place_ != TextView::npos && place_ < piece.begin)) {
-      place_ = word.find(unit_, piece.begin);
+    if (!known_ || (offset_ != TextView::npos && offset_ < piece.begin)) {
+      offset_ = word.find(unit_, piece.begin);
       known_ = true;
     }
-    return place_ < piece.end ? place_ : TextView::npos;
+    return offset_ < piece.end ? offset_ : TextView::npos;
   }
 
  private:
   char16_t unit_;
   bool known_ = false;
-  std::size_t place_ = TextView::npos;
+  std::size_t offset_ = TextView::npos;
 };
 
 Piece TrimEdges(TextView word, Piece piece) {
-  FirstPlace at_sign(u'@');
-  std::array<FirstPlace, kBreaks.size()> places;
-  for (std::size_t i = 0; i < kBreaks.size(); ++i) places[i] = FirstPlace(kBreaks[i]);
+  FirstOccurrence at_sign(u'@');
+  std::array<FirstOccurrence, kBreaks.size()> occurrences;
+  for (std::size_t i = 0; i < kBreaks.size(); ++i) occurrences[i] = FirstOccurrence(kBreaks[i]);
   const auto edge = [&] {
     for (const char16_t unit : {u'@', u'-', u'.'}) {
       if (piece.begin == piece.end) return false;
@@ -81,11 +81,11 @@ Piece TrimEdges(TextView word, Piece piece) {
     return false;
   };
   const auto broken = [&] {
-    for (FirstPlace& places_of_break : places) {
-      const std::size_t place = places_of_break.In(word, piece);
-      if (place == TextView::npos) continue;
+    for (FirstOccurrence& occurrence : occurrences) {
+      const std::size_t offset = occurrence.In(word, piece);
+      if (offset == TextView::npos) continue;
       const std::size_t at = at_sign.In(word, piece);
-      if (at == TextView::npos || place >= at) {
+      if (at == TextView::npos || offset >= at) {
         --piece.end;
       } else {
         ++piece.begin;
@@ -109,12 +109,12 @@ bool IsAddress(TextView candidate) {
 // Where the address stands in the stretch; an empty piece if there is none.
 Piece FindAddress(TextView stretch) {
   if (stretch.size() < 4) return {};
-  // More words than this are not looked at. A stretch that ends in a blank has
+  // More words than this are not looked at. A stretch that ends in a space has
   // an empty last word.
   std::size_t words = std::min(kMostWords, stretch.size() + 20);
   for (std::size_t begin = 0; words > 0; --words) {
-    const std::size_t blank = stretch.find(u' ', begin);
-    const std::size_t end = blank == TextView::npos ? stretch.size() : blank + 1;
+    const std::size_t space = stretch.find(u' ', begin);
+    const std::size_t end = space == TextView::npos ? stretch.size() : space + 1;
     const TextView word = stretch.substr(begin, end - begin);
     if (word.find(u'@') != TextView::npos) {
       const Piece piece = TrimEdges(word, StripFringe(word));
@@ -122,7 +122,7 @@ Piece FindAddress(TextView stretch) {
         return {begin + piece.begin, begin + piece.end};
       }
     }
-    if (blank == TextView::npos) break;
+    if (space == TextView::npos) break;
     begin = end;
   }
   return {};
@@ -133,80 +133,77 @@ class EmailScan {
   EmailScan(RtfToHtmlState& state, PageEditor& page)
       : state_(state), page_(page), delimiters_(state.LinkDelimiters, state.LinkDelimiters.upper()) {}
 
-  // From the first at sign on. Returns the number of the entry behind the last.
-  std::int32_t Run(std::int32_t at) {
-    while (at > 0) {
+  // From the first at sign on. Returns the number of the entry after the last.
+  std::int32_t Run(std::size_t at) {
+    while (true) {
       FindWord(at);
       if (word_.size() > 3 && LinkAddress() && ++count_ > kFoundLimit) break;
-      at = NextAtSign(right_);
-      if (at > page_.Size() - 4) break;
+      const std::size_t next = Finder(u"@", Compare::Binary).Next(page_.From(right_), 0);
+      if (next == Finder::npos) break;
+      at = right_ + next;
+      if (at + 4 >= page_.Size()) break;
     }
     return count_;
   }
 
-  std::int32_t NextAtSign(std::int32_t from) {
-    const std::size_t offset = Finder(u"@", Compare::Binary).Next(page_.From(from), 0);
-    return offset == Finder::npos ? 0 : from + static_cast<std::int32_t>(offset);
-  }
-
  private:
-  void FindWord(std::int32_t at);
+  void FindWord(std::size_t at);
   bool LinkAddress();
 
   RtfToHtmlState& state_;
   PageEditor& page_;
   LeftmostLiteral delimiters_;
   std::int32_t count_ = 1;
-  std::int32_t left_ = 0;
-  std::int32_t right_ = 0;
+  std::size_t left_ = 0;   // offset at which the word begins
+  std::size_t right_ = 0;  // and of what ends it
   Text word_;
   Text previous_;
 };
 
-void EmailScan::FindWord(std::int32_t at) {
+void EmailScan::FindWord(std::size_t at) {
   const TextView rest = page_.From(at);
   const auto delimiter = delimiters_.Next(rest, 1, rest.size() - 1);
-  right_ = delimiter ? at + static_cast<std::int32_t>(delimiter->offset) : page_.Size();
-  left_ = at - 1;
-  while (left_ > 0 && !delimiters_.HasUnit(page_.At(left_))) --left_;
-  if (left_ > 0) --left_;
-  if (page_.StandsAt(right_ - 1, u".", Compare::Binary)) --right_;
-  // The word begins behind the delimiter, or with the page's second unit.
-  Attempt([&] { word_ = page_.Mid(left_ + 2, right_ - left_ - 2); });
+  right_ = delimiter ? at + delimiter->offset : page_.Size() - 1;
+  // After the delimiter, or with the page's second unit.
+  left_ = at;
+  while (left_ > 0 && !delimiters_.HasUnit(page_.At(left_ - 1))) --left_;
+  if (left_ == 0) left_ = 1;
+  if (page_.StandsBefore(right_, u".", Compare::Binary)) --right_;
+  // Where there is no room for a word, the last one stays.
+  if (right_ >= left_) word_ = page_.Copy(left_, right_ - left_);
 }
 
 bool EmailScan::LinkAddress() {
-  const Piece place = FindAddress(word_);
-  if (place.begin == place.end) return false;
-  const Text address = word_.substr(place.begin, place.end - place.begin);
-  const auto units = static_cast<std::int32_t>(address.size());
+  const Piece found = FindAddress(word_);
+  if (found.begin == found.end) return false;
+  const Text address = word_.substr(found.begin, found.end - found.begin);
+  const std::size_t units = address.size();
   state_.FoundEmails.Set(count_, address);
   const Text anchor =
       Text(u"<a href=\"mailto:").append(address).append(u"\">").append(address).append(u"</a>");
-  const std::int32_t own = left_ + 2 + static_cast<std::int32_t>(place.begin);
-  const auto front_units = static_cast<std::int32_t>(kMailtoBracket.size());
-  if (address == previous_ && page_.StandsAt(own - front_units, kMailtoBracket, Compare::Binary) &&
+  const std::size_t own = left_ + found.begin;
+  if (address == previous_ && page_.StandsBefore(own, kMailtoBracket, Compare::Binary) &&
       page_.StandsAt(own + units, kClosingBracket, Compare::Binary)) {
-    // The same address again in brackets goes, with the blank in front of it.
-    const std::int32_t begin = own - front_units - 1;
-    const auto behind_units = static_cast<std::int32_t>(kClosingBracket.size());
-    if (begin > 0) page_.Replace(begin, 1 + front_units + units + behind_units, {});
+    // The same address again in brackets goes, with the space in front of it.
+    const std::size_t bracket = own - kMailtoBracket.size();
+    const std::size_t end = own + units + kClosingBracket.size();
+    if (bracket > 0) page_.Replace(bracket - 1, end - (bracket - 1), {});
     previous_.clear();
   } else {
     // The anchor takes the place of the word's beginning, also where the
     // address does not stand there.
-    page_.Replace(left_ + 2, units, anchor);
+    page_.Replace(left_, units, anchor);
     previous_ = address;
   }
-  right_ += static_cast<std::int32_t>(anchor.size()) - units;
+  right_ += anchor.size() - units;
   return true;
 }
 
 void Scan(RtfToHtmlState& state, Text& text) {
   state.FoundEmails.Size(kFoundCapacity);
-  const std::int32_t at = FindText(1, text, u"@");
+  const std::size_t at = text.find(u'@');
   std::int32_t next_entry = 1;
-  if (at > 0) {
+  if (at != Text::npos) {
     InPlaceEditor page(text);
     next_entry = EmailScan(state, page.editor()).Run(at);
   }
@@ -224,8 +221,8 @@ void ScanEmailAddresses(RtfToHtmlState& state, TextView copy) {
 void ScanEmailAddresses(RtfToHtmlState& state) { Scan(state, state.HtmlOut.Edit()); }
 
 Text ExtractEmailAddress(TextView stretch) {
-  const Piece place = FindAddress(stretch);
-  return Text(stretch.substr(place.begin, place.end - place.begin));
+  const Piece found = FindAddress(stretch);
+  return Text(stretch.substr(found.begin, found.end - found.begin));
 }
 
 Text StripEmailFringe(Text& word) {

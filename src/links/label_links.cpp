@@ -11,11 +11,11 @@ namespace quillary::links {
 namespace {
 
 constexpr TextView kUnderline = u"<u>";
-constexpr TextView kAnchorEnd = u"</a>&gt;</u>";
-constexpr TextView kLinkEnd = u"&gt;</u><font COLOR=\"#000000\">";
+constexpr TextView kAnchorRunEnd = u"</a>&gt;</u>";
+constexpr TextView kLinkRunEnd = u"&gt;</u><font COLOR=\"#000000\">";
 constexpr TextView kBlue = u"<font COLOR=\"#0000ff\">";
 
-/// An underlined run in front of a marker: "<u>", fonts, label and, from the
+/// An underlined run in front of its end: "<u>", fonts, label and, from the
 /// opening bracket on, the target in whatever form.
 struct Run {
   std::size_t begin = 0;
@@ -56,7 +56,7 @@ Text Join(std::initializer_list<TextView> pieces) {
 
 // Turns the runs with this anchor into anchors with the run's label. The anchor
 // ends with the page's first end of such a run, so nothing in front of the run
-// can match, and nothing behind it unless the anchor stands there again.
+// can match, and nothing after it unless the anchor stands there again.
 bool MoveLabelIntoAnchor(Text& page, std::size_t end, const Run& run, TextView href,
                          std::size_t& changed_from) {
   const TextView anchor = run.target;
@@ -74,9 +74,9 @@ bool MoveLabelIntoAnchor(Text& page, std::size_t end, const Run& run, TextView h
                                                                      {&finds[2], &linked}}};
   bool changed = false;
   for (const auto& [find, with] : pairs) {
-    const Places places =
+    const Replacements replaced =
         ReplaceWithin(page, *find, *with, Compare::IgnoreCase, changed_from, again ? kNowhere : end);
-    changed = changed || places.count > 0;
+    changed = changed || replaced.count > 0;
     if (changed && !again) break;
   }
   return changed;
@@ -86,12 +86,12 @@ bool MoveLabelIntoAnchor(Text& page, std::size_t end, const Run& run, TextView h
 
 Text RepairLabelAnchors(TextView html) {
   Text page(html);
-  const Finder ends(kAnchorEnd, Compare::IgnoreCase);
+  const Finder run_ends(kAnchorRunEnd, Compare::IgnoreCase);
   std::size_t from = 0;
   for (int repair = 0; repair < kMostRepairs; ++repair) {
-    const std::size_t hit = ends.Next(page, from);
+    const std::size_t hit = run_ends.Next(page, from);
     if (hit == Finder::npos) break;
-    const std::size_t end = hit + kAnchorEnd.size();
+    const std::size_t end = hit + kAnchorRunEnd.size();
     Run run;
     if (!ReadRun(page, end, u"&lt;<a ", 12, true, run)) return page;
     RemoveEach(run.label, {u" &lt;", u"&lt;", u"&lt", u"&l"});
@@ -109,10 +109,10 @@ Text RepairLabelAnchors(TextView html) {
 
 Text RepairLabelLinks(TextView html) {
   Text page(html);
-  const Finder markers(kLinkEnd, Compare::IgnoreCase);
+  const Finder run_ends(kLinkRunEnd, Compare::IgnoreCase);
   std::size_t from = 0;
   for (int repair = 0; repair < kMostRepairs; ++repair) {
-    const std::size_t hit = markers.Next(page, from);
+    const std::size_t hit = run_ends.Next(page, from);
     if (hit == Finder::npos) break;
     Run run;
     if (!ReadRun(page, hit + 4, u"&lt;", 10, false, run)) break;
@@ -121,26 +121,26 @@ Text RepairLabelLinks(TextView html) {
                {u" &lt;", u" &lt", u"&lt;", u"&lt", u"&l", u" &gt;", u" &gt", u"&gt;", u"&gt", u"&g"});
     const TextView target = TrimView(run.target);
     if (target.find(u'.') == TextView::npos) break;
-    const Places places = ReplaceWithin(
+    const Replacements replaced = ReplaceWithin(
         page, Join({kUnderline, run.fonts, run.label, u" &lt;", target, u"&gt;"}),
         Join({kUnderline, run.fonts, u"<a href=\"", target, u"\">", TrimView(run.label), u"</a></u>"}),
         Compare::IgnoreCase);
-    if (places.count == 0) break;
-    // No marker stands before the first change, and none reaches into it.
-    from = std::min(run.begin, places.first);
+    if (replaced.count == 0) break;
+    // No other run ends before the first change, and none reaches into it.
+    from = std::min(run.begin, replaced.first);
   }
   return page;
 }
 
 void RepairLabelAnchors(rules::Rewriting& page) {
   const auto held = [&](TextView ending) { return page.Holds(ending, Compare::Binary); };
-  if (page.Holds(kAnchorEnd, Compare::IgnoreCase) || std::ranges::any_of(kPictureEndings, held)) {
+  if (page.Holds(kAnchorRunEnd, Compare::IgnoreCase) || std::ranges::any_of(kPictureEndings, held)) {
     page.Assign(RepairLabelAnchors(page.text()));
   }
 }
 
 void RepairLabelLinks(rules::Rewriting& page) {
-  if (page.Holds(kLinkEnd, Compare::IgnoreCase)) page.Assign(RepairLabelLinks(page.text()));
+  if (page.Holds(kLinkRunEnd, Compare::IgnoreCase)) page.Assign(RepairLabelLinks(page.text()));
 }
 
 }  // namespace quillary::links

@@ -1,5 +1,5 @@
 // Mends hyperlinks that reach the page as an underlined label with the target
-// behind it in angle brackets.
+// after it in angle brackets.
 #pragma once
 
 #include "rules/rewriting.h"

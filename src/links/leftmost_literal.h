@@ -1,5 +1,5 @@
-// Finds the leftmost place at which any literal of a list stands in the
-// lower-cased reading of a text, in one pass over the text.
+// Finds the leftmost occurrence of any literal of a list in the lower-cased
+// reading of a text, in one pass over the text.
 #pragma once
 
 #include <bitset>
@@ -24,8 +24,8 @@ class LeftmostLiteral {
   /// The same literals without those that hold `text`.
   LeftmostLiteral Without(TextView text) const;
 
-  /// The first place at or behind `from` and before `before` (0-based). Of two
-  /// literals at one place the earlier in the list wins. An empty literal
+  /// The first occurrence at or after `from` and before `before` (0-based). Of two
+  /// literals at one offset the earlier in the list wins. An empty literal
   /// stands everywhere.
   std::optional<Hit> Next(TextView text, std::size_t from, std::size_t before) const;
 

@@ -14,7 +14,7 @@ void Fill(TextList& list, std::initializer_list<TextView> entries) {
 }  // namespace
 
 // The page is lower-cased before it is searched, so the entries in capitals
-// find nothing; they keep their places all the same.
+// find nothing; they keep their numbers all the same.
 void LoadLinkPrefixes(RtfToHtmlState& state) {
   Fill(state.LinkPrefixes,
        {u"http://",   u"HTTP://", u"news:", u"WWW.", u"www.", u"https://", u"ftp://", u"FTP://",

@@ -10,7 +10,7 @@ namespace quillary::links {
 void LoadLinkPrefixes(RtfToHtmlState& state);
 void LoadLinkDelimiters(RtfToHtmlState& state);
 
-/// Addresses that a word processor left behind a label, in angle brackets.
+/// Addresses that a word processor left after a label, in angle brackets.
 void LoadBracketPrefixes(RtfToHtmlState& state);
 void LoadBracketDelimiters(RtfToHtmlState& state);
 

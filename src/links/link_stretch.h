@@ -14,21 +14,23 @@ class LinkStretches {
   /// argument for an empty page. The lists and the page must outlive it.
   LinkStretches(const RtfToHtmlState& state, PageEditor& page);
 
-  /// Goes on to the leftmost prefix at or behind the cursor. The stretch begins
-  /// with the prefix or behind it and ends with the next delimiter, at the
+  /// Goes on to the leftmost prefix at or after the cursor. The stretch begins
+  /// with the prefix or after it and ends with the next delimiter, at the
   /// latest `longest` units further on; the cursor then stands at this end. A
   /// full stop in front of the end is not part of the stretch. False when there
   /// is no prefix any more.
-  bool Next(bool with_prefix, std::int32_t longest);
+  bool Next(bool with_prefix, std::size_t longest);
 
   TextView prefix() const { return prefix_; }
-  std::int32_t start() const { return start_; }
-  std::int32_t end() const { return end_; }
+  /// Offsets; the end can lie beyond that of the page, and one in front of the start.
+  std::size_t start() const { return start_; }
+  std::size_t end() const { return end_; }
   /// The text from the start up to the end, and with the unit at the end.
   Text UpToEnd() const;
   Text ThroughEnd() const;
 
-  void MoveCursor(std::int64_t units) { cursor_ += static_cast<std::int32_t>(units); }
+  /// The stretch was replaced: so many units became so many others.
+  void MoveCursor(std::size_t units, std::size_t new_units) { cursor_ = cursor_ + new_units - units; }
 
  private:
   PageEditor& page_;
@@ -36,9 +38,9 @@ class LinkStretches {
   LeftmostLiteral delimiters_;
   LeftmostLiteral delimiters_of_paths_;
   TextView prefix_;
-  std::int32_t cursor_ = 1;
-  std::int32_t start_ = 0;
-  std::int32_t end_ = 0;
+  std::size_t cursor_ = 0;
+  std::size_t start_ = 0;
+  std::size_t end_ = 0;
 };
 
 }  // namespace quillary::links

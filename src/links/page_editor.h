@@ -1,6 +1,5 @@
-// A page that is edited from left to right. What stands behind the place of
-// the last change is moved only when a change is made further on, so that a
-// thousand changes cost no more than one copy of the page.
+// A page that is edited from left to right. What stands after the last change is moved only when a change is
+// made further on, so that a thousand changes cost no more than one copy of the page.
 #pragma once
 
 #include <utility>
@@ -11,23 +10,26 @@ namespace quillary::links {
 
 class PageEditor {
  public:
+  /// Throws LimitReached for a page that is too long to be addressed.
   explicit PageEditor(Text text);
 
-  std::int32_t Size() const;
-  /// The unit at a 1-based position that lies inside the page.
-  char16_t At(std::int32_t position) const;
+  std::size_t Size() const { return buffer_.size() - (gap_end_ - gap_begin_); }
+  /// The unit at an offset that lies inside the page.
+  char16_t At(std::size_t offset) const;
 
-  /// As Mid and FindText of the vocabulary on the page.
-  Text Mid(std::int32_t start, std::int32_t count) const;
-  bool StandsAt(std::int32_t start, TextView text, Compare mode) const;
+  /// A copy of `count` units, of fewer at the end of the page.
+  Text Copy(std::size_t offset, std::size_t count) const;
+  bool StandsAt(std::size_t offset, TextView text, Compare mode) const;
+  /// Whether `text` ends at the offset.
+  bool StandsBefore(std::size_t offset, TextView text, Compare mode) const;
 
-  /// The page from a position, which is at least 1, to its end. The view dies
-  /// with the next change or the next call.
-  TextView From(std::int32_t start);
+  /// The page from an offset to its end. The view dies with the next change or
+  /// the next call.
+  TextView From(std::size_t offset);
 
-  /// Replaces `count` units from `start`. Throws LimitReached if the page
+  /// Replaces `count` units from the offset on. Throws LimitReached if the page
   /// becomes too long.
-  void Replace(std::int32_t start, std::int32_t count, TextView with);
+  void Replace(std::size_t offset, std::size_t count, TextView with);
 
   /// The page, which leaves the object empty.
   Text Take();
@@ -36,13 +38,13 @@ class PageEditor {
   void MoveGap(std::size_t offset);
   void Widen(std::size_t units);
 
-  Text buffer_;  // the units before the gap, the gap, the units behind it
+  Text buffer_;  // the units before the gap, the gap, the units after it
   std::size_t gap_begin_ = 0;
   std::size_t gap_end_ = 0;
 };
 
-/// A page that is edited in its own place: as it then is, it is back at the
-/// end, come what may.
+/// Edits a page in place: as the editor then holds it, it is back at the end,
+/// come what may.
 class InPlaceEditor {
  public:
   explicit InPlaceEditor(Text& page) : page_(page), editor_(std::move(page)) {}

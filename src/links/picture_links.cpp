@@ -83,7 +83,7 @@ Text RepairPictureLinks(TextView html) {
   for (int repair = 0; repair < kMostRepairs; ++repair) {
     const std::size_t ending = endings.Next(page);
     if (ending == kNowhere) break;
-    // Two units behind the ending are still looked at.
+    // Two units after the ending are still looked at.
     const std::size_t end = std::min(page.size(), ending + kPictureEndings[0].size() + 2);
     const std::size_t image_at = LastWithin(page, 0, end, kImageOpening, Compare::Binary);
     const std::size_t begin = LastWithin(page, 0, end, kUnderline);

@@ -8,12 +8,14 @@
 #include "links/link_stretch.h"
 #include "links/page_editor.h"
 #include "rules/sentinels.h"
+#include "text/search.h"
 
 namespace quillary::links {
 namespace {
 
-constexpr std::int32_t kLongestLink = 200;
+constexpr std::size_t kLongestLink = 200;
 constexpr std::size_t kLongestStretchWithoutLink = 3;
+constexpr TextView kOpening = u"&lt;";
 
 bool Contains(TextView text, TextView find) { return text.find(find) != TextView::npos; }
 
@@ -30,7 +32,7 @@ Text AnchorOf(TextView link, TextView prefix) {
 }
 
 // Whether a text with an at sign in it is a link nevertheless: an address with
-// a user name and a colon behind the scheme. Every other one is a mail address
+// a user name and a colon after the scheme. Every other one is a mail address
 // or nothing.
 bool IsLink(TextView candidate) {
   const std::size_t at = candidate.find(u'@');
@@ -49,48 +51,48 @@ class LinkScan {
  public:
   LinkScan(RtfToHtmlState& state, PageEditor& page) : state_(state), page_(page), stretches_(state, page) {
     const std::int32_t last = state.LinkDelimiters.upper() - kDelimitersOfAddressesOnly;
-    bool blank_ends_links = false;
-    for (std::int32_t i = 1; i <= last; ++i) blank_ends_links |= state.LinkDelimiters[i] == u" ";
-    bool blank_in_prefix = false;
+    bool space_ends_links = false;
+    for (std::int32_t i = 1; i <= last; ++i) space_ends_links |= state.LinkDelimiters[i] == u" ";
+    bool space_in_prefix = false;
     for (std::int32_t i = 1; i <= state.LinkPrefixes.upper(); ++i) {
-      blank_in_prefix |= Contains(state.LinkPrefixes[i], u" ");
+      space_in_prefix |= Contains(state.LinkPrefixes[i], u" ");
     }
-    links_have_no_blanks_ = blank_ends_links && !blank_in_prefix;
+    links_have_no_spaces_ = space_ends_links && !space_in_prefix;
   }
 
   void Run() {
     while (stretches_.Next(true, kLongestLink)) {
       if (stretches_.UpToEnd().size() > kLongestStretchWithoutLink) {
-        Treat();
+        LinkCandidate();
         if (++count_ > kFoundLimit) break;
       }
-      if (stretches_.start() > page_.Size() - 4) break;
+      if (stretches_.start() + 4 >= page_.Size()) break;
     }
     state_.FoundLinks.Set(count_, u"");
   }
 
  private:
-  void Treat();
-  bool PutLabelled(Text& anchor);
+  void LinkCandidate();
+  bool ReplaceLabelled(Text& anchor);
   bool TargetFollows();
-  std::int32_t NextBlank(std::int32_t from);
-  std::int32_t FirstPlace(TextView text, std::size_t word_at);
-  void Put(std::int32_t start, std::size_t count, TextView with);
+  std::size_t NextSpace(std::size_t from);
+  std::size_t FirstOccurrence(TextView text, std::size_t word_at);
+  void Replace(std::size_t offset, std::size_t count, TextView with);
 
   RtfToHtmlState& state_;
   PageEditor& page_;
   LinkStretches stretches_;
   std::int32_t count_ = 1;
   Text label_;
-  // Where no link holds a blank, no anchor makes a bracketed word.
-  bool links_have_no_blanks_ = false;
+  // Where no link holds a space, no anchor makes a bracketed word.
+  bool links_have_no_spaces_ = false;
   std::optional<BracketedWords> words_;
-  // The last blank looked up, as a distance from the end of the page.
-  std::optional<std::int32_t> blank_;
+  // The last space looked up, as a distance from the end of the page; 0: none.
+  std::optional<std::size_t> next_space_;
 };
 
-void LinkScan::Treat() {
-  const std::int32_t start = stretches_.start();
+void LinkScan::LinkCandidate() {
+  const std::size_t start = stretches_.start();
   Text link = stretches_.ThroughEnd();
   const bool closed = link.ends_with(u"&gt;");
   if (closed) {
@@ -104,70 +106,71 @@ void LinkScan::Treat() {
   Text anchor = AnchorOf(link, stretches_.prefix());
   if (!link.empty()) {
     ReplaceIn(anchor, u"@", sentinels::at_sign);
-    if (closed && page_.StandsAt(start - 4, u"&lt;", Compare::Binary)) {
+    if (closed && page_.StandsBefore(start, kOpening, Compare::Binary)) {
       if (IsPicture(link)) {
-        Put(start - 4, link.size() + 8, Text(u"<img border=\"0\" src=\"").append(link).append(u"\">"));
+        Replace(start - 4, link.size() + 8, Text(u"<img border=\"0\" src=\"").append(link).append(u"\">"));
       } else {
-        Put(start, link.size(), anchor);
+        Replace(start, link.size(), anchor);
       }
-    } else if (!PutLabelled(anchor)) {
-      Put(start, link.size(), anchor);
+    } else if (!ReplaceLabelled(anchor)) {
+      Replace(start, link.size(), anchor);
     }
   }
-  stretches_.MoveCursor(static_cast<std::int64_t>(anchor.size()) - static_cast<std::int64_t>(link.size()));
+  stretches_.MoveCursor(link.size(), anchor.size());
 }
 
 // A text that is followed by its target in brackets becomes the label of one
 // anchor, where such text stands first in the page. False if no target follows.
-bool LinkScan::PutLabelled(Text& anchor) {
+bool LinkScan::ReplaceLabelled(Text& anchor) {
   if (!TargetFollows()) return false;
-  const std::int32_t start = stretches_.start();
-  const std::int32_t target_at = stretches_.end() + 5;
-  const TextView behind = page_.From(target_at);
-  const Text target(behind.substr(0, behind.find(u"&gt;")));
-  // Up to two units in front of the bracket, which is where the blank begins.
-  Attempt([&] { label_ = page_.Mid(start, FindText(1, page_.From(start), u"&lt;") - 2); });
+  const std::size_t start = stretches_.start();
+  const TextView rest = page_.From(stretches_.end() + 1 + kOpening.size());
+  const Text target(rest.substr(0, rest.find(u"&gt;")));
+  // The label ends with the space in front of the bracket. Where there is no
+  // room for that space, the last label stays.
+  const std::size_t bracket = page_.From(start).find(kOpening);
+  if (bracket != TextView::npos && bracket > 0) label_ = page_.Copy(start, bracket - 1);
   anchor = Anchor(target, label_);
   const Text found = Text(label_).append(u" &lt;").append(target).append(u"&gt; ");
-  const std::int32_t place = FirstPlace(found, label_.size() + 1);
-  if (place > 0) {
-    Put(place, found.size(), anchor);
-    if (place != start) {
+  const std::size_t first = FirstOccurrence(found, label_.size() + 1);
+  if (first != TextView::npos) {
+    Replace(first, found.size(), anchor);
+    if (first != start) {
       // A change elsewhere: what was counted from here is not where it was.
       words_.reset();
-      blank_.reset();
+      next_space_.reset();
     }
   }
   return true;
 }
 
-// Whether a bracket opens behind the unit at the end of the stretch, and
-// another closes right in front of the next blank.
+// Whether a bracket opens after the unit at the end of the stretch, and
+// another closes right in front of the next space.
 bool LinkScan::TargetFollows() {
-  const std::int32_t opening = stretches_.end() + 1;
-  if (!page_.StandsAt(opening, u"&lt;", Compare::Binary)) return false;
-  const std::int32_t blank = NextBlank(opening + 1);
-  return blank > 0 && page_.StandsAt(blank - 4, u"&gt;", Compare::Binary);
+  const std::size_t opening = stretches_.end() + 1;
+  if (!page_.StandsAt(opening, kOpening, Compare::Binary)) return false;
+  const std::size_t space = NextSpace(opening + 1);
+  return space != TextView::npos && page_.StandsBefore(space, u"&gt;", Compare::Binary);
 }
 
-std::int32_t LinkScan::NextBlank(std::int32_t from) {
-  const std::int32_t size = page_.Size();
-  if (!blank_ || size - *blank_ < from) {
+std::size_t LinkScan::NextSpace(std::size_t from) {
+  const std::size_t size = page_.Size();
+  if (!next_space_ || size - *next_space_ < from) {
     const std::size_t offset = page_.From(from).find(u' ');
-    blank_ = offset == TextView::npos ? -1 : size - from - static_cast<std::int32_t>(offset);
+    next_space_ = offset == TextView::npos ? 0 : size - from - offset;
   }
-  return *blank_ < 0 ? 0 : size - *blank_;
+  return *next_space_ == 0 ? TextView::npos : size - *next_space_;
 }
 
-std::int32_t LinkScan::FirstPlace(TextView text, std::size_t word_at) {
-  if (!links_have_no_blanks_) return FindText(1, page_.From(1), text, Compare::IgnoreCase);
+std::size_t LinkScan::FirstOccurrence(TextView text, std::size_t word_at) {
+  if (!links_have_no_spaces_) return Finder(text, Compare::IgnoreCase).Next(page_.From(0), 0);
   if (!words_) words_.emplace(page_);
   return words_->First(page_, text, word_at);
 }
 
-void LinkScan::Put(std::int32_t start, std::size_t count, TextView with) {
-  if (words_) words_->Settle(page_, start);
-  page_.Replace(start, static_cast<std::int32_t>(count), with);
+void LinkScan::Replace(std::size_t offset, std::size_t count, TextView with) {
+  if (words_) words_->FreezeBefore(page_, offset);
+  page_.Replace(offset, count, with);
 }
 
 void Scan(RtfToHtmlState& state, Text& text) {

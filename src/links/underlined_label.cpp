@@ -33,31 +33,31 @@ void RemoveEach(Text& text, std::initializer_list<TextView> finds) {
   for (const TextView find : finds) ReplaceIn(text, find, u"");
 }
 
-Places ReplaceWithin(Text& page, TextView find, TextView with, Compare mode, std::size_t from,
-                     std::size_t end) {
+Replacements ReplaceWithin(Text& page, TextView find, TextView with, Compare mode, std::size_t from,
+                           std::size_t end) {
   const Finder finder(find, mode);
   const TextView searched = TextView(page).substr(0, end);
-  Places places;
-  places.first = finder.Next(searched, from);
-  if (places.first == Finder::npos) return places;
-  std::size_t hit = finder.Next(searched, places.first + find.size());
-  places.count = 1;
+  Replacements replaced;
+  replaced.first = finder.Next(searched, from);
+  if (replaced.first == Finder::npos) return replaced;
+  std::size_t hit = finder.Next(searched, replaced.first + find.size());
+  replaced.count = 1;
   if (hit == Finder::npos) {
     if (page.size() + with.size() > limits::kWorkingUnits) throw LimitReached(LimitReached::Limit::Growth);
-    page.replace(places.first, find.size(), with);
-    return places;
+    page.replace(replaced.first, find.size(), with);
+    return replaced;
   }
-  Text result = page.substr(0, places.first);
+  Text result = page.substr(0, replaced.first);
   result.append(with);
-  std::size_t copied = places.first + find.size();
+  std::size_t copied = replaced.first + find.size();
   for (; hit != Finder::npos; hit = finder.Next(searched, copied)) {
     result.append(page, copied, hit - copied).append(with);
     copied = hit + find.size();
-    ++places.count;
+    ++replaced.count;
     if (result.size() > limits::kWorkingUnits) throw LimitReached(LimitReached::Limit::Growth);
   }
   page = result.append(page, copied, Text::npos);
-  return places;
+  return replaced;
 }
 
 }  // namespace quillary::links

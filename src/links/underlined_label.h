@@ -27,14 +27,14 @@ bool TakeFontTags(Text& label, Text& fonts, int most, bool drop_blue);
 
 void RemoveEach(Text& text, std::initializer_list<TextView> finds);
 
-struct Places {
+struct Replacements {
   int count = 0;
   std::size_t first = kNowhere;  // 0-based
 };
 
 /// Replaces all of `find` between two 0-based offsets. A single one is replaced
 /// in place. The same text over and over is no reason to copy the page.
-Places ReplaceWithin(Text& page, TextView find, TextView with, Compare mode, std::size_t from = 0,
-                     std::size_t end = kNowhere);
+Replacements ReplaceWithin(Text& page, TextView find, TextView with, Compare mode, std::size_t from = 0,
+                           std::size_t end = kNowhere);
 
 }  // namespace quillary::links

@@ -101,7 +101,7 @@ void GramIndex::Build(TextView text) {
 }
 
 void GramIndex::Index(TextView text, std::size_t stretch) {
-  const std::size_t end = std::min(text.size(), starts_[stretch + 1] + (count_ > 1 ? margin : 0));
+  const std::size_t end = std::min(text.size(), starts_[stretch + 1] + (count_ > 1 ? kMargin : 0));
   const std::uint64_t own = Bit(stretch);
   const bool divided = count_ > 1;
   std::uint64_t* const table = table_.data();

@@ -27,7 +27,7 @@ inline std::uint32_t LongHash(const char16_t* units) {
 
 /// How long the runs of a find text of so many units are; 0 for a single unit.
 inline constexpr std::size_t GramLength(std::size_t units) {
-  return units >= kLongGram ? long_gram : units >= kShortGram ? short_gram : 0;
+  return units >= kLongGram ? kLongGram : units >= kShortGram ? kShortGram : 0;
 }
 
 inline std::uint32_t GramHash(const char16_t* units, std::size_t length) {

@@ -20,42 +20,38 @@ class Balancing {
   explicit Balancing(TextView table) : table_(table) {}
 
   Text Run() {
-    for (TableTag tag = NextCellTag(table_, 1); tag.found(); tag = NextCellTag(table_, tag.EndPos + 1)) {
-      if (tag.Name == u"/TABLE") {
+    for (Tag tag = FindCellTag(table_, 0); tag.found(); tag = FindCellTag(table_, tag.end)) {
+      if (tag.name == u"/TABLE") {
         CloseTable(tag);
         return std::move(output_.Whole());
       }
-      if (tag.Name == u"TR") {
+      if (tag.name == u"TR") {
         OpenRow(tag);
-      } else if (tag.Name == u"TD") {
+      } else if (tag.name == u"TD") {
         OpenCell(tag);
-      } else if (tag.Name == u"/TD") {
+      } else if (tag.name == u"/TD") {
         CloseCell(tag);
-      } else if (tag.Name == u"/TR") {
+      } else if (tag.name == u"/TR") {
         CloseRow(tag);
       } else {
         AppendThrough(tag);
       }
-      copy_pos_ = tag.EndPos + 1;
+      copied_ = tag.end;
     }
-    output_.Append(MidView(table_, copy_pos_));
+    output_.Append(table_.substr(copied_));
     return std::move(output_.Whole());
   }
 
  private:
-  TextView StretchBefore(const TableTag& tag) const {
-    return MidView(table_, copy_pos_, tag.StartPos - copy_pos_);
-  }
-  void AppendThrough(const TableTag& tag) {
-    output_.Append(MidView(table_, copy_pos_, tag.EndPos - copy_pos_ + 1));
-  }
-  void AppendFix(TextView stretch, const TableTag& tag, TextView fix) {
+  TextView StretchBefore(const Tag& tag) const { return table_.substr(copied_, tag.begin - copied_); }
+  void AppendThrough(const Tag& tag) { output_.Append(table_.substr(copied_, tag.end - copied_)); }
+  void AppendFix(TextView stretch, const Tag& tag, TextView fix) {
     output_.Append(stretch);
     output_.Append(fix);
-    copy_pos_ = tag.StartPos;
+    copied_ = tag.begin;
   }
 
-  void OpenRow(const TableTag& tag) {
+  void OpenRow(const Tag& tag) {
     Text fix;
     if (in_cell_) fix = u"</TD>";
     in_cell_ = false;
@@ -65,13 +61,13 @@ class Balancing {
       AppendFix(stretch, tag, fix);
     } else if (IsVisible(stretch)) {
       pending_ = stretch;  // waits for the row's first cell; what waited before is lost
-      copy_pos_ = tag.StartPos;
+      copied_ = tag.begin;
     }
     AppendThrough(tag);
     in_row_ = true;
   }
 
-  void OpenCell(const TableTag& tag) {
+  void OpenCell(const Tag& tag) {
     Text fix;
     if (!in_row_) fix = u"<TR>";
     in_row_ = true;
@@ -81,7 +77,7 @@ class Balancing {
       AppendFix(stretch, tag, fix);
     } else if (IsVisible(stretch)) {
       pending_ += stretch;
-      copy_pos_ = tag.StartPos;
+      copied_ = tag.begin;
     }
     AppendThrough(tag);
     output_.Append(pending_);
@@ -89,7 +85,7 @@ class Balancing {
     in_cell_ = true;
   }
 
-  void CloseCell(const TableTag& tag) {
+  void CloseCell(const Tag& tag) {
     if (!in_row_) output_.InsertAfterLastTag(u"</TR;<TABLE", u"<TR>");
     in_row_ = true;
     if (!in_cell_) {
@@ -100,20 +96,20 @@ class Balancing {
     in_cell_ = false;
   }
 
-  void CloseRow(const TableTag& tag) {
+  void CloseRow(const Tag& tag) {
     const TextView stretch = StretchBefore(tag);
     if (in_cell_) {
       AppendFix(stretch, tag, u"</TD>");
       in_cell_ = false;
     } else if (IsVisible(stretch)) {
       output_.InsertAfterLastCellEnd(stretch);
-      copy_pos_ = tag.StartPos;
+      copied_ = tag.begin;
     }
     AppendThrough(tag);
     in_row_ = false;
   }
 
-  void CloseTable(const TableTag& tag) {
+  void CloseTable(const Tag& tag) {
     Text fix;
     if (in_cell_) fix = u"</TD>";
     if (in_row_) fix += u"</TR>";
@@ -122,16 +118,16 @@ class Balancing {
       AppendFix(stretch, tag, fix);
     } else if (IsVisible(stretch)) {
       PutIntoLastCell(stretch);
-      copy_pos_ = tag.StartPos;
+      copied_ = tag.begin;
     }
     AppendThrough(tag);
   }
 
   void PutIntoLastCell(TextView stretch) {
     Text& output = output_.Whole();
-    for (std::size_t place = output.size(); place-- > 0;) {
-      if (StandsAt(output, place, u"</TD>")) {
-        output.insert(place, stretch);
+    for (std::size_t offset = output.size(); offset-- > 0;) {
+      if (StandsAt(output, offset, u"</TD>")) {
+        output.insert(offset, stretch);
         return;
       }
     }
@@ -140,7 +136,7 @@ class Balancing {
 
   TextView table_;
   GrowingTable output_;
-  std::int32_t copy_pos_ = 1;
+  std::size_t copied_ = 0;  // of the table so far
   bool in_row_ = false;
   bool in_cell_ = false;
   Text pending_;

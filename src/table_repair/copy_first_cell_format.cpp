@@ -11,7 +11,7 @@
 namespace quillary::RepairHTMLTable {
 namespace {
 
-// A blank counts as text here, a line end does not.
+// A space counts as text here, a line end does not.
 class TextOutsideTags {
  public:
   bool Takes(char16_t unit) {
@@ -61,9 +61,9 @@ class RowFormat {
   RowFormat(TextView table, const TableRow& row, TextView format, std::size_t limit)
       : row_(row), format_(format), limit_(limit) {
     for (std::size_t i = 0; i + 1 < row.cells.size(); i += 2) {
-      const TableTag& open = row.cells[i];
-      const TableTag& close = row.cells[i + 1];
-      cells_.push_back(MidView(table, open.StartPos, close.EndPos - open.StartPos + 1));
+      const Tag& open = row.cells[i];
+      const Tag& close = row.cells[i + 1];
+      cells_.push_back(table.substr(open.begin, close.end - open.begin));
     }
   }
 
@@ -73,10 +73,10 @@ class RowFormat {
   // Whether the text of a cell can stand nowhere but in place of a cell, because
   // each has one opening and one closing tag and so has all that is put there.
   bool StandsCellByCell() const {
-    const std::vector<TableTag>& tags = row_.cells;
-    if (tags.empty() || tags.size() % 2 != 0 || tags[0].StartPos < row_.start) return false;
+    const std::vector<Tag>& tags = row_.cells;
+    if (tags.empty() || tags.size() % 2 != 0 || tags[0].begin < row_.begin) return false;
     for (std::size_t i = 0; i < tags.size(); ++i) {
-      if (tags[i].Name != (i % 2 == 0 ? u"TD" : u"/TD")) return false;
+      if (tags[i].name != (i % 2 == 0 ? u"TD" : u"/TD")) return false;
     }
     if (CountTags(row_.text, u"<td") != cells_.size() || CountTags(row_.text, u"</td") != cells_.size())
       return false;
@@ -86,12 +86,12 @@ class RowFormat {
   }
 
   Text Formatted(std::size_t cell) const {
-    const TableTag& open = row_.cells[2 * cell];
-    const TableTag& close = row_.cells[2 * cell + 1];
+    const Tag& open = row_.cells[2 * cell];
+    const Tag& close = row_.cells[2 * cell + 1];
     const TextView text = cells_[cell];
-    Text changed(text.substr(0, static_cast<std::size_t>(open.EndPos - open.StartPos + 1)));
+    Text changed(text.substr(0, open.end - open.begin));
     changed.append(format_).append(WithoutTags(row_.Between(open, close)));
-    return changed.append(text.substr(static_cast<std::size_t>(close.StartPos - open.StartPos)));
+    return changed.append(text.substr(close.begin - open.begin));
   }
 
   void CheckLimit(std::size_t units) const {
@@ -110,18 +110,18 @@ class RowFormat {
   Text CellByCell() const {
     std::vector<TextView> now = cells_;
     std::vector<Text> formatted(cells_.size());
-    std::unordered_map<TextView, std::vector<std::size_t>> places;
-    for (std::size_t i = 0; i < cells_.size(); ++i) places[cells_[i]].push_back(i);
+    std::unordered_map<TextView, std::vector<std::size_t>> cells_by_text;
+    for (std::size_t i = 0; i < cells_.size(); ++i) cells_by_text[cells_[i]].push_back(i);
     std::size_t units = row_.text.size();
     for (std::size_t i = 0; i < cells_.size(); ++i) {
       formatted[i] = Formatted(i);
-      const auto found = places.find(cells_[i]);
-      if (found != places.end() && formatted[i] != cells_[i]) {
+      const auto found = cells_by_text.find(cells_[i]);
+      if (found != cells_by_text.end() && formatted[i] != cells_[i]) {
         const std::vector<std::size_t> changed = std::move(found->second);
-        places.erase(found);
-        for (const std::size_t place : changed) now[place] = formatted[i];
+        cells_by_text.erase(found);
+        for (const std::size_t cell : changed) now[cell] = formatted[i];
         units = units + changed.size() * formatted[i].size() - changed.size() * cells_[i].size();
-        std::vector<std::size_t>& same = places[formatted[i]];
+        std::vector<std::size_t>& same = cells_by_text[formatted[i]];
         same.insert(same.end(), changed.begin(), changed.end());
       }
       CheckLimit(units);
@@ -130,7 +130,7 @@ class RowFormat {
     text.reserve(units);
     std::size_t from = 0;
     for (std::size_t i = 0; i < cells_.size(); ++i) {
-      const auto at = static_cast<std::size_t>(cells_[i].data() - row_.text.data());
+      const std::size_t at = row_.cells[2 * i].begin - row_.begin;
       text.append(row_.text.substr(from, at - from)).append(now[i]);
       from = at + cells_[i].size();
     }
@@ -150,7 +150,7 @@ Text CopyFirstCellFormat(TextView table, std::size_t limit) {
   bool stopped = false;
   const auto write = [&](const TableRow& row, Text& output) {
     if (stopped) return;
-    const std::vector<TableTag>& cells = row.cells;
+    const std::vector<Tag>& cells = row.cells;
     if (format.empty() && cells.size() > 1) {
       format = OpeningFormat(TrimView(row.Between(cells[0], cells[1])));
       stopped = format.empty();

@@ -36,19 +36,19 @@ class EmptyCellTest {
 
 Text FillEmptyCells(TextView table, std::size_t limit) {
   EmptyCellTest test;
-  std::vector<std::size_t> places;  // in the row, from the last to the first
+  std::vector<std::size_t> offsets;  // in the row, from the last to the first
   const auto write = [&](const TableRow& row, Text& output) {
-    places.clear();
+    offsets.clear();
     for (std::size_t i = row.cells.size(); i >= 2; i -= 2) {
-      const TableTag& open = row.cells[i - 2];
+      const Tag& open = row.cells[i - 2];
       if (test.IsEmpty(row.Between(open, row.cells[i - 1]))) {
-        places.push_back(static_cast<std::size_t>(open.EndPos - row.start + 1));
+        offsets.push_back(row.OffsetAfter(open));
       }
     }
     std::size_t written = 0;
-    for (auto place = places.rbegin(); place != places.rend(); ++place) {
-      output.append(row.text.substr(written, *place - written)).append(u"&nbsp;");
-      written = *place;
+    for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset) {
+      output.append(row.text.substr(written, *offset - written)).append(u"&nbsp;");
+      written = *offset;
     }
     output.append(row.text.substr(written));
   };
@@ -65,8 +65,8 @@ Text DropEmptyCells(TextView table, std::size_t limit) {
     if (kept == row.cells.size()) {
       output += row.text;
     } else if (kept > 0) {
-      output += MidView(row.text, 1, row.cells[kept - 1].EndPos - row.start + 1);
-      output += MidView(row.text, row.cells.back().EndPos - row.start + 2);
+      output += row.text.substr(0, row.OffsetAfter(row.cells[kept - 1]));
+      output += row.text.substr(row.OffsetAfter(row.cells.back()));
     }
   };
   Text result(table);

@@ -1,4 +1,4 @@
-// Cells without text: given a blank, or dropped from the end of their row.
+// Cells without text: given a no-break space, or dropped from the end of their row.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ namespace quillary::RepairHTMLTable {
 /// character 32,768. Throws LimitReached for a result above `limit`.
 Text FillEmptyCells(TextView table, std::size_t limit = limits::kWorkingUnits);
 
-/// Drops the empty cells behind the last one with text, and rows of empty
+/// Drops the empty cells after the last one with text, and rows of empty
 /// cells only. Fails as FillEmptyCells does.
 Text DropEmptyCells(TextView table, std::size_t limit = limits::kWorkingUnits);
 

@@ -19,26 +19,26 @@ Text& GrowingTable::Whole() {
   return front_;
 }
 
-void GrowingTable::InsertAfterLastTag(TextView markers, TextView insert) {
+void GrowingTable::InsertAfterLastTag(TextView tag_starts, TextView insert) {
   Text& whole = Whole();
-  const std::size_t place = PlaceAfterLastTag(whole, markers);
-  if (place != Text::npos) whole.insert(place, insert);
+  const std::size_t offset = OffsetAfterLastTag(whole, tag_starts);
+  if (offset != Text::npos) whole.insert(offset, insert);
 }
 
 void GrowingTable::InsertAfterLastCellEnd(TextView insert) {
-  Settle(searched_, back_.size());
+  MoveThroughLastCellEnd(searched_, back_.size());
   searched_ = back_.size();
   if (!cell_ended_) return;
   back_.insert(back_.begin(), insert.begin(), insert.end());
   searched_ += insert.size();
-  Settle(0, insert.size());
+  MoveThroughLastCellEnd(0, insert.size());
 }
 
 // Looks for the last cell end that begins among these units of `back_` and
 // moves what leads up to it, its tag included, to `front_`. A stretch that is put
 // at the very end may bring a cell end whose ">" is only appended next: that one
 // is looked for again.
-void GrowingTable::Settle(std::size_t first, std::size_t end) {
+void GrowingTable::MoveThroughLastCellEnd(std::size_t first, std::size_t end) {
   const auto begin = back_.begin();
   const auto limit = begin + static_cast<std::ptrdiff_t>(end);
   auto last = back_.end();

@@ -9,14 +9,14 @@
 namespace quillary::RepairHTMLTable {
 namespace {
 
-TextView Stretch(TextView html, std::int32_t from, std::int32_t behind) {
-  return MidView(html, from, behind - from);
+TextView Stretch(TextView html, std::size_t begin, std::size_t end) {
+  return html.substr(begin, end - begin);
 }
 
 // What a closing tag without an opening one ends.
 Text RepairStrayEnd(TextView stretch, Integer16 options, std::size_t limit) {
-  const TableTag first = NextCellTag(stretch, 1);
-  if (first.Name == u"/TABLE") return Text(Stretch(stretch, 1, first.StartPos));
+  const Tag first = FindCellTag(stretch, 0);
+  if (first.name == u"/TABLE") return Text(stretch.substr(0, first.begin));
   return RepairOneTable(Text(u"<TABLE>").append(stretch), options, limit);
 }
 
@@ -33,36 +33,36 @@ Text RepairOneTable(TextView table, Integer16 options, std::size_t limit) {
 
 Text RepairTables(TextView html, Integer16 options, std::size_t limit) {
   Text output;
-  std::int32_t copy_pos = 1;
-  std::int32_t table_start = 1;
+  std::size_t copied = 0;
+  std::size_t table_start = 0;
   bool in_table = false;
-  for (TableTag tag = NextTableTag(html, 1); tag.found(); tag = NextTableTag(html, tag.EndPos + 1)) {
-    if (tag.Name == u"TABLE") {
+  for (Tag tag = FindTableTag(html, 0); tag.found(); tag = FindTableTag(html, tag.end)) {
+    if (tag.name == u"TABLE") {
       if (in_table) {
-        const Text table = Text(Stretch(html, table_start, tag.StartPos)) + u"</TABLE>";
+        const Text table = Text(Stretch(html, table_start, tag.begin)) + u"</TABLE>";
         output += RepairOneTable(table, options, limit);
       } else {
-        output += Stretch(html, copy_pos, tag.StartPos);
+        output += Stretch(html, copied, tag.begin);
       }
-      table_start = tag.StartPos;
+      table_start = tag.begin;
       in_table = true;
     } else {
-      const TextView stretch = Stretch(html, table_start, tag.EndPos + 1);
+      const TextView stretch = Stretch(html, table_start, tag.end);
       if (in_table) {
         output += RepairOneTable(stretch, options, limit);
-      } else if (table_start != tag.StartPos) {
+      } else if (table_start != tag.begin) {
         output += RepairStrayEnd(stretch, options, limit);
       }
-      table_start = tag.EndPos + 1;
+      table_start = tag.end;
       in_table = false;
     }
-    copy_pos = tag.EndPos + 1;
+    copied = tag.end;
     if (output.size() > limit) throw LimitReached(LimitReached::Limit::Growth);
   }
   if (in_table) {
-    output += RepairOneTable(Text(MidView(html, table_start)) + u"</TABLE>", options, limit);
+    output += RepairOneTable(Text(html.substr(table_start)) + u"</TABLE>", options, limit);
   } else {
-    output += MidView(html, copy_pos);
+    output += html.substr(copied);
   }
   return output;
 }

@@ -11,8 +11,8 @@ namespace quillary::RepairHTMLTable {
 namespace {
 
 struct RowExtent {
-  std::int32_t LastCellPos = 0;  // behind the "<TD" of the last cell; without a cell, inside the row's tag
-  Integer16 CellCount;
+  std::size_t last_cell = 0;  // offset after the "<TD" of the last cell; without a cell, inside the row's tag
+  Integer16 cell_count;
 };
 
 // A search whose start only ever rises; a hit that still lies ahead is kept.
@@ -20,12 +20,11 @@ class RisingSearch {
  public:
   RisingSearch(TextView text, TextView find) : text_(text), finder_(find, Compare::IgnoreCase) {}
 
-  /// As FindText.
-  std::int32_t At(std::int32_t start) {
-    const auto from = static_cast<std::size_t>(start) - 1;
+  /// As Finder::Next.
+  std::size_t Next(std::size_t from) {
     if (!searched_ || (hit_ != Finder::npos && hit_ < from)) hit_ = finder_.Next(text_, from);
     searched_ = true;
-    return hit_ == Finder::npos ? 0 : static_cast<std::int32_t>(hit_) + 1;
+    return hit_;
   }
 
  private:
@@ -42,12 +41,12 @@ class Spanning {
   Text Run() {
     try {
       MeasureRows();
-      return WriteRows();
     } catch (const Failure& failure) {
       throw Failure(failure.kind(), failure.code(), "HTMLParser::repairTable",
-                    failure.what() + std::string(" offset=") + std::to_string(position_) +
-                        ",row=" + std::to_string(row_ + 1));
+                    failure.what() + std::string(" offset=") + std::to_string(measured_ + 1) +
+                        ",row=" + std::to_string(extents_.size() + 1));
     }
+    return WriteRows();
   }
 
  private:
@@ -55,41 +54,40 @@ class Spanning {
     RisingSearch row_start(table_, u"<TR");
     RisingSearch row_end(table_, u"</TR");
     RisingSearch cell(table_, u"<TD");
-    for (std::int32_t start = row_start.At(1); start != 0; ++row_) {
-      position_ = start + 4;
-      const std::int32_t end = row_end.At(position_);
-      if (end == 0) throw Failure(Failure::Kind::Raised, 0x800400C9, "", "End row not found");
+    for (std::size_t start = row_start.Next(0); start != Finder::npos;) {
+      measured_ = start + 4;
+      const std::size_t end = row_end.Next(measured_);
+      if (end == Finder::npos) throw Failure(Failure::Kind::Raised, 0x800400C9, "", "End row not found");
       RowExtent extent;
-      for (std::int32_t at = cell.At(position_); at != 0 && at < end; at = cell.At(position_)) {
-        extent.LastCellPos = at + 3;
-        ++extent.CellCount;
-        position_ = extent.LastCellPos + 4;
+      for (std::size_t at = cell.Next(measured_); at < end; at = cell.Next(measured_)) {
+        extent.last_cell = at + 3;
+        ++extent.cell_count;
+        measured_ = extent.last_cell + 4;
       }
-      if (extent.CellCount == 0) extent.LastCellPos = position_;
-      widest_ = std::max(widest_, extent.CellCount);
+      if (extent.cell_count == 0) extent.last_cell = measured_;
+      widest_ = std::max(widest_, extent.cell_count);
       extents_.push_back(extent);
-      start = row_start.At(end + 4);
+      start = row_start.Next(end + 4);
     }
   }
 
-  Text WriteRows() {
+  Text WriteRows() const {
     Text output;
-    std::int32_t written = 1;
+    std::size_t written = 0;
     TextView form;
-    for (position_ = 0; position_ < static_cast<std::int32_t>(extents_.size()); ++position_) {
-      const RowExtent& extent = extents_[static_cast<std::size_t>(position_)];
-      output += MidView(table_, written, extent.LastCellPos - written);
-      written = extent.LastCellPos;
-      if (extent.CellCount == widest_) continue;
-      if (extent.CellCount == 0) {
+    for (const RowExtent& extent : extents_) {
+      output += table_.substr(written, extent.last_cell - written);
+      written = extent.last_cell;
+      if (extent.cell_count == widest_) continue;
+      if (extent.cell_count == 0) {
         output.append(u"<TD colspan=").append(Decimal(widest_)).append(u"></TD>");
       } else {
-        output.append(u" colspan=").append(Decimal(widest_ - extent.CellCount + 1));
+        output.append(u" colspan=").append(Decimal(widest_ - extent.cell_count + 1));
       }
-      if (widest_ == 13 && extent.CellCount == 5) form = u"13-9";
-      if (widest_ == 13 && extent.CellCount == 4) form = u"13-10";
+      if (widest_ == 13 && extent.cell_count == 5) form = u"13-9";
+      if (widest_ == 13 && extent.cell_count == 4) form = u"13-10";
     }
-    output += MidView(table_, written);
+    output += table_.substr(written);
     SpreadForm(output, form);
     return output;
   }
@@ -109,8 +107,7 @@ class Spanning {
   TextView table_;
   std::vector<RowExtent> extents_;
   Integer16 widest_;
-  std::int32_t position_ = 0;  // in the text, then of the row
-  std::int32_t row_ = 0;
+  std::size_t measured_ = 0;  // of the table so far; told in a failure
 };
 
 }  // namespace

@@ -4,41 +4,46 @@
 
 namespace quillary::RepairHTMLTable {
 
-TextView TableRow::Between(const TableTag& open, const TableTag& close) const {
-  return MidView(text, open.EndPos - start + 2, close.StartPos - open.EndPos - 1);
+std::size_t TableRow::OffsetAfter(const Tag& tag) const {
+  if (tag.end < begin) throw Failure(Failure::Kind::Argument);
+  return tag.end - begin;
+}
+
+TextView TableRow::Between(const Tag& open, const Tag& close) const {
+  return text.substr(OffsetAfter(open), close.begin - open.end);
 }
 
 Text RewriteRows(TextView table, std::size_t limit, const RowWriter& write) {
   Text output;
-  std::int32_t copy_pos = 1;
-  std::int32_t rest = 1;
+  std::size_t copied = 0;
+  std::size_t rest = 0;
   bool row_written = false;
-  TableTag row;
-  std::vector<TableTag> cells;
+  Tag row;
+  std::vector<Tag> cells;
   Integer16 count;
-  for (TableTag tag = NextCellTag(table, 1); tag.found() && tag.Name != u"/TABLE";
-       tag = NextCellTag(table, tag.EndPos + 1)) {
-    if (tag.Name == u"TR") {
-      output += MidView(table, copy_pos, tag.StartPos - copy_pos);
+  for (Tag tag = FindCellTag(table, 0); tag.found() && tag.name != u"/TABLE";
+       tag = FindCellTag(table, tag.end)) {
+    if (tag.name == u"TR") {
+      output += table.substr(copied, tag.begin - copied);
       row = tag;
-    } else if (tag.Name == u"TABLE") {
-      output += MidView(table, copy_pos, tag.EndPos - copy_pos + 1);
-      if (!row_written) rest = tag.EndPos + 1;
-    } else if (tag.Name == u"/TR") {
-      const TextView text = MidView(table, row.StartPos, tag.EndPos - row.StartPos + 1);
-      write(TableRow{text, row.StartPos, cells, tag}, output);
+    } else if (tag.name == u"TABLE") {
+      output += table.substr(copied, tag.end - copied);
+      if (!row_written) rest = tag.end;
+    } else if (tag.name == u"/TR") {
+      if (!row.found()) throw Failure(Failure::Kind::Argument);
+      write(TableRow{table.substr(row.begin, tag.end - row.begin), row.begin, cells}, output);
       if (output.size() > limit) throw LimitReached(LimitReached::Limit::Growth);
       cells.clear();
       count = 0;
-      rest = tag.EndPos + 1;
+      rest = tag.end;
       row_written = true;
     } else {
       ++count;
       cells.push_back(tag);
     }
-    copy_pos = tag.EndPos + 1;
+    copied = tag.end;
   }
-  output += MidView(table, rest);
+  output += table.substr(rest);
   return output;
 }
 

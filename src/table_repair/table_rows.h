@@ -11,14 +11,15 @@
 namespace quillary::RepairHTMLTable {
 
 struct TableRow {
-  TextView text;                       // from the open row's tag through the closing one
-  std::int32_t start = 0;              // its place in the table
-  const std::vector<TableTag>& cells;  // the cell tags since the last row end, in order
-  TableTag end;
+  TextView text;                  // from the open row's tag through the closing one
+  std::size_t begin = 0;          // its offset in the table, from which its tags are counted too
+  const std::vector<Tag>& cells;  // the cell tags since the last row end, in order
 
-  /// What stands between two tags of the row. Throws Failure (argument) if
-  /// that lies in front of the row.
-  TextView Between(const TableTag& open, const TableTag& close) const;
+  /// The offset in the row after this tag. Throws Failure (argument) if that
+  /// lies before the row.
+  std::size_t OffsetAfter(const Tag& tag) const;
+  /// What stands between two tags of the row. Fails as OffsetAfter does.
+  TextView Between(const Tag& open, const Tag& close) const;
 };
 
 /// Writes one row of the table onto the text.

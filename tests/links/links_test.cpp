@@ -1,5 +1,5 @@
-// The fast scans of links against their slow twins, and what a page of nothing
-// but traps costs them.
+// The scans of links against their reference implementations, and what a page of
+// nothing but traps costs them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 #include "links/email_addresses.h"
 #include "links/label_links.h"
 #include "links/link_lists.h"
-#include "links/links_twins.h"
+#include "links/links_reference.h"
 #include "links/picture_links.h"
 #include "links/scan_links.h"
 #include "rules/sentinels.h"
@@ -93,16 +93,16 @@ std::vector<Text> Entries(const TextList& list) {
   return entries;
 }
 
-void ExpectSameScan(Scan fast, Scan slow, const RtfToHtmlState& start, const Text& page) {
-  RtfToHtmlState quick = start;
-  RtfToHtmlState judged = start;
-  quick.HtmlOut.Assign(page);
-  judged.HtmlOut.Assign(page);
-  const bool done = Attempt([&] { fast(quick, page); });
-  ASSERT_EQ(done, Attempt([&] { slow(judged, page); })) << testing::PrintToString(page);
-  ASSERT_EQ(quick.HtmlOut.text(), judged.HtmlOut.text()) << testing::PrintToString(page);
-  ASSERT_EQ(Entries(quick.FoundLinks), Entries(judged.FoundLinks)) << testing::PrintToString(page);
-  ASSERT_EQ(Entries(quick.FoundEmails), Entries(judged.FoundEmails)) << testing::PrintToString(page);
+void ExpectSameScan(Scan fast, Scan reference, const RtfToHtmlState& start, const Text& page) {
+  RtfToHtmlState actual = start;
+  RtfToHtmlState expected = start;
+  actual.HtmlOut.Assign(page);
+  expected.HtmlOut.Assign(page);
+  const bool done = Attempt([&] { fast(actual, page); });
+  ASSERT_EQ(done, Attempt([&] { reference(expected, page); })) << testing::PrintToString(page);
+  ASSERT_EQ(actual.HtmlOut.text(), expected.HtmlOut.text()) << testing::PrintToString(page);
+  ASSERT_EQ(Entries(actual.FoundLinks), Entries(expected.FoundLinks)) << testing::PrintToString(page);
+  ASSERT_EQ(Entries(actual.FoundEmails), Entries(expected.FoundEmails)) << testing::PrintToString(page);
 }
 
 constexpr TextView kWebPieces =
@@ -112,50 +112,50 @@ constexpr TextView kWebPieces =
     u"k\u212a¶file:\\\\c¶&lt;http://aa.gif&gt;¶&lt;HTTP://AB&gt;¶b@c.d¶"
     u"abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyz";
 
-TEST(ScanLinks, AgreesWithItsTwin) {
+TEST(ScanLinks, AgreesWithItsReferenceImplementation) {
   const RtfToHtmlState state = Loaded();
   Pages pages(Pieces(state, kWebPieces), 1);
   for (int i = 0; i < 10000 && !HasFatalFailure(); ++i) {
-    ExpectSameScan(links::ScanLinks, links_twins::ScanLinks, state, pages.Next());
+    ExpectSameScan(links::ScanLinks, links_reference::ScanLinks, state, pages.Next());
   }
 }
 
-TEST(ScanLinks, AgreesWithItsTwinOnLabels) {
+TEST(ScanLinks, AgreesWithItsReferenceImplementationOnLabels) {
   const RtfToHtmlState state = Loaded();
   Pages pages(Split(u"www.a¶www.a ¶ ¶&lt;t&gt;¶ &lt;t&gt; ¶&lt;T&gt; ¶www.A &lt;t&gt; ¶www.a.&lt;t&gt; ¶"
                     u"www.a;&lt;t&gt; ¶&gt; ¶&lt;¶&lt;www.a.gif&gt;¶&lt;www.aaaaaaaaaaaaaaaaaaaa.gif&gt;¶"
                     u"www.x@y.z¶http://¶x"),
               2);
   for (int i = 0; i < 10000 && !HasFatalFailure(); ++i) {
-    ExpectSameScan(links::ScanLinks, links_twins::ScanLinks, state, pages.Next());
+    ExpectSameScan(links::ScanLinks, links_reference::ScanLinks, state, pages.Next());
   }
 }
 
 // The lists are state like any other: what stands in them decides.
-TEST(ScanLinks, AgreesWithItsTwinOnOtherLists) {
-  for (const bool blank_ends : {true, false}) {
+TEST(ScanLinks, AgreesWithItsReferenceImplementationOnOtherLists) {
+  for (const bool space_ends : {true, false}) {
     RtfToHtmlState state;
     links::LoadBracketPrefixes(state);
     state.LinkPrefixes.Set(2, u"w w.");
-    if (!blank_ends) state.LinkPrefixes.Set(2, u"ww");
+    if (!space_ends) state.LinkPrefixes.Set(2, u"ww");
     state.LinkDelimiters.Size(6);
-    state.LinkDelimiters.Set(1, blank_ends ? u" " : u"]");
+    state.LinkDelimiters.Set(1, space_ends ? u" " : u"]");
     state.LinkDelimiters.Set(2, u"&gt;");
     for (std::int32_t i = 3; i <= 6; ++i) state.LinkDelimiters.Set(i, u"|");
     Pages pages(Split(u"w w.¶ww¶ ¶&lt;file://¶&lt;¶&gt;¶&gt; ¶|¶]¶abc¶.¶ &lt;t&gt; "), 3);
     for (int i = 0; i < 3000 && !HasFatalFailure(); ++i) {
-      ExpectSameScan(links::ScanLinks, links_twins::ScanLinks, state, pages.Next());
+      ExpectSameScan(links::ScanLinks, links_reference::ScanLinks, state, pages.Next());
     }
   }
 }
 
-TEST(ScanBracketLinks, AgreesWithItsTwin) {
+TEST(ScanBracketLinks, AgreesWithItsReferenceImplementation) {
   RtfToHtmlState state;
   links::LoadBracketPrefixes(state);
   links::LoadBracketDelimiters(state);
   Pages pages(Pieces(state, u"a¶b.c¶@¶.¶&LT;FILE:¶&GT;¶&gt¶;¶<br>¶ "), 4);
   for (int i = 0; i < 10000 && !HasFatalFailure(); ++i) {
-    ExpectSameScan(links::ScanBracketLinks, links_twins::ScanBracketLinks, state, pages.Next());
+    ExpectSameScan(links::ScanBracketLinks, links_reference::ScanBracketLinks, state, pages.Next());
   }
 }
 
@@ -163,34 +163,35 @@ constexpr TextView kMailPieces =
     u"@¶.¶-¶a¶b.c¶a@b.c¶A@b.c¶&lt;¶&gt;¶&lt;mailto:¶&lt;mailto:a@b.c&gt;¶"
     u" &lt;mailto:a@b.c&gt;¶mailto:¶?¶#¶$¶,¶:¶=¶&¶+¶ ¶<br>¶~¶%¶/¶x,a@b.c¶\u00de¶\u017d";
 
-TEST(ScanEmailAddresses, AgreesWithItsTwin) {
+TEST(ScanEmailAddresses, AgreesWithItsReferenceImplementation) {
   const RtfToHtmlState state = Loaded();
   Pages pages(Pieces(state, kMailPieces), 5);
   Pages dense(Split(kMailPieces), 6);
   for (int i = 0; i < 10000 && !HasFatalFailure(); ++i) {
-    ExpectSameScan(links::ScanEmailAddresses, links_twins::ScanEmailAddresses, state, pages.Next());
-    ExpectSameScan(links::ScanEmailAddresses, links_twins::ScanEmailAddresses, state, dense.Next(10));
+    ExpectSameScan(links::ScanEmailAddresses, links_reference::ScanEmailAddresses, state, pages.Next());
+    ExpectSameScan(links::ScanEmailAddresses, links_reference::ScanEmailAddresses, state, dense.Next(10));
   }
 }
 
-TEST(ExtractEmailAddress, AgreesWithItsTwin) {
+TEST(ExtractEmailAddress, AgreesWithItsReferenceImplementation) {
   Pages pages(Split(u"@¶@¶.¶.¶-¶a¶b¶c.d¶?¶#¶$¶!¶,¶:¶ ¶&¶\r\n¶}¶£¶;¶^"), 8);
   for (int i = 0; i < 10000; ++i) {
     const Text word = pages.Next(14);
-    ASSERT_EQ(links::ExtractEmailAddress(word), links_twins::ExtractEmailAddress(word))
+    ASSERT_EQ(links::ExtractEmailAddress(word), links_reference::ExtractEmailAddress(word))
         << testing::PrintToString(word);
     Text fast = word;
-    Text slow = word;
-    ASSERT_EQ(links::StripEmailFringe(fast), links_twins::StripEmailFringe(slow))
+    Text reference = word;
+    ASSERT_EQ(links::StripEmailFringe(fast), links_reference::StripEmailFringe(reference))
         << testing::PrintToString(word);
-    ASSERT_EQ(fast, slow);
+    ASSERT_EQ(fast, reference);
   }
 }
 
-TEST(Repairs, AgreeWithTheirTwins) {
-  const std::pair<Repair, Repair> repairs[] = {{links::RepairLabelLinks, links_twins::RepairLabelLinks},
-                                               {links::RepairLabelAnchors, links_twins::RepairLabelAnchors},
-                                               {links::RepairPictureLinks, links_twins::RepairPictureLinks}};
+TEST(Repairs, AgreeWithTheirReferenceImplementations) {
+  const std::pair<Repair, Repair> repairs[] = {
+      {links::RepairLabelLinks, links_reference::RepairLabelLinks},
+      {links::RepairLabelAnchors, links_reference::RepairLabelAnchors},
+      {links::RepairPictureLinks, links_reference::RepairPictureLinks}};
   Pages pages(Split(u"<u>¶<U>¶</u>¶<font COLOR=\"#0000ff\">¶<font color=\"#0000ff\">¶<font SIZE=\"2\">¶L¶"
                     u"l ¶ ¶ &lt;¶&lt;¶&gt;¶<a href=\"t.u\">t</a>¶&lt;<a href=\"t.u\">t</a>&gt;</u>¶"
                     u" &LT;<A href=\"t.u\">t</a>&gt;</u>¶&gt;</u><font COLOR=\"#000000\">¶"
@@ -203,13 +204,14 @@ TEST(Repairs, AgreeWithTheirTwins) {
   int changed = 0;
   for (int i = 0; i < 10000; ++i) {
     const Text page = pages.Next(40);
-    for (const auto& [fast, slow] : repairs) {
-      Text quick;
-      Text judged;
-      const bool done = Attempt([&, run = fast] { quick = run(page); });
-      ASSERT_EQ(done, Attempt([&, run = slow] { judged = run(page); })) << testing::PrintToString(page);
-      ASSERT_EQ(quick, judged) << testing::PrintToString(page);
-      changed += done && quick != page;
+    for (const auto& [fast, reference] : repairs) {
+      Text actual;
+      Text expected;
+      const bool done = Attempt([&, run = fast] { actual = run(page); });
+      ASSERT_EQ(done, Attempt([&, run = reference] { expected = run(page); }))
+          << testing::PrintToString(page);
+      ASSERT_EQ(actual, expected) << testing::PrintToString(page);
+      changed += done && actual != page;
     }
   }
   EXPECT_GT(changed, 3000);

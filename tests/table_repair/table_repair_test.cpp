@@ -1,5 +1,5 @@
-// Table repair: the balancing scan against a slow twin that searches and
-// copies the whole output at every tag, the failures that leave it, and its cost.
+// Table repair: the balancing scan against a reference implementation that
+// searches and copies the whole output at every tag, the failures that leave it, and its cost.
 #include <gtest/gtest.h>
 
 #include <ctime>
@@ -16,9 +16,9 @@
 namespace quillary::RepairHTMLTable {
 namespace {
 
-// ---- the slow twin ----
+// ---- the reference implementation ----
 
-TableTag SlowNextCellTag(const Text& text, std::int32_t start) {
+TableTag ReferenceNextCellTag(const Text& text, std::int32_t start) {
   std::int32_t open = FindText(start, text, u"<");
   while (open > 0) {
     const std::int32_t i = open + 1;
@@ -40,17 +40,17 @@ TableTag SlowNextCellTag(const Text& text, std::int32_t start) {
   return {};
 }
 
-Text SlowInsertAfterLastTag(const Text& text, const std::vector<Text>& markers, const Text& insert) {
+Text ReferenceInsertAfterLastTag(const Text& text, const std::vector<Text>& tag_starts, const Text& insert) {
   std::int32_t last = 0;
-  for (const Text& marker : markers) {
-    last = std::max(last, LastPosition(text, marker, Compare::IgnoreCase));
+  for (const Text& tag_start : tag_starts) {
+    last = std::max(last, LastPosition(text, tag_start, Compare::IgnoreCase));
   }
   if (last == 0) return text;
   const std::int32_t close = FindText(last + 3, text, u">");
   return Left(text, close) + insert + Mid(text, close + 1);
 }
 
-bool SlowVisible(const Text& stretch) {
+bool IsVisible(const Text& stretch) {
   if (Trim(stretch).empty()) return false;
   for (std::int32_t i = 1; i <= Length(stretch); ++i) {
     if (Mid(stretch, i, 1)[0] > 32) return true;
@@ -58,13 +58,13 @@ bool SlowVisible(const Text& stretch) {
   return false;
 }
 
-Text SlowBalanceTableTags(const Text& table) {
+Text ReferenceBalanceTableTags(const Text& table) {
   Text out;
   Text pending;
   std::int32_t copy_pos = 1;
   bool in_row = false;
   bool in_cell = false;
-  TableTag tag = SlowNextCellTag(table, 1);
+  TableTag tag = ReferenceNextCellTag(table, 1);
   while (tag.StartPos != 0) {
     Text fix;
     Text stretch = Mid(table, copy_pos, tag.StartPos - copy_pos);
@@ -79,7 +79,7 @@ Text SlowBalanceTableTags(const Text& table) {
       if (!fix.empty()) {
         out = out + stretch + fix;
         copy_pos = tag.StartPos;
-      } else if (SlowVisible(stretch)) {
+      } else if (IsVisible(stretch)) {
         pending = row ? stretch : pending + stretch;
         copy_pos = tag.StartPos;
       }
@@ -90,10 +90,10 @@ Text SlowBalanceTableTags(const Text& table) {
         in_cell = true;
       }
     } else if (tag.Name == u"/TD") {
-      if (!in_row) out = SlowInsertAfterLastTag(out, {u"</TR", u"<TABLE"}, u"<TR>");
+      if (!in_row) out = ReferenceInsertAfterLastTag(out, {u"</TR", u"<TABLE"}, u"<TR>");
       in_row = true;
       if (!in_cell) {
-        out = SlowInsertAfterLastTag(out, {u"</TD", u"<TR"}, pending + u"<TD>");
+        out = ReferenceInsertAfterLastTag(out, {u"</TD", u"<TR"}, pending + u"<TD>");
         pending.clear();
       }
       out += Mid(table, copy_pos, tag.EndPos - copy_pos + 1);
@@ -103,8 +103,8 @@ Text SlowBalanceTableTags(const Text& table) {
         out = out + stretch + u"</TD>";
         copy_pos = tag.StartPos;
         in_cell = false;
-      } else if (SlowVisible(stretch)) {
-        out = SlowInsertAfterLastTag(out, {u"</TD"}, stretch);
+      } else if (IsVisible(stretch)) {
+        out = ReferenceInsertAfterLastTag(out, {u"</TD"}, stretch);
         copy_pos = tag.StartPos;
       }
       out += Mid(table, copy_pos, tag.EndPos - copy_pos + 1);
@@ -117,7 +117,7 @@ Text SlowBalanceTableTags(const Text& table) {
       if (!fix.empty()) {
         out = out + stretch + fix;
         copy_pos = tag.StartPos;
-      } else if (SlowVisible(stretch)) {
+      } else if (IsVisible(stretch)) {
         std::int32_t p = Length(out);
         while (p >= 1 && ToUpper(Mid(out, p, 5)) != u"</TD>") --p;
         out = p >= 1 ? Left(out, p - 1) + stretch + Mid(out, p) : out + u"<TR><TD>" + stretch + u"</TD></TR>";
@@ -126,7 +126,7 @@ Text SlowBalanceTableTags(const Text& table) {
       return out + Mid(table, copy_pos, tag.EndPos - copy_pos + 1);
     }
     copy_pos = tag.EndPos + 1;
-    tag = SlowNextCellTag(table, copy_pos);
+    tag = ReferenceNextCellTag(table, copy_pos);
   }
   return out + Mid(table, copy_pos);
 }
@@ -161,20 +161,19 @@ class Pages {
 
 std::string Shown(TextView text) { return std::string(text.begin(), text.end()); }
 
-TEST(BalanceTableTags, AgreesWithItsSlowTwin) {
+TEST(BalanceTableTags, AgreesWithItsReferenceImplementation) {
   Pages pages;
   int changed = 0;
   for (int i = 0; i < 20000; ++i) {
     const Text page = pages.Next();
-    const Text wanted = SlowBalanceTableTags(page);
+    const Text wanted = ReferenceBalanceTableTags(page);
     changed += wanted != page;
     ASSERT_EQ(Shown(wanted), Shown(BalanceTableTags(page))) << Shown(page);
   }
   EXPECT_GT(changed, 10000);
 }
 
-// A row that misses its end is raised again with its place in the table, and
-// leaves the page to the caller as it was.
+// What a reader sees of a cell, or what stands in front of that.
 Text Visible(TextView cell, bool only_in_front) {
   Text taken;
   Text in_front;
@@ -189,7 +188,7 @@ Text Visible(TextView cell, bool only_in_front) {
 }
 
 // Cell by cell, each replaced in its whole row.
-Text SlowCopyFirstCellFormat(const Text& table) {
+Text ReferenceCopyFirstCellFormat(const Text& table) {
   Text format;
   bool stopped = false;
   Text result = table;
@@ -201,12 +200,12 @@ Text SlowCopyFirstCellFormat(const Text& table) {
       }
       Text text(row.text);
       for (std::size_t i = 0; i + 1 < row.cells.size(); i += 2) {
-        const TableTag& open = row.cells[i];
-        const TableTag& close = row.cells[i + 1];
-        const Text cell = Mid(table, open.StartPos, close.EndPos - open.StartPos + 1);
-        const Text with = Mid(table, open.StartPos, open.EndPos - open.StartPos + 1) + format +
+        const Tag& open = row.cells[i];
+        const Tag& close = row.cells[i + 1];
+        const Text cell = table.substr(open.begin, close.end - open.begin);
+        const Text with = table.substr(open.begin, open.end - open.begin) + format +
                           Visible(row.Between(open, close), false) +
-                          Mid(table, close.StartPos, close.EndPos - close.StartPos + 1);
+                          table.substr(close.begin, close.end - close.begin);
         ReplaceIn(text, cell, with);
       }
       output += text;
@@ -216,7 +215,7 @@ Text SlowCopyFirstCellFormat(const Text& table) {
   return result;
 }
 
-TEST(CopyFirstCellFormat, AgreesWithItsSlowTwin) {
+TEST(CopyFirstCellFormat, AgreesWithItsReferenceImplementation) {
   constexpr TextView kPieces[] = {
       u"<td>", u"<td><b>a</td>", u"<td>a</td>", u"<td><b></td>", u"</td>", u"<tr>", u"</tr>", u"<b>", u"a",
       u"<",    u"</TD>",         u"<TD x>",     u"</tr><tr>",    u"d>",    u"\r"};
@@ -225,11 +224,13 @@ TEST(CopyFirstCellFormat, AgreesWithItsSlowTwin) {
     Text table = random() % 2 == 0 ? u"<table><tr><td><b>a</td>" : u"<table><tr>";
     for (auto count = random() % 9; count > 0; --count) table += kPieces[random() % std::size(kPieces)];
     table += u"</tr></table>";
-    ASSERT_EQ(SlowCopyFirstCellFormat(table), CopyFirstCellFormat(table))
+    ASSERT_EQ(ReferenceCopyFirstCellFormat(table), CopyFirstCellFormat(table))
         << std::string(table.begin(), table.end());
   }
 }
 
+// A row that misses its end is raised again with its position in the table, and
+// leaves the page to the caller as it was.
 TEST(SpanShortRows, TellsWhereARowHasNoEnd) {
   const Text table = u"<table><tr><td>1</td></tr><tr><td>2</td></table>";
   try {
@@ -256,8 +257,8 @@ TEST(SpanShortRows, CountsCellsInSixteenBits) {
 }
 
 TEST(EmptyCells, LookAtNoMoreThanSixteenBitsOfACell) {
-  const auto table = [](std::size_t blanks, TextView end) {
-    return Text(u"<tr><td>") + Text(blanks, u' ') + Text(end) + u"</td></tr>";
+  const auto table = [](std::size_t spaces, TextView end) {
+    return Text(u"<tr><td>") + Text(spaces, u' ') + Text(end) + u"</td></tr>";
   };
   EXPECT_EQ(u"<tr><td>&nbsp;", FillEmptyCells(table(32767, u"")).substr(0, 14));
   EXPECT_EQ(table(32768, u""), FillEmptyCells(table(32768, u"")));

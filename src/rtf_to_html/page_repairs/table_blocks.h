@@ -1,5 +1,7 @@
-// A page cut into pieces after every "</table>", so that a block can be
-// replaced where it stands first without a search through the whole page.
+// Part of the module modQuillary: the walk over the tables of an assembled page.
+// It repairs nothing itself, but hands each table to a routine such as that of
+// modTable. The page is cut into pieces after every "</table>", so that a block
+// can be replaced where it stands first without a search through the whole page.
 #pragma once
 
 #include <cstdint>

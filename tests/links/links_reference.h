@@ -1,10 +1,10 @@
-// The judges of the fast scans: each step as it is told, with a whole search
-// and a whole copy wherever one is told. Slow by design.
+// Reference implementations of the scans: each step by itself, with a search of
+// the whole page and a copy of it wherever one is due. Slow by design.
 #pragma once
 
 #include "apartment/rtf_to_html_state.h"
 
-namespace quillary::links_twins {
+namespace quillary::links_reference {
 
 void ScanLinks(RtfToHtmlState& state, TextView copy);
 void ScanBracketLinks(RtfToHtmlState& state, TextView copy);
@@ -15,4 +15,4 @@ Text RepairLabelAnchors(TextView html);
 Text RepairLabelLinks(TextView html);
 Text RepairPictureLinks(TextView html);
 
-}  // namespace quillary::links_twins
+}  // namespace quillary::links_reference

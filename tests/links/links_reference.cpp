@@ -1,8 +1,8 @@
-#include "links/links_twins.h"
+#include "links/links_reference.h"
 
 #include "rules/sentinels.h"
 
-namespace quillary::links_twins {
+namespace quillary::links_reference {
 namespace {
 
 constexpr Compare kIgnoreCase = Compare::IgnoreCase;
@@ -93,7 +93,7 @@ void ScanLinks(RtfToHtmlState& state, TextView copy) {
       const std::int32_t length = Length(link);
       if (!link.empty()) {
         anchor = ReplaceAll(anchor, u"@", sentinels::at_sign);
-        const std::int32_t blank = FindText(s.end + 2, html, u" ");
+        const std::int32_t space = FindText(s.end + 2, html, u" ");
         if (closed && Stands(html, s.start - 4, u"&lt;")) {
           if (link.ends_with(u".gif") || link.ends_with(u".jpg") || link.ends_with(u".jpeg") ||
               link.ends_with(u".png")) {
@@ -102,7 +102,7 @@ void ScanLinks(RtfToHtmlState& state, TextView copy) {
           } else {
             html = Joined({Left(html, s.start - 1), anchor, Mid(html, s.start + length)});
           }
-        } else if (Stands(html, s.end + 1, u"&lt;") && blank > 0 && Stands(html, blank - 4, u"&gt;")) {
+        } else if (Stands(html, s.end + 1, u"&lt;") && space > 0 && Stands(html, space - 4, u"&gt;")) {
           const Text target = Mid(html, s.end + 5, FindText(s.end + 5, html, u"&gt;") - s.end - 5);
           Attempt([&] { label = Mid(html, s.start, FindText(s.start, html, u"&lt;") - 1 - s.start); });
           anchor = Joined({u"<a href=\"", target, u"\">", label, u"</a>"});
@@ -185,9 +185,9 @@ Text ExtractEmailAddress(TextView stretch) {
   const std::int32_t limit = std::min(30000, Length(stretch) + 20);
   std::int32_t pos = 1;
   for (std::int32_t step = 0; step < limit; ++step) {
-    const std::int32_t blank = FindText(pos, stretch, u" ");
-    Text candidate = blank > 0 ? Mid(stretch, pos, blank - pos + 1) : Mid(stretch, pos);
-    pos = blank > 0 ? blank + 1 : 1;
+    const std::int32_t space = FindText(pos, stretch, u" ");
+    Text candidate = space > 0 ? Mid(stretch, pos, space - pos + 1) : Mid(stretch, pos);
+    pos = space > 0 ? space + 1 : 1;
     if (!Holds(candidate, u"@")) continue;
     StripEmailFringe(candidate);
     for (bool again = true; again;) {
@@ -253,13 +253,13 @@ void ScanEmailAddresses(RtfToHtmlState& state, TextView copy) {
     }
     if (Stands(lower, right - 1, u".")) --right;
     Attempt([&] { word = Mid(html, left + 2, right - left - 2); });
-    const Text address = word.size() > 3 ? links_twins::ExtractEmailAddress(word) : Text();
+    const Text address = word.size() > 3 ? links_reference::ExtractEmailAddress(word) : Text();
     if (!address.empty()) {
       state.FoundEmails.Set(n, address);
       const Text anchor = Joined({u"<a href=\"mailto:", address, u"\">", address, u"</a>"});
       const std::int32_t length = Length(address);
-      // Behind what the word lost at the front: the address is looked for from
-      // behind, as all that can stand twice in the word is cut off its front.
+      // After what the word lost at the front: the address is looked for from
+      // the end, as all that can stand twice in the word is cut off its front.
       const std::int32_t own = left + 1 + LastPosition(word, address);
       if (!Trim(previous).empty() && Stands(html, own - 11, u"&lt;mailto:") &&
           Stands(html, own + length, u"&gt;") && address == previous) {
@@ -303,9 +303,9 @@ void Remove(Text& text, std::initializer_list<TextView> finds) {
 
 Text RepairLabelLinks(TextView given) {
   Text html(given);
-  const Text marker = u"&gt;</u><font COLOR=\"#000000\">";
+  const Text run_end = u"&gt;</u><font COLOR=\"#000000\">";
   for (int i = 0; i < 250; ++i) {
-    const std::int32_t hit = FindText(1, html, marker, kIgnoreCase);
+    const std::int32_t hit = FindText(1, html, run_end, kIgnoreCase);
     if (hit == 0) break;
     const Text left = Left(html, hit + 3);
     const std::int32_t a = LastPosition(left, u"&lt;", kIgnoreCase);
@@ -355,7 +355,7 @@ Text RepairLabelAnchors(TextView given) {
     html = ReplaceAll(html, Joined({u"<u>", fonts, label, anchor}), fresh, kIgnoreCase);
   }
   for (const TextView ending : {u".gif\"></u>", u".jpg\"></u>", u"jpeg\"></u>", u".png\"></u>"}) {
-    if (Holds(html, ending)) return links_twins::RepairPictureLinks(html);
+    if (Holds(html, ending)) return links_reference::RepairPictureLinks(html);
   }
   return html;
 }
@@ -390,4 +390,4 @@ Text RepairPictureLinks(TextView given) {
   return html;
 }
 
-}  // namespace quillary::links_twins
+}  // namespace quillary::links_reference
