@@ -77,18 +77,19 @@ def copy_tree():
 def mutate(count, rng, tests):
     """Runs the tests on so many changes; the survivors, described."""
     rules.shared = lines_in(TREE / SHARED_NAMES)
-    in_rules = rules.mutation, [place for place in lines_of("*.rules") if can_fire(*place)]
-    in_cpp = cpp.mutation, lines_of("*.cpp")
+    in_rules, in_cpp = lines_of("*.rules"), lines_of("*.cpp")
     survivors = []
     drawn = set()
     done = 0
     while done < count:
-        mutation, places = in_rules if done % 2 == 0 else in_cpp
-        name, at = rng.choice(places)
+        name, at = rng.choice(in_rules if done % 2 == 0 else in_cpp)
         path = TREE / name
         original = path.read_bytes()
-        before = original.decode().split("\n")
-        change = mutation(before, at, rng)
+        before = lines_in(path)
+        if path.suffix == ".rules":
+            change = rules.mutation(before, at, rng, lines_in(path.with_suffix(".cases")))
+        else:
+            change = cpp.mutation(before, at, rng)
         if not change:
             continue
         what, after = change
@@ -124,15 +125,9 @@ def lines_of(pattern):
     return places
 
 
-def can_fire(name, at):
-    """Whether a line is no rule of which the cases beside its file prove that no text fires it."""
-    cases = (TREE / name).with_suffix(".cases")
-    return not cases.exists() or not rules.listed_unreachable(lines_in(TREE / name), at, lines_in(cases))
-
-
 @functools.cache
 def lines_in(path):
-    return path.read_text().split("\n")
+    return path.read_text().split("\n") if path.exists() else []
 
 
 def difference(before, after):
