@@ -36,6 +36,8 @@ MEMORY = 4 << 30
 def main():
     if len(sys.argv) not in (2, 3) or not all(word.isdigit() for word in sys.argv[1:]):
         sys.exit("usage: mutate.py N [SEED]")
+    # So that an end from outside ends what was started, too.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("ended"))
     count = int(sys.argv[1])
     seed = int(sys.argv[2]) if len(sys.argv) == 3 else random.SystemRandom().randrange(1_000_000)
     print(f"seed {seed}", flush=True)

@@ -2,7 +2,7 @@
 
 What is proven to change nothing is not offered: a rule that compares no letters
 in the other mode, neighbours that cannot touch each other's text, a guard whose
-text is a part of every rule behind it.
+text is a part of every rule in its block.
 """
 import itertools
 import re
@@ -150,7 +150,7 @@ def block_end(lines, at):
 
 
 def implied(lines, at, asked):
-    """Whether no rule behind the guard can fire where the condition is not met."""
+    """Whether no rule in the block can fire where the condition is not met."""
     if asked[1] or asked[4]:
         return False
     ignoring = mode_at(lines, at, asked.start() + asked[0].index("⟩") + 1) == "ignore-case"
