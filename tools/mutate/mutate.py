@@ -36,6 +36,8 @@ MEMORY = 4 << 30
 def main():
     if len(sys.argv) not in (2, 3) or not all(word.isdigit() for word in sys.argv[1:]):
         sys.exit("usage: mutate.py N [SEED]")
+    # So that an end from outside ends what was started, too.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("ended"))
     count = int(sys.argv[1])
     seed = int(sys.argv[2]) if len(sys.argv) == 3 else random.SystemRandom().randrange(1_000_000)
     print(f"seed {seed}", flush=True)
@@ -77,18 +79,19 @@ def copy_tree():
 def mutate(count, rng, tests):
     """Runs the tests on so many changes; the survivors, described."""
     rules.shared = lines_in(TREE / SHARED_NAMES)
-    in_rules = rules.mutation, [place for place in lines_of("*.rules") if can_fire(*place)]
-    in_cpp = cpp.mutation, lines_of("*.cpp")
+    in_rules, in_cpp = lines_of("*.rules"), lines_of("*.cpp")
     survivors = []
     drawn = set()
     done = 0
     while done < count:
-        mutation, places = in_rules if done % 2 == 0 else in_cpp
-        name, at = rng.choice(places)
+        name, at = rng.choice(in_rules if done % 2 == 0 else in_cpp)
         path = TREE / name
         original = path.read_bytes()
-        before = original.decode().split("\n")
-        change = mutation(before, at, rng)
+        before = lines_in(path)
+        if path.suffix == ".rules":
+            change = rules.mutation(before, at, rng, lines_in(path.with_suffix(".cases")))
+        else:
+            change = cpp.mutation(before, at, rng)
         if not change:
             continue
         what, after = change
@@ -124,15 +127,9 @@ def lines_of(pattern):
     return places
 
 
-def can_fire(name, at):
-    """Whether a line is no rule of which the cases beside its file prove that no text fires it."""
-    cases = (TREE / name).with_suffix(".cases")
-    return not cases.exists() or not rules.listed_unreachable(lines_in(TREE / name), at, lines_in(cases))
-
-
 @functools.cache
 def lines_in(path):
-    return path.read_text().split("\n")
+    return path.read_text().split("\n") if path.exists() else []
 
 
 def difference(before, after):

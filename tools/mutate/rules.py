@@ -2,7 +2,7 @@
 
 What is proven to change nothing is not offered: a rule that compares no letters
 in the other mode, neighbours that cannot touch each other's text, a guard whose
-text is a part of every rule behind it.
+text is a part of every rule in its block.
 """
 import itertools
 import re
@@ -21,10 +21,15 @@ NUMBERED = r"\\u\{[0-9A-F]+\}"
 shared = []
 
 
-def mutation(lines, at, rng):
+def mutation(lines, at, rng, cases):
     """One random change at that line: what it is and the lines after it, or None."""
     kinds = CHANGES.get(kind_of(lines[at]), [])
+    if kind_of(lines[at]) == "rule" and listed(lines, at, cases, "unreachable"):
+        return None
     for change in rng.sample(kinds, len(kinds)):
+        same = SAME.get(change)
+        if same and kind_of(lines[at]) == "rule" and listed(lines, at, cases, "same", same):
+            continue
         changed = change(lines, at, rng)
         if changed:
             return changed
@@ -145,7 +150,7 @@ def block_end(lines, at):
 
 
 def implied(lines, at, asked):
-    """Whether no rule behind the guard can fire where the condition is not met."""
+    """Whether no rule in the block can fire where the condition is not met."""
     if asked[1] or asked[4]:
         return False
     ignoring = mode_at(lines, at, asked.start() + asked[0].index("⟩") + 1) == "ignore-case"
@@ -268,23 +273,22 @@ def expanded(lines, at):
     return list(written_out(pair, values_at(lines, at, known)))
 
 
-def listed_unreachable(lines, at, cases):
-    """Whether the case file says of every rule of that line that no text fires it."""
-    if kind_of(lines[at]) != "rule":
-        return False
+def listed(lines, at, cases, verdict, change=""):
+    """Whether the case file says of every rule of that line that it never fires, or that a change of it is none."""
     stage = next(i for i in range(at, -1, -1) if kind_of(lines[i]) == "stage")
     chain = next(line for line in reversed(lines[:stage]) if kind_of(line) == "chain")
-    entry = f"unreachable {chain.split()[1]}/{lines[stage].split()[1]} "
+    entry = f"{verdict} {chain.split()[1]}/{lines[stage].split()[1]} "
     known = texts([])
-    listed = set()
+    named = set()
     for line in cases:
         if line.startswith(entry):
             find = LITERAL.search(line)
-            for (written,) in written_out([spelt(find[1], known)], values_in(line[find.end() :], known)):
-                listed.add(written)
+            if line[find.end() :].split()[0] == change or not change:
+                for (written,) in written_out([spelt(find[1], known)], values_in(line[find.end() :], known)):
+                    named.add(written)
     own = finds(lines, at)
-    if not own <= listed:
-        return False
+    if not own <= named or change:
+        return own <= named
     # Of rules with one find text the first is the one that fires.
     end = next((i for i in range(at, len(lines)) if kind_of(lines[i]) in ("stage", "chain")), len(lines))
     alike = [i for i in range(stage, end) if kind_of(lines[i]) == "rule" and finds(lines, i) & own]
@@ -310,6 +314,8 @@ def commute(lines, one, other):
     return True
 
 
+# What the case files call a change that makes no difference.
+SAME = {drop: "dropped", flip_mode: "flipped", change_limit: "unlimited"}
 CHANGES = {
     "rule": [drop, flip_mode, change_literal, change_limit, swap, move_bound],
     "when": [flip_mode, change_literal, change_guard],
