@@ -1,8 +1,7 @@
 // Part of the module modQuillary: repairs of the tables of an assembled page that
-// are more than a chain of rules, in running order. None of them parses: each knows the exact shapes that this
-// program's assembly is known to leave. What is wrong with tables of any page is
-// for table_repair (RepairHTMLTable); formats that run on from cell to cell are
-// for html_finishing/cell_formats (modTable).
+// are more than a chain of rules, in running order. None of them parses: each knows the exact shapes that
+// this program's assembly is known to leave. What is wrong with tables of any page is for table_repair
+// (RepairHTMLTable); formats that run on from cell to cell are for html_finishing/cell_formats (modTable).
 #pragma once
 
 #include <functional>
