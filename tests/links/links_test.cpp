@@ -11,6 +11,7 @@
 #include "links/label_links.h"
 #include "links/link_lists.h"
 #include "links/links_twins.h"
+#include "links/page_text.h"
 #include "links/picture_links.h"
 #include "links/scan_links.h"
 #include "rules/sentinels.h"
@@ -111,6 +112,32 @@ constexpr TextView web_pieces =
     u"www.&lt;&lt;t&gt; ¶ ¶.gif¶.png¶<a href=\"¶\">¶</a>¶<br>¶c:\\x\\y¶\\\\s\\d¶\u017f¶"
     u"k\u212a¶file:\\\\c¶&lt;http://aa.gif&gt;¶&lt;HTTP://AB&gt;¶b@c.d¶"
     u"abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyz";
+
+TEST(PageText, IsAfterEachChangeWhatATextWouldBe) {
+  std::mt19937 random(5);
+  const auto below = [&](std::size_t end) { return static_cast<std::int32_t>(random() % end); };
+  for (int round = 0; round < 200; ++round) {
+    Text text(static_cast<std::size_t>(below(60)), u'x');
+    for (char16_t& unit : text) unit = static_cast<char16_t>(u'a' + below(26));
+    links::PageText page(text);
+    for (int change = 0; change < 20; ++change) {
+      const std::int32_t start = below(text.size() + 1) + 1;
+      const std::int32_t count = below(8);
+      const Text with(static_cast<std::size_t>(below(12)), static_cast<char16_t>(u'A' + change));
+      page.Replace(start, count, with);
+      text.replace(static_cast<std::size_t>(start) - 1, static_cast<std::size_t>(count), with);
+      ASSERT_EQ(page.Size(), Length(text));
+      const std::int32_t from = below(text.size() + 1) + 1;
+      const std::int32_t units = below(text.size() + 1);
+      ASSERT_EQ(page.Mid(from, units), Mid(text, from, units));
+      ASSERT_TRUE(page.StandsAt(from, Mid(text, from, units), Compare::Binary));
+      if (change % 4 == 0) {
+        ASSERT_EQ(page.From(from), Mid(text, from));
+      }
+    }
+    ASSERT_EQ(page.Take(), text);
+  }
+}
 
 TEST(ScanLinks, AgreesWithItsTwin) {
   const RtfToHtmlState state = Loaded();
