@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 std::vector<std::u16string> Samples() {
   std::vector<fs::path> paths;
   for (const auto& entry : fs::directory_iterator(QUILLARY_TESTS_DIR "/../samples")) {
-    paths.push_back(entry.path());
+    if (entry.path().extension() == ".rtf") paths.push_back(entry.path());
   }
   std::sort(paths.begin(), paths.end());
   std::vector<std::u16string> documents;
@@ -30,11 +30,14 @@ std::vector<std::u16string> Samples() {
   return documents;
 }
 
+enum class Form { Plain, Cleaned, Xhtml };
+
 // The document by every conversion of RTF, in the apartment of the thread.
-void Convert(const std::u16string& rtf, bool cleaned, std::vector<std::u16string>& results) {
+void Convert(const std::u16string& rtf, Form form, std::vector<std::u16string>& results) {
   Quillaryv8 converter;
-  converter.CleanHTML(cleaned ? u"yes" : u"no");
-  converter.UseSpanTags(cleaned ? u"yes" : u"no");
+  converter.CleanHTML(form == Form::Cleaned ? u"yes" : u"no");
+  converter.XHTMLOutput(form == Form::Xhtml ? u"yes" : u"no");
+  converter.UseSpanTags(form == Form::Cleaned ? u"yes" : u"no");
   for (const auto conversion :
        {&Quillaryv8::ConvertRTF, &Quillaryv8::ConvertRawHtml, &Quillaryv8::ConvertNoBody,
         &Quillaryv8::ConvertRTFHeader, &Quillaryv8::ConvertRTFPlain}) {
@@ -48,8 +51,8 @@ std::thread Worker(const std::vector<std::u16string>& documents, std::size_t fir
                    std::vector<std::u16string>& results) {
   return std::thread([&documents, first, &results] {
     for (std::size_t i = 0; i < documents.size(); ++i) {
-      for (const bool cleaned : {false, true}) {
-        Convert(documents[(first + i) % documents.size()], cleaned, results);
+      for (const Form form : {Form::Plain, Form::Cleaned, Form::Xhtml}) {
+        Convert(documents[(first + i) % documents.size()], form, results);
       }
     }
   });

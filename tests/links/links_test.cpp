@@ -11,6 +11,7 @@
 #include "links/label_links.h"
 #include "links/link_lists.h"
 #include "links/links_reference.h"
+#include "links/page_editor.h"
 #include "links/picture_links.h"
 #include "links/scan_links.h"
 #include "rules/sentinels.h"
@@ -111,6 +112,32 @@ constexpr TextView kWebPieces =
     u"www.&lt;&lt;t&gt; ¶ ¶.gif¶.png¶<a href=\"¶\">¶</a>¶<br>¶c:\\x\\y¶\\\\s\\d¶\u017f¶"
     u"k\u212a¶file:\\\\c¶&lt;http://aa.gif&gt;¶&lt;HTTP://AB&gt;¶b@c.d¶"
     u"abcdefghijklmnopqrstuvwxyzabcdefghijklmnopqrstuvwxyz";
+
+TEST(PageEditor, IsAfterEachChangeWhatATextWouldBe) {
+  std::mt19937 random(5);
+  const auto below = [&](std::size_t end) { return random() % end; };
+  for (int round = 0; round < 200; ++round) {
+    Text text(below(60), u'x');
+    for (char16_t& unit : text) unit = static_cast<char16_t>(u'a' + below(26));
+    links::PageEditor page(text);
+    for (int change = 0; change < 20; ++change) {
+      const std::size_t start = below(text.size() + 1);
+      const std::size_t count = below(text.size() - start + 1);
+      const Text with(below(12), static_cast<char16_t>(u'A' + change));
+      page.Replace(start, count, with);
+      text.replace(start, count, with);
+      ASSERT_EQ(page.Size(), text.size());
+      const std::size_t from = below(text.size() + 1);
+      const Text piece = text.substr(from, below(text.size() + 1));
+      ASSERT_EQ(page.Copy(from, piece.size()), piece);
+      ASSERT_TRUE(page.StandsAt(from, piece, Compare::Binary));
+      if (change % 4 == 0) {
+        ASSERT_EQ(page.From(from), text.substr(from));
+      }
+    }
+    ASSERT_EQ(page.Take(), text);
+  }
+}
 
 TEST(ScanLinks, AgreesWithItsReferenceImplementation) {
   const RtfToHtmlState state = Loaded();

@@ -5,6 +5,7 @@
 #include <tidybuffio.h>
 
 #include <functional>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
@@ -41,7 +42,11 @@ class Buffer {
 
 enum class Form { Html, Xhtml };
 
-// One page on its way through the library.
+// The library keeps static tables that change with the page it has at hand: two
+// pages at a time would change each other.
+std::mutex library_in_use;
+
+// One page on its way through the library, the only one for so long.
 class Document {
  public:
   explicit Document(Form form) : document_(tidyCreate()) {
@@ -107,6 +112,7 @@ class Document {
 
   void SetYes(TidyOptionId option) { tidyOptSetBool(document_, option, yes); }
 
+  const std::lock_guard<std::mutex> alone_{library_in_use};
   TidyDoc document_;
   Buffer messages_;
 };
@@ -186,8 +192,9 @@ class TidyCleaner : public HtmlCleaner {
  public:
   Text TidyDLL_CleanHTML(TextView html) override {
     return OnLargeStack([&] {
+      std::string admitted = Admitted(html);
       Document document(Form::Html);
-      document.Parse(Admitted(html));
+      document.Parse(std::move(admitted));
       document.Repair();
       std::string page = document.Write();
       SetDocumentType(page);
@@ -197,8 +204,9 @@ class TidyCleaner : public HtmlCleaner {
 
   Text TidyDLL_ToXHTML(TextView html) override {
     return OnLargeStack([&] {
+      std::string admitted = WithoutForeignElements(Admitted(html));
       Document document(Form::Xhtml);
-      document.Parse(WithoutForeignElements(Admitted(html)));
+      document.Parse(std::move(admitted));
       document.DropForeignAttributes();
       document.Repair();
       return LineBreaks(document.Write()).Adapted();
@@ -207,8 +215,9 @@ class TidyCleaner : public HtmlCleaner {
 
   Text TidyDLL_ParseHTML(TextView html) override {
     return OnLargeStack([&] {
+      std::string admitted = Admitted(html);
       Document document(Form::Html);
-      document.Parse(Admitted(html));
+      document.Parse(std::move(admitted));
       return document.Write();
     });
   }

@@ -109,6 +109,9 @@ TEST(CodePages, SeveralThreadsMayBeFirst) {
 
 TEST(TextEncodings, Utf8) {
   EXPECT_EQ(u"a\u00E9\u20AC\U0001F600", FromUtf8("a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80"));
+  // Next to what is broken.
+  EXPECT_EQ(u"\u0800\uD7FF\U00010000\U0010FFFF",
+            FromUtf8("\xE0\xA0\x80\xED\x9F\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"));
   EXPECT_EQ("a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80", ToUtf8(u"a\u00E9\u20AC\U0001F600"));
   const struct {
     const char* bytes;

@@ -46,6 +46,16 @@ TEST(ListsAndTables, ReadsListsOfEveryDialect) {
   });
   EXPECT_EQ(Plain(Document(tables + "\\ls2 a\\par\\ilvl1 b\\par\\ilvl0 c\\par\\pard\\ls1 d")),
             "3.\ta\r\n(a)\tb\r\n4.\tc\r\nd");
+  // The ninth level is the last.
+  std::string levels;
+  for (int i = 0; i < 10; ++i) {
+    levels += "{\\listlevel\\levelnfc0\\levelstartat" + std::to_string(i) + "1{\\leveltext\\'02\\'0" +
+              std::to_string(i) + ".;}}";
+  }
+  EXPECT_EQ(Plain(Document("{\\*\\listtable{\\list" + levels +
+                           "\\listid7}}{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}}"
+                           "\\ls1\\ilvl8 a\\par\\ilvl9 b")),
+            "81.\ta\r\n82.\tb");
 }
 
 TEST(ListsAndTables, ReadsTables) {
