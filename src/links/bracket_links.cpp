@@ -8,7 +8,6 @@ namespace quillary::links {
 namespace {
 
 constexpr std::size_t kLongestLink = 100;
-constexpr std::size_t kLongestStretchWithoutLink = 3;
 
 Text AnchorOf(TextView link, TextView prefix) {
   TextView scheme;

@@ -10,7 +10,6 @@
 namespace quillary::links {
 namespace {
 
-constexpr TextView kUnderline = u"<u>";
 constexpr TextView kAnchorRunEnd = u"</a>&gt;</u>";
 constexpr TextView kLinkRunEnd = u"&gt;</u><font COLOR=\"#000000\">";
 constexpr TextView kBlue = u"<font COLOR=\"#0000ff\">";

@@ -8,6 +8,9 @@
 
 namespace quillary::links {
 
+/// A stretch of so many units is too short for a link.
+inline constexpr std::size_t kLongestStretchWithoutLink = 3;
+
 class LinkStretches {
  public:
   /// Throws Failure: subscript if the lists of the state were never sized,

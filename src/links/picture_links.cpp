@@ -10,7 +10,6 @@
 namespace quillary::links {
 namespace {
 
-constexpr TextView kUnderline = u"<u>";
 constexpr TextView kImageOpening = u" <img border=";
 
 /// Finds the ending of the next run. A repair destroys endings and makes none,

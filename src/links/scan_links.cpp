@@ -14,7 +14,6 @@ namespace quillary::links {
 namespace {
 
 constexpr std::size_t kLongestLink = 200;
-constexpr std::size_t kLongestStretchWithoutLink = 3;
 constexpr TextView kOpening = u"&lt;";
 
 bool Contains(TextView text, TextView find) { return text.find(find) != TextView::npos; }

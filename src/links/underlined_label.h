@@ -10,6 +10,8 @@ namespace quillary::links {
 
 inline constexpr std::size_t kNowhere = TextView::npos;
 
+inline constexpr TextView kUnderline = u"<u>";
+
 /// A repair gives up after so many runs.
 inline constexpr int kMostRepairs = 250;
 

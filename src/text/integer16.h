@@ -19,7 +19,6 @@ class Integer16 {
     value_ = Checked(value_ + other);
     return *this;
   }
-  Integer16& operator-=(std::int64_t other) { return *this += -other; }
   Integer16& operator++() { return *this += 1; }
 
  private:

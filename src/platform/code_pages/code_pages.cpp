@@ -189,11 +189,6 @@ bool IsLeadByte(int code_page, unsigned char byte) {
   return page != nullptr && page->IsLead(byte);
 }
 
-char16_t UndefinedPair(int code_page) {
-  const CodePage* page = FindCodePage(code_page);
-  return page != nullptr && page->undefined_pair != 0 ? page->undefined_pair : u'?';
-}
-
 Text DecodeBytes(int code_page, std::string_view bytes) {
   const CodePage* page = FindCodePage(code_page);
   if (page == nullptr) throw Failure(Failure::Kind::Argument);

@@ -21,15 +21,12 @@ int CodePageOfCharset(int charset);
 /// bytes or an unknown one.
 bool IsLeadByte(int code_page, unsigned char byte);
 
-/// What stands for a pair that the page does not define, and for a lead byte
-/// that nothing follows: U+30FB in 932 and "?" in the other pages of pairs.
-/// Undefined single bytes have a character each, a control character of the
-/// same value or one of the private use area, so that nothing is lost.
-char16_t UndefinedPair(int code_page);
-
 /// Decodes `bytes`. A lead byte takes the next byte with it, whatever that
 /// is, unless it is 00. Bytes cut in the middle of a pair must be kept back by
-/// the caller (see IsLeadByte); a lead byte at the end gives UndefinedPair.
+/// the caller (see IsLeadByte). A pair that the page does not define, and a lead
+/// byte that nothing follows, give U+30FB in 932 and "?" in the other pages of
+/// pairs. Undefined single bytes have a character each, a control character of
+/// the same value or one of the private use area, so that nothing is lost.
 /// Throws Failure: argument for an unknown code page, raised if the C library
 /// of this machine lacks the page.
 Text DecodeBytes(int code_page, std::string_view bytes);
