@@ -9,6 +9,7 @@
 #include "html_finishing/font_tags.rules.h"
 #include "rtf_to_html/page_repairs/form_layouts.h"
 #include "rtf_to_html/page_repairs/form_layouts.rules.h"
+#include "rtf_to_html/page_repairs/table_blocks.h"
 #include "rtf_to_html/page_repairs/table_repairs.h"
 #include "rules/run.h"
 

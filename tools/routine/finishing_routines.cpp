@@ -4,6 +4,7 @@
 #include "html_finishing/late_finish.rules.h"
 #include "registry.h"
 #include "rtf_to_html/page_repairs/default_font.h"
+#include "rtf_to_html/page_repairs/table_blocks.h"
 #include "rtf_to_html/page_repairs/table_repairs.h"
 
 namespace quillary::routine {

@@ -1,6 +1,12 @@
 // The translation of a segment, whole and stage by stage.
 #include "registry.h"
 #include "rtf_to_html/segments/segment.h"
+#include "rtf_to_html/segments/segment_body_words.h"
+#include "rtf_to_html/segments/segment_entry.h"
+#include "rtf_to_html/segments/segment_head_words.h"
+#include "rtf_to_html/segments/segment_output.h"
+#include "rtf_to_html/segments/segment_remaining_words.h"
+#include "rtf_to_html/segments/segment_tables.h"
 #include "rtf_to_html/segments/translate_segment.h"
 
 namespace quillary::routine {

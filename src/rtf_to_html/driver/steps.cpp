@@ -18,6 +18,7 @@
 #include "rtf_to_html/page_repairs/closing_repairs.rules.h"
 #include "rtf_to_html/page_repairs/default_font.h"
 #include "rtf_to_html/page_repairs/list_repairs.rules.h"
+#include "rtf_to_html/page_repairs/table_blocks.h"
 #include "rtf_to_html/page_repairs/table_repairs.h"
 #include "rtf_to_html/page_repairs/table_repairs.rules.h"
 #include "rtf_to_html/rewriting/rewrite_bullets.rules.h"

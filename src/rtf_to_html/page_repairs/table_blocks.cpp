@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "html_finishing/cell_formats.h"
-#include "rtf_to_html/page_repairs/table_repairs.h"
 
 namespace quillary::modQuillary {
 namespace {

@@ -5,11 +5,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <set>
 #include <unordered_map>
 #include <vector>
 
+#include "apartment/apartment.h"
+#include "rules/rewriting.h"
 #include "text/search.h"
 #include "text/text.h"
 
@@ -62,5 +65,20 @@ class TableBlocks {
   std::size_t entered_ = 0;  // pieces that were entered at least once
   std::unordered_map<std::uint64_t, std::set<std::size_t>> pieces_by_hash_;
 };
+
+/// How the walk over the table blocks ended. GoBack: a block failed, and the
+/// whole remainder of the sequence from DropCellMarks on is to run again.
+enum class BlockWalk { Done, GoBack };
+
+/// Gives the new text of one block; throws Failure if it cannot.
+using BlockRoutine = std::function<Text(TextView block)>;
+
+/// Rewrites the tables block by block, a block being the text from a "<table"
+/// to the nearest "</table>". What came before the block that failed stays
+/// rewritten. Throws LimitReached for a page above its limit.
+BlockWalk BalanceTableBlocks(rules::Rewriting& page, const BlockRoutine& balance);
+
+/// The same with the balance of cell formats.
+BlockWalk BalanceTableBlocks(rules::Rewriting& page, Apartment& apartment);
 
 }  // namespace quillary::modQuillary

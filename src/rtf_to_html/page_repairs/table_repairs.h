@@ -4,9 +4,6 @@
 // (RepairHTMLTable); formats that run on from cell to cell are for html_finishing/cell_formats (modTable).
 #pragma once
 
-#include <functional>
-
-#include "apartment/apartment.h"
 #include "rules/rewriting.h"
 #include "text/text.h"
 
@@ -25,20 +22,5 @@ void DropEmptyLastCells(rules::Rewriting& page);
 /// Looks at the first row only that begins with a cell width of four digits,
 /// and not at one at the very beginning of the page.
 void DropFirstCellWidth(rules::Rewriting& page);
-
-/// How the walk over the table blocks ended. GoBack: a block failed, and the
-/// whole remainder of the sequence from DropCellMarks on is to run again.
-enum class BlockWalk { Done, GoBack };
-
-/// Gives the new text of one block; throws Failure if it cannot.
-using BlockRoutine = std::function<Text(TextView block)>;
-
-/// Rewrites the tables block by block, a block being the text from a "<table"
-/// to the nearest "</table>". What came before the block that failed stays
-/// rewritten. Throws LimitReached for a page above its limit.
-BlockWalk BalanceTableBlocks(rules::Rewriting& page, const BlockRoutine& balance);
-
-/// The same with the balance of cell formats.
-BlockWalk BalanceTableBlocks(rules::Rewriting& page, Apartment& apartment);
 
 }  // namespace quillary::modQuillary

@@ -9,27 +9,28 @@
 #include "rtf_to_html/rewriting/split_segments.h"
 #include "rtf_to_html/segments/translate_segment.h"
 #include "rules/run.h"
+#include "text/search.h"
 
 namespace quillary::modQuillary {
 namespace {
 
 // The rich edit control writes a group with its version, which ends soon.
 void RemoveRichedGenerator(Text& text) {
-  const std::int32_t start = FindText(1, text, u"{\\*\\generator Riched", Compare::IgnoreCase);
-  if (start == 0) return;
-  const std::int32_t end = FindText(start, text, u";}");
-  if (end == 0 || end >= start + 80) return;
-  text.erase(static_cast<std::size_t>(start) - 1, static_cast<std::size_t>(end - start) + 2);
+  constexpr std::size_t kLongest = 80;
+  const std::size_t start = Finder(u"{\\*\\generator Riched", Compare::IgnoreCase).Next(text, 0);
+  if (start == Finder::npos) return;
+  const std::size_t end = text.find(u";}", start);
+  if (end != Text::npos && end < start + kLongest) text.erase(start, end - start + 2);
 }
 
 // So does its successor, in every document that was put together from several.
 void RemoveMsfteditGenerators(Text& text) {
-  const std::int32_t start = FindText(1, text, u"{\\*\\generator Msftedit ", Compare::IgnoreCase);
-  if (start == 0) return;
-  const std::int32_t end = FindText(start, text, u";}");
-  if (end == 0) return;
-  const TextView group = MidView(text, start, end - start + 2);
-  if (group.size() > 5 && group.size() < 50) ReplaceIn(text, Text(group), u"", Compare::IgnoreCase);
+  const std::size_t start = Finder(u"{\\*\\generator Msftedit ", Compare::IgnoreCase).Next(text, 0);
+  if (start == Finder::npos) return;
+  const std::size_t end = text.find(u";}", start);
+  if (end == Text::npos) return;
+  const Text group = text.substr(start, end - start + 2);
+  if (group.size() > 5 && group.size() < 50) ReplaceIn(text, group, u"", Compare::IgnoreCase);
 }
 
 // Runs the rules that bring the text of all known writers to one dialect.

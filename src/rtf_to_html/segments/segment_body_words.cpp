@@ -1,4 +1,5 @@
-// The control words that can stand in running text.
+#include "rtf_to_html/segments/segment_body_words.h"
+
 #include "rtf_to_html/segments/segment.h"
 #include "rtf_to_html/segments/segment_body_words.rules.h"
 #include "rules/run.h"

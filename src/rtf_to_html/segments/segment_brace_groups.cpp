@@ -1,6 +1,5 @@
-// Brace groups in the body of a segment. The body is read once: what is done
-// with stands in a text of its own, and a group that a removal opens up right
-// in front is taken from the end of that text.
+#include "rtf_to_html/segments/segment_brace_groups.h"
+
 #include <algorithm>
 #include <vector>
 

@@ -1,9 +1,11 @@
-// The entry of a segment: repairs, and the cut into head and body.
+#include "rtf_to_html/segments/segment_entry.h"
+
 #include <algorithm>
 #include <limits>
 
 #include "rtf_to_html/segments/hex_escapes.h"
 #include "rtf_to_html/segments/segment.h"
+#include "rtf_to_html/segments/segment_brace_groups.h"
 #include "rtf_to_html/segments/segment_entry.rules.h"
 #include "rules/run.h"
 #include "rules/sentinels.h"

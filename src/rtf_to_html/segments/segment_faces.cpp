@@ -1,6 +1,5 @@
-// The font words that are left in the body. Each is looked at where it stands;
-// as long as that changes anything, every font of the document is then replaced
-// in the whole body, from the last one down.
+#include "rtf_to_html/segments/segment_faces.h"
+
 #include <algorithm>
 #include <map>
 #include <optional>

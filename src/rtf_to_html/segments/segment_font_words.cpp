@@ -1,9 +1,10 @@
-// The words of size, colour and highlight that are left in the body.
-// Each is looked at where it stands, but replaced in the whole body at once.
+#include "rtf_to_html/segments/segment_font_words.h"
+
 #include <map>
 
 #include "rtf_to_html/segments/control_words.h"
 #include "rtf_to_html/segments/segment.h"
+#include "rtf_to_html/segments/segment_faces.h"
 #include "text/search.h"
 
 namespace quillary::modQuillary {

@@ -1,5 +1,5 @@
-// The control words of the head: what they put around the segment's text, and
-// what they leave running for the segments after it.
+#include "rtf_to_html/segments/segment_head_words.h"
+
 #include <algorithm>
 #include <limits>
 #include <optional>
@@ -7,6 +7,7 @@
 
 #include "rtf_to_html/segments/control_words.h"
 #include "rtf_to_html/segments/segment.h"
+#include "rtf_to_html/segments/segment_entry.h"
 #include "rules/sentinels.h"
 
 namespace quillary::modQuillary {

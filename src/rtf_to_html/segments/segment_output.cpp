@@ -1,5 +1,5 @@
-// The end of a segment: the last control words go, the run is written, and the
-// running values are taken back from the page.
+#include "rtf_to_html/segments/segment_output.h"
+
 #include <algorithm>
 
 #include "rtf_to_html/segments/segment.h"

@@ -1,6 +1,9 @@
-// The words that are left in the body once the head has been read.
+#include "rtf_to_html/segments/segment_remaining_words.h"
+
 #include "rtf_to_html/segments/segment.h"
+#include "rtf_to_html/segments/segment_font_words.h"
 #include "rtf_to_html/segments/segment_remaining_words.rules.h"
+#include "rtf_to_html/segments/segment_tables.h"
 #include "rules/run.h"
 
 namespace quillary::modQuillary {

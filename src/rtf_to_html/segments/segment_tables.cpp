@@ -1,10 +1,9 @@
-// Rows and cells out of the words that are left in the body.
+#include "rtf_to_html/segments/segment_tables.h"
+
 #include <algorithm>
 #include <vector>
 
-#include "rtf_to_html/segments/segment.h"
 #include "rtf_to_html/segments/segment_tables.rules.h"
-#include "rtf_to_html/segments/translate_segment.h"
 #include "rules/run.h"
 #include "rules/sentinels.h"
 #include "text/search.h"

@@ -3,6 +3,11 @@
 
 #include "rtf_to_html/segments/hex_escapes.h"
 #include "rtf_to_html/segments/segment.h"
+#include "rtf_to_html/segments/segment_body_words.h"
+#include "rtf_to_html/segments/segment_entry.h"
+#include "rtf_to_html/segments/segment_head_words.h"
+#include "rtf_to_html/segments/segment_output.h"
+#include "rtf_to_html/segments/segment_remaining_words.h"
 
 namespace quillary::modQuillary {
 

@@ -11,8 +11,4 @@ namespace quillary::modQuillary {
 /// the texts as they were, and the next one runs.
 void TranslateSegment(Apartment& apartment, Text& text);
 
-/// The text with the width words of its cells replaced by sentinels. Stops at the
-/// first width that is no number.
-Text MarkCellWidths(TextView text);
-
 }  // namespace quillary::modQuillary

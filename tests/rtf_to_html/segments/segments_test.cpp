@@ -6,6 +6,10 @@
 #include <random>
 
 #include "rtf_to_html/segments/segment.h"
+#include "rtf_to_html/segments/segment_brace_groups.h"
+#include "rtf_to_html/segments/segment_font_words.h"
+#include "rtf_to_html/segments/segment_output.h"
+#include "rtf_to_html/segments/segment_tables.h"
 #include "rtf_to_html/segments/translate_segment.h"
 #include "text/failure.h"
 
