@@ -52,7 +52,7 @@ def main():
     survivors = mutate(count, random.Random(seed), tests)
 
     for survivor in survivors:
-        print(survivor)
+        print(f"\nsurvived: {survivor}")
     share = 100 * len(survivors) / max(count, 1)
     spent = (time.time() - start) / 60
     print(f"{count} changes, {len(survivors)} survived ({share:.1f} %), seed {seed}, {spent:.0f} min")
@@ -112,7 +112,8 @@ def mutate(count, rng, tests):
         took = f"{time.time() - started:.0f} s"
         print(f"{done}/{count} {place}: {'killed by ' + killer if killer else 'SURVIVED'} ({took})", flush=True)
         if not killer:
-            survivors.append(f"\nsurvived: {place}\n{difference(before, after)}")
+            survivors.append(f"{place}\n{difference(before, after)}")
+            print(difference(before, after), flush=True)
     return survivors
 
 

@@ -238,6 +238,7 @@ TEST(HtmlCleaner, KeepsTheFormatThatABrowserShows) {
        "<table><tr><td><center><i>a</i><td>b</table>c"},
       {"<font face=\"A\"><table><td><font face=\"B\">a</font>b</font>c",
        "<table><td><font face=\"B\">a</font><font face=\"A\">bc</font>"},
+      {"<b>a<table><td>b</table>c", "<b>a</b><table><td>b</table><b>c</b>"},
       {"<table><i><tr><td>a</table>b", "<table><tr><td>a</table><i>b</i>"},
       // What another covers is not written until that ends.
       {"<b><b>a</b>b</b>c", "<b>ab</b>c"},
