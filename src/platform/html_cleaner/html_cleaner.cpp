@@ -5,6 +5,7 @@
 #include <tidybuffio.h>
 
 #include <functional>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
@@ -214,8 +215,12 @@ class TidyCleaner : public HtmlCleaner {
   }
 
  private:
-  // The library works through nested elements by recursion.
+  // The library works through nested elements by recursion. While it reads a page
+  // it changes its one table of elements, in which an anchor is a block or not,
+  // so pages take turns.
   static Text OnLargeStack(const std::function<std::string()>& run) {
+    static std::mutex library;
+    const std::lock_guard turn(library);
     std::string page;
     RunOnLargeStack([&] { page = run(); });
     return FromWindows1252(page);
