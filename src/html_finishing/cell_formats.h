@@ -22,7 +22,7 @@ void ResetCellFragments(RtfToHtmlState& state);
 
 void AddCellFragment(RtfToHtmlState& state, TextView text, bool is_cell);
 
-/// Rewrites the fragment of that number, counted from 1; a number behind the
+/// Rewrites the fragment of that number, counted from 1; a number after the
 /// last one does nothing.
 void BalanceFragment(RtfToHtmlState& state, std::int32_t index);
 

@@ -3,16 +3,16 @@
 namespace quillary::html_finishing {
 
 namespace {
-constexpr TextView list_start = u"<ul><li>";
+constexpr TextView kListStart = u"<ul><li>";
 }
 
 Text CollapseFirstList(Text html) {
-  constexpr TextView list_end = u"</li></ul>";
-  const std::size_t start = html.find(list_start);
+  constexpr TextView kListEnd = u"</li></ul>";
+  const std::size_t start = html.find(kListStart);
   if (start == Text::npos) return html;
-  const std::size_t end = html.find(list_end);  // a list end further up in the page ends it, too
+  const std::size_t end = html.find(kListEnd);  // a list end further up in the page ends it, too
   if (end == Text::npos || end < start) return html;
-  Text block = html.substr(start, end + list_end.size() - start);
+  Text block = html.substr(start, end + kListEnd.size() - start);
   const std::size_t length = block.size();
   const std::int32_t items = CountOccurrences(block, u"<li>");
   if (items < 2) return html;
@@ -21,7 +21,7 @@ Text CollapseFirstList(Text html) {
 }
 
 void CollapseFirstList(rules::Rewriting& page) {
-  if (page.Holds(list_start, Compare::Binary)) page.Assign(CollapseFirstList(page.Take()));
+  if (page.Holds(kListStart, Compare::Binary)) page.Assign(CollapseFirstList(page.Take()));
 }
 
 }  // namespace quillary::html_finishing

@@ -9,8 +9,8 @@
 namespace quillary::html_finishing {
 namespace {
 
-constexpr TextView font = u"<font ";
-constexpr TextView black = u"#000000";
+constexpr TextView kFont = u"<font ";
+constexpr TextView kBlack = u"#000000";
 
 // One of the document's colours, with or without a number sign too many.
 bool IsOwnColour(TextView colour, const FontNames& names) {
@@ -24,12 +24,12 @@ bool Knows(const FontTag& tag, const FontNames& names) {
   switch (tag.shape) {
     case FontShape::SizeFaceColour:
     case FontShape::FaceSizeColour:
-      return size && face && (tag.colour == black || IsOwnColour(tag.colour, names));
+      return size && face && (tag.colour == kBlack || IsOwnColour(tag.colour, names));
     case FontShape::FaceSize:
     case FontShape::SizeFace:
-      return size && face && tag.blank;
+      return size && face && tag.space_before_end;
     case FontShape::FaceColour:
-      return face && (tag.colour == black || IsOwnColour(tag.colour, names));
+      return face && (tag.colour == kBlack || IsOwnColour(tag.colour, names));
     case FontShape::Colour:
       return IsOwnColour(tag.colour, names);
     default:
@@ -42,7 +42,7 @@ bool Knows(const FontTag& tag, const FontNames& names) {
 std::optional<Text> WithoutTags(TextView page, const FontNames& names) {
   Text out;
   out.reserve(page.size());
-  bool inside = false;  // behind a "<" without its ">"
+  bool inside = false;  // after a "<" without its ">"
   std::size_t at = 0;
   while (at < page.size()) {
     const std::size_t next = std::min(page.find(u'<', at), page.size());
@@ -51,7 +51,7 @@ std::optional<Text> WithoutTags(TextView page, const FontNames& names) {
     out += between;
     at = next;
     if (at == page.size()) break;
-    if (page.substr(at).starts_with(font)) {
+    if (page.substr(at).starts_with(kFont)) {
       const std::optional<FontTag> tag = ReadFontTag(page, at);
       if (tag && Knows(*tag, names)) {
         if (inside) return std::nullopt;
@@ -83,7 +83,7 @@ class RemovalTurns : public FontTurns {
         DropBoth(to_colour, *own_colour);
         DropBoth(to_colour, u"#" + *own_colour);
       }
-      DropBoth(to_colour, black);
+      DropBoth(to_colour, kBlack);
     }
     Replace(face_size + u" >", u"");
     Replace(size_face + u" >", u"");
@@ -99,7 +99,7 @@ class RemovalTurns : public FontTurns {
   }
 
   void RunBlackRows(const Text*, const Text& face) override {
-    DropBoth(Joined({u"<font FACE=\"", face, u"\" COLOR=\""}), black);
+    DropBoth(Joined({u"<font FACE=\"", face, u"\" COLOR=\""}), kBlack);
   }
 };
 
@@ -107,7 +107,7 @@ class RemovalTurns : public FontTurns {
 
 void DropFullShapes(rules::Rewriting& text, const RtfToHtmlState& state) {
   const FontNames names(state);
-  if (!text.Holds(font, Compare::Binary)) return;
+  if (!text.Holds(kFont, Compare::Binary)) return;
   std::optional<Text> without;
   if (names.plain()) without = WithoutTags(text.text(), names);
   if (without) {

@@ -5,7 +5,7 @@
 namespace quillary::html_finishing {
 namespace {
 
-constexpr TextView tag_start = u"<font";
+constexpr TextView kTagStart = u"<font";
 
 FontShape ShapeOf(std::string_view order) {
   if (order == "SFC") return FontShape::SizeFaceColour;
@@ -19,7 +19,7 @@ FontShape ShapeOf(std::string_view order) {
 
 bool IsPlain(TextView name) { return name.find_first_of(u"<>\"") == TextView::npos; }
 
-// Enters each name with its first place. Returns whether all are plain.
+// Enters each name with its first index. Returns whether all are plain.
 bool Register(const std::vector<Text>& names, std::unordered_map<TextView, int>& index) {
   bool plain = true;
   for (std::size_t i = 0; i < names.size(); ++i) {
@@ -34,12 +34,12 @@ bool Register(const std::vector<Text>& names, std::unordered_map<TextView, int>&
 std::optional<FontTag> ReadFontTag(TextView text, std::size_t at) {
   FontTag tag;
   std::string order;
-  std::size_t here = at + tag_start.size();
+  std::size_t here = at + kTagStart.size();
   while (true) {
     const TextView rest = text.substr(here);
     if (rest.starts_with(u'>') || rest.starts_with(u" >")) {
-      tag.blank = rest[0] == u' ';
-      here += tag.blank ? 2 : 1;
+      tag.space_before_end = rest[0] == u' ';
+      here += tag.space_before_end ? 2 : 1;
       break;
     }
     TextView* value = nullptr;
@@ -70,7 +70,7 @@ int SizeNumber(TextView size) {
     if (digit < u'0' || digit > u'9') return -1;
     number = number * 10 + (digit - u'0');
   }
-  return number <= last_size ? number : -1;
+  return number <= kLastSize ? number : -1;
 }
 
 FontNames::FontNames(const RtfToHtmlState& state) {

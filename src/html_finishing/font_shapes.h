@@ -13,7 +13,7 @@
 namespace quillary::html_finishing {
 
 /// Font tags are known in the sizes 0 to this one.
-inline constexpr int last_size = 30;
+inline constexpr int kLastSize = 30;
 
 /// The attributes of a tag in their order.
 enum class FontShape { SizeFaceColour, FaceSizeColour, FaceSize, SizeFace, FaceColour, Colour, Other };
@@ -24,7 +24,7 @@ struct FontTag {
   TextView size;
   TextView face;
   TextView colour;
-  bool blank = false;  // in front of the ">"
+  bool space_before_end = false;  // in front of its ">"
   TextView source;
 };
 
@@ -48,11 +48,11 @@ class FontNames {
   /// Of the entries 1 to the colour count; none if there is no colour list.
   const std::vector<Text>& colours() const { return colours_; }
 
-  /// The first place of a name in its list, or -1.
+  /// The first index of a name in its list, or -1.
   int FaceIndex(TextView name) const { return Find(face_index_, name); }
   int ColourIndex(TextView name) const { return Find(colour_index_, name); }
 
-  /// Whether no name holds a sign that ends a value or a tag. Only then is a
+  /// Whether no name holds a character that ends a value or a tag. Only then is a
   /// tag what it looks like, and no replacement can make another one.
   bool plain() const { return plain_; }
 

@@ -10,9 +10,9 @@
 namespace quillary::html_finishing {
 namespace {
 
-constexpr TextView strike = u"<strike>";
-constexpr TextView font = u"<font ";
-constexpr TextView black = u"#000000";
+constexpr TextView kStrike = u"<strike>";
+constexpr TextView kFont = u"<font ";
+constexpr TextView kBlack = u"#000000";
 
 Text Span(TextView face, TextView colour, TextView size) {
   return Joined({u"<span style=\"font-family:", face, u"; color:", colour, u"; font-size:", size, u"pt\">"});
@@ -20,13 +20,13 @@ Text Span(TextView face, TextView colour, TextView size) {
 Text Span(TextView face, TextView size) {
   return Joined({u"<span style=\"font-family:", face, u"; font-size:", size, u"pt\">"});
 }
-// Without a size the quotation mark behind the style is left out.
+// Without a size the quotation mark after the style is left out.
 Text OpenSpan(TextView face, TextView colour) {
   return Joined({u"<span style=\"font-family:", face, u"; color:", colour, u">"});
 }
 
 // A page whose tags can be read: one way through it, each tag by itself, and
-// strikes together with what stands behind them.
+// strikes together with what stands after them.
 class SpanWriter {
  public:
   SpanWriter(TextView page, const FontNames& names) : page_(page), names_(names), swaps_(names) {}
@@ -38,9 +38,9 @@ class SpanWriter {
       const std::size_t next = std::min(page_.find(u'<', at), page_.size());
       out_ += page_.substr(at, next - at);
       at = next;
-      if (page_.substr(at).starts_with(strike)) {
+      if (page_.substr(at).starts_with(kStrike)) {
         at = TakeStrikes(at);
-      } else if (page_.substr(at).starts_with(font)) {
+      } else if (page_.substr(at).starts_with(kFont)) {
         at = TakeFont(at);
       } else if (at < page_.size()) {
         out_ += page_[at++];
@@ -57,12 +57,12 @@ class SpanWriter {
     switch (tag.shape) {
       case FontShape::SizeFaceColour:
       case FontShape::FaceSizeColour:
-        return size && face && (own_colour || tag.colour == black);
+        return size && face && (own_colour || tag.colour == kBlack);
       case FontShape::FaceSize:
       case FontShape::SizeFace:
-        return size && face && tag.blank;
+        return size && face && tag.space_before_end;
       case FontShape::FaceColour:
-        return face && (own_colour || tag.colour == black);
+        return face && (own_colour || tag.colour == kBlack);
       default:
         return false;
     }
@@ -84,15 +84,15 @@ class SpanWriter {
     return at + tag->source.size();
   }
 
-  // Strikes and the tags behind them that may change places with one.
+  // Strikes and the tags after them that may change places with one.
   std::size_t TakeStrikes(std::size_t at) {
     while (true) {
-      if (page_.substr(at).starts_with(strike)) {
+      if (page_.substr(at).starts_with(kStrike)) {
         swaps_.AddStrike();
-        at += strike.size();
+        at += kStrike.size();
         continue;
       }
-      if (!page_.substr(at).starts_with(font)) break;
+      if (!page_.substr(at).starts_with(kFont)) break;
       const std::optional<FontTag> tag = ReadFontTag(page_, at);
       if (tag && tag->shape == FontShape::SizeFace && Knows(*tag)) {
         swaps_.AddFont(SizeNumber(tag->size), names_.FaceIndex(tag->face), SpanOf(*tag));
@@ -126,24 +126,24 @@ class SpanTurns : public FontTurns {
       if (own_colour != nullptr) {
         ReplaceBoth(Joined({tag, u" COLOR=\"", *own_colour, u"\""}), Span(face, *own_colour, size));
       }
-      ReplaceBoth(Joined({tag, u" COLOR=\"", black, u"\""}), Span(face, black, size));
+      ReplaceBoth(Joined({tag, u" COLOR=\"", kBlack, u"\""}), Span(face, kBlack, size));
     }
     Replace(face_size + u" >", Span(face, size));
-    Replace(Joined({strike, size_face, u" >"}), Joined({Span(face, size), strike}));
+    Replace(Joined({kStrike, size_face, u" >"}), Joined({Span(face, size), kStrike}));
     Replace(size_face + u" >", Span(face, size));
   }
 
   void RunColourRows(const Text& own_colour) override {
     for (const TextView end : {TextView(u" >"), TextView(u">")}) {
       const Text tag = Joined({u"<font COLOR=\"", own_colour, u"\"", end});
-      Replace(Joined({strike, tag}), Joined({tag, strike}));
+      Replace(Joined({kStrike, tag}), Joined({tag, kStrike}));
     }
   }
 
   void RunBlackRows(const Text* own_colour, const Text& face) override {
     const Text tag = Joined({u"<font FACE=\"", face, u"\" COLOR=\""});
     if (own_colour != nullptr) ReplaceBoth(Joined({tag, *own_colour, u"\""}), OpenSpan(face, *own_colour));
-    ReplaceBoth(Joined({tag, black, u"\""}), OpenSpan(face, black));
+    ReplaceBoth(Joined({tag, kBlack, u"\""}), OpenSpan(face, kBlack));
   }
 };
 
@@ -152,7 +152,7 @@ class SpanTurns : public FontTurns {
 void SpanFullShapes(rules::Rewriting& text, const RtfToHtmlState& state) {
   const FontNames names(state);
   if (names.plain()) {
-    if (text.Holds(font, Compare::Binary)) text.Assign(SpanWriter(text.text(), names).Write());
+    if (text.Holds(kFont, Compare::Binary)) text.Assign(SpanWriter(text.text(), names).Write());
   } else {
     SpanTurns(text, names).Run();
   }

@@ -11,7 +11,7 @@ Text Joined(std::initializer_list<TextView> parts) {
 void FontTurns::Run() {
   const std::vector<Text> no_colour(1);
   const bool has_colours = !names_.colours().empty();
-  for (int size = 0; size <= last_size; ++size) {
+  for (int size = 0; size <= kLastSize; ++size) {
     const Text size_text = Decimal(size);
     for (const Text& colour : has_colours ? names_.colours() : no_colour) {
       const Text* own_colour = has_colours ? &colour : nullptr;

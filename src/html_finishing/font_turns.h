@@ -29,7 +29,7 @@ class FontTurns {
   virtual void RunBlackRows(const Text* own_colour, const Text& face) = 0;
 
   void Replace(TextView find, TextView with) { changed_ |= page_.Replace(find, with, Compare::Binary); }
-  /// A tag that lacks its end only, with the blank and then without.
+  /// A tag that lacks its end only, with a space in front of it and then without.
   void ReplaceBoth(const Text& tag, TextView with);
 
  private:

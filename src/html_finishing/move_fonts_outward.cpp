@@ -54,7 +54,7 @@ void MoveByLiteral(rules::Rewriting& text, TextView face) {
   }
 }
 
-// The size that a decimal number without leading noughts names, 0 for all others.
+// The size that a decimal number without leading zeros names, 0 for all others.
 std::size_t SizeIn(TextView number) {
   if (number.empty() || number.size() > 2 || number[0] == u'0') return 0;
   std::size_t size = 0;
@@ -71,7 +71,7 @@ std::size_t SizeIn(TextView number) {
 struct FaceUse {
   std::array<std::vector<Id>, kSizes + 1> fonts;  // by size, in the order of the page
   std::vector<Id> bodies;                         // body tags in front of the face without a size
-  std::uint64_t settled = 0;                      // the change before which a whole turn found nothing
+  std::uint64_t unmoved_since = 0;                // the change before which a whole turn found nothing
 };
 
 class FontMoves {
@@ -82,7 +82,7 @@ class FontMoves {
 
   void Turn(TextView face) {
     const auto found = uses_.find(face);
-    if (found == uses_.end() || found->second.settled == changes_) return;
+    if (found == uses_.end() || found->second.unmoved_since == changes_) return;
     FaceUse& use = found->second;
     const std::uint64_t before = changes_;
     for (std::size_t size = 1; size <= kSizes; ++size) {
@@ -91,7 +91,7 @@ class FontMoves {
       for (const Id body : use.bodies) OpenItem(body, face);
       if (!fonts.empty()) JoinLists(fonts);
     }
-    if (changes_ == before) use.settled = changes_;
+    if (changes_ == before) use.unmoved_since = changes_;
   }
 
   bool changed() const { return changes_ != 1; }
@@ -127,7 +127,7 @@ class FontMoves {
     return Preceded(piece, inner) && pieces_[pieces_.Prev(piece, 2)] == outer;
   }
   bool MoveOut(Id font, int steps) {
-    pieces_.MoveInFront(font, pieces_.Prev(font, steps));
+    pieces_.MoveBefore(font, pieces_.Prev(font, steps));
     return true;
   }
 
@@ -156,14 +156,14 @@ class FontMoves {
     } else {
       pieces_.Set(front, text.substr(0, text.size() - kBullet.size()));
     }
-    pieces_.InsertBehind(colour, kBullet);
+    pieces_.InsertAfter(colour, kBullet);
     return true;
   }
 
   bool MendList(Id font) {
-    static constexpr TextView before[] = {u"</ul>", u"</li>", u"</li>", u"</font>", u" ", u"<br>", u"<li>"};
+    static constexpr TextView kBefore[] = {u"</ul>", u"</li>", u"</li>", u"</font>", u" ", u"<br>", u"<li>"};
     Id piece = font;
-    for (const TextView tag : before) {
+    for (const TextView tag : kBefore) {
       piece = pieces_.Prev(piece);
       if (pieces_[piece] != tag) return false;
     }
@@ -182,18 +182,18 @@ class FontMoves {
     if (pieces_[list] != u"<ul>" || !pieces_[pieces_.Next(list)].starts_with(u"<font")) return;
     const TextView font = pieces_[pieces_.Next(body)];
     if (font != Text(kFaceStart).append(face).append(kTagEnd)) return;
-    pieces_.InsertBehind(list, u"<li>");
+    pieces_.InsertAfter(list, u"<li>");
     ++changes_;
   }
 
   void JoinLists(const std::vector<Id>& fonts) {
     ForAll(fonts, [this](Id font) {
-      const Id blank = pieces_.Next(font, 2);
+      const Id space = pieces_.Next(font, 2);
       if (!Preceded(font, u"</li>", u"</ul>") || !Followed(font, u"<li>")) return false;
-      if (pieces_[blank] != u" " || !Followed(blank, u"<ul>")) return false;
+      if (pieces_[space] != u" " || !Followed(space, u"<ul>")) return false;
       pieces_.Remove(pieces_.Prev(font));
-      pieces_.Remove(pieces_.Next(blank));
-      pieces_.Remove(blank);
+      pieces_.Remove(pieces_.Next(space));
+      pieces_.Remove(space);
       return true;
     });
   }
@@ -203,14 +203,14 @@ class FontMoves {
   std::uint64_t changes_ = 1;
 };
 
-// Whether any font tag stands behind something that it could be moved in front
+// Whether any font tag stands after something that it could be moved in front
 // of, or that is mended along with it.
 bool MayMove(TextView page) {
-  static constexpr TextView in_front[] = {u"<b>", u"<u>", u"<i>", u"<strike>", u"</ul>", kBullet, kBody};
+  static constexpr TextView kInFront[] = {u"<b>", u"<u>", u"<i>", u"<strike>", u"</ul>", kBullet, kBody};
   const Finder starts(kFaceStart, Compare::Binary);
   for (std::size_t at = starts.Next(page, 0); at != Finder::npos; at = starts.Next(page, at + 1)) {
     const TextView before = page.substr(0, at);
-    if (!std::ranges::any_of(in_front, [&](TextView tag) { return before.ends_with(tag); })) continue;
+    if (!std::ranges::any_of(kInFront, [&](TextView tag) { return before.ends_with(tag); })) continue;
     const std::size_t end = page.find_first_of(u"<>", at + 1);
     if (end != TextView::npos && page.substr(0, end + 1).ends_with(kTagEnd)) return true;
   }

@@ -14,7 +14,7 @@ PagePieces::PagePieces(TextView page) {
     std::size_t end = page.find_first_of(u"<>", page[start] == u'<' ? start + 1 : start);
     if (end == TextView::npos) end = page.size();
     if (end < page.size() && page[end] == u'>') ++end;
-    InsertBehind(pieces_[0].prev, page.substr(start, end - start));
+    InsertAfter(pieces_[0].prev, page.substr(start, end - start));
     start = end;
   }
 }
@@ -29,11 +29,11 @@ PagePieces::Id PagePieces::Prev(Id piece, int steps) const {
   return piece;
 }
 
-void PagePieces::Link(Id piece, Id behind) {
-  const Id next = pieces_[behind].next;
-  pieces_[piece].prev = behind;
+void PagePieces::Link(Id piece, Id prev) {
+  const Id next = pieces_[prev].next;
+  pieces_[piece].prev = prev;
   pieces_[piece].next = next;
-  pieces_[behind].next = piece;
+  pieces_[prev].next = piece;
   pieces_[next].prev = piece;
 }
 
@@ -42,14 +42,14 @@ void PagePieces::Remove(Id piece) {
   pieces_[pieces_[piece].next].prev = pieces_[piece].prev;
 }
 
-PagePieces::Id PagePieces::InsertBehind(Id place, TextView text) {
+PagePieces::Id PagePieces::InsertAfter(Id place, TextView text) {
   const auto piece = static_cast<Id>(pieces_.size());
   pieces_.push_back({text});
   Link(piece, place);
   return piece;
 }
 
-void PagePieces::MoveInFront(Id piece, Id place) {
+void PagePieces::MoveBefore(Id piece, Id place) {
   Remove(piece);
   Link(piece, pieces_[place].prev);
 }

@@ -17,15 +17,15 @@ class PagePieces {
 
   explicit PagePieces(TextView page);
 
-  /// Piece 0 is empty and stands in front of the first and behind the last one.
+  /// Piece 0 is empty and stands in front of the first and after the last one.
   TextView operator[](Id piece) const { return pieces_[piece].text; }
   Id Next(Id piece, int steps = 1) const;
   Id Prev(Id piece, int steps = 1) const;
 
   void Set(Id piece, TextView text) { pieces_[piece].text = text; }
   void Remove(Id piece);
-  Id InsertBehind(Id place, TextView text);
-  void MoveInFront(Id piece, Id place);
+  Id InsertAfter(Id place, TextView text);
+  void MoveBefore(Id piece, Id place);
 
   Text Join() const;
 
@@ -35,7 +35,7 @@ class PagePieces {
     Id prev = 0;
     Id next = 0;
   };
-  void Link(Id piece, Id behind);
+  void Link(Id piece, Id prev);
 
   std::vector<Piece> pieces_;
 };

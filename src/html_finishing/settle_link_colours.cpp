@@ -64,7 +64,7 @@ void CutByLiteral(rules::Rewriting& text, const Text& head, const Text& kept, co
   text.Assign(std::move(result.append(page, written)));
 }
 
-void SettleByLiteral(rules::Rewriting& text, const Turns& turns, const Text& target, const Text& colour) {
+void ResolveByLiteral(rules::Rewriting& text, const Turns& turns, const Text& target, const Text& colour) {
   const Text anchor = AnchorTag(target);
   const Text font = ColourTag(colour);
   const Text kept = u"</a></u>" + font;
@@ -81,18 +81,18 @@ void SettleByLiteral(rules::Rewriting& text, const Turns& turns, const Text& tar
   }
 }
 
-void SettleAllByLiteral(rules::Rewriting& text, const Turns& turns) {
+void ResolveAllByLiteral(rules::Rewriting& text, const Turns& turns) {
   for (const Text& target : turns.targets) {
     if (!text.Holds(AnchorTag(target), kMode)) continue;
     for (const Text& colour : turns.colours) {
-      if (text.Holds(ColourTag(colour), kMode)) SettleByLiteral(text, turns, target, colour);
+      if (text.Holds(ColourTag(colour), kMode)) ResolveByLiteral(text, turns, target, colour);
     }
   }
 }
 
 // ---- all other names: anchor by anchor ----
 
-Text Folded(TextView text) {
+Text FoldCase(TextView text) {
   Text folded(text);
   for (char16_t& unit : folded) unit = FoldUnit(unit);
   return folded;
@@ -105,20 +105,20 @@ class LinkColours {
       const TextView tag = pieces_[piece];
       if (tag.size() < 2 || tag.front() != u'<') continue;
       const char16_t letter = FoldUnit(tag[1]);
-      if (letter == u'a') anchors_[Folded(tag)].push_back(piece);
-      if (letter == u'f') fonts_.insert(Folded(tag));
+      if (letter == u'a') anchors_[FoldCase(tag)].push_back(piece);
+      if (letter == u'f') fonts_.insert(FoldCase(tag));
     }
   }
 
-  void Settle(const Turns& turns) {
+  void Resolve(const Turns& turns) {
     for (const Text& target : turns.targets) {
-      const auto anchors = anchors_.find(Folded(AnchorTag(target)));
+      const auto anchors = anchors_.find(FoldCase(AnchorTag(target)));
       if (anchors == anchors_.end()) continue;
       anchor_ = AnchorTag(target);
       target_ = target;
       for (const Text& colour : turns.colours) {
-        if (fonts_.count(Folded(ColourTag(colour))) != 0) {
-          SettleOne(anchors->second, ColourTag(colour), turns.faces);
+        if (fonts_.count(FoldCase(ColourTag(colour))) != 0) {
+          ResolveOne(anchors->second, ColourTag(colour), turns.faces);
         }
       }
     }
@@ -130,7 +130,7 @@ class LinkColours {
  private:
   bool Is(Id piece, TextView text) const { return Equal(pieces_[piece], text, kMode); }
 
-  void SettleOne(std::vector<Id>& anchors, const Text& colour, const std::vector<Text>& faces) {
+  void ResolveOne(std::vector<Id>& anchors, const Text& colour, const std::vector<Text>& faces) {
     for (const Text& face : faces) {
       const bool swapped = Swap(anchors, colour);
       const bool doubled = std::any_of(anchors.begin(), anchors.end(),
@@ -150,7 +150,7 @@ class LinkColours {
     for (auto anchor = anchors.rbegin(); anchor != anchors.rend(); ++anchor) {
       const Id font = pieces_.Prev(*anchor);
       if (!Is(font, colour)) continue;
-      pieces_.MoveInFront(*anchor, font);
+      pieces_.MoveBefore(*anchor, font);
       Write(*anchor, anchor_);
       Write(font, colour);
       swapped = true;
@@ -174,9 +174,9 @@ class LinkColours {
   }
 
   void CutAll(std::vector<Id>& anchors, const Text& colour, const Text& face) {
-    const bool face_there = fonts_.count(Folded(FaceTag(face))) != 0;
+    const bool face_there = fonts_.count(FoldCase(FaceTag(face))) != 0;
     for (int size = kLargestSize; size >= 1; --size) {
-      if (fonts_.count(Folded(SizeTag(size))) == 0) continue;
+      if (fonts_.count(FoldCase(SizeTag(size))) == 0) continue;
       Cut(anchors, colour, u"<b>", SizeTag(size));
       if (face_there) Cut(anchors, colour, FaceTag(face), SizeTag(size));
     }
@@ -193,8 +193,8 @@ class LinkColours {
       Write(pieces_.Prev(anchor, 5), u"</a>");
       Write(pieces_.Prev(anchor, 4), u"</u>");
       Write(pieces_.Prev(anchor, 3), colour);
-      const Id behind = pieces_.Next(anchor, 3);
-      for (Id piece = pieces_.Prev(anchor, 2); piece != behind; piece = pieces_.Next(piece)) {
+      const Id after = pieces_.Next(anchor, 3);
+      for (Id piece = pieces_.Prev(anchor, 2); piece != after; piece = pieces_.Next(piece)) {
         pieces_.Remove(piece);
       }
       anchors.erase(anchors.begin() + static_cast<std::ptrdiff_t>(i));
@@ -236,11 +236,11 @@ void SettleLinkColours(rules::Rewriting& text, const RtfToHtmlState& state) {
   };
   if (turns.targets.empty()) return;
   if (any(turns.targets) || any(turns.colours) || any(turns.faces)) {
-    SettleAllByLiteral(text, turns);
+    ResolveAllByLiteral(text, turns);
     return;
   }
   LinkColours links(text.text());
-  links.Settle(turns);
+  links.Resolve(turns);
   if (links.changed()) text.Assign(links.Join());
 }
 

@@ -7,14 +7,15 @@
 namespace quillary::html_finishing {
 namespace {
 
-constexpr int no_face = std::numeric_limits<int>::max();
+constexpr int kNoFace = std::numeric_limits<int>::max();
 
 }  // namespace
 
 void StrikeSwaps::AddStrike() { pieces_.push_back({Kind::Strike, 0, 0, false, u"<strike>"}); }
 
 void StrikeSwaps::AddColour(const FontTag& tag) {
-  pieces_.push_back({Kind::Colour, 0, names_.ColourIndex(tag.colour), tag.blank, Text(tag.source)});
+  pieces_.push_back(
+      {Kind::Colour, 0, names_.ColourIndex(tag.colour), tag.space_before_end, Text(tag.source)});
 }
 
 void StrikeSwaps::AddFont(int size, int face, Text span) {
@@ -37,9 +38,9 @@ void StrikeSwaps::RunTurns() {
   for (std::size_t entry = 1; !in_use.empty() && entry < colours.size(); ++entry) {
     if (in_use.contains(names_.ColourIndex(colours[entry]))) turns.push_back(entry);
   }
-  for (int size = 0; size <= last_size; ++size) {
+  for (int size = 0; size <= kLastSize; ++size) {
     for (const std::size_t colour : turns) {
-      const bool fonts_move = colour == 0 && NextFace(size, -1) != no_face;
+      const bool fonts_move = colour == 0 && NextFace(size, -1) != kNoFace;
       if (fonts_move || CanSwapColours()) RunTurnsOf(size, colour);
     }
   }
@@ -53,13 +54,14 @@ void StrikeSwaps::RunTurnsOf(int size, std::size_t colour) {
   while (face < faces) {
     if (colour == 0) SwapFonts(size, face);
     bool moved = false;
-    for (const bool blank : {true, false}) {
+    for (const bool space_before_end : {true, false}) {
       moved |= Swap([&](const Piece& piece) {
-        return piece.kind == Kind::Colour && piece.name == entry && piece.blank == blank;
+        return piece.kind == Kind::Colour && piece.name == entry &&
+               piece.space_before_end == space_before_end;
       });
     }
     // Where nothing moved, nothing will before another font becomes a span.
-    face = moved ? face + 1 : colour == 0 ? NextFace(size, face) : no_face;
+    face = moved ? face + 1 : colour == 0 ? NextFace(size, face) : kNoFace;
   }
 }
 
@@ -88,11 +90,11 @@ bool StrikeSwaps::SwapFonts(int size, int face) {
   return moved;
 }
 
-// The first face behind `behind` that a tag of this size still has.
-int StrikeSwaps::NextFace(int size, int behind) const {
-  int next = no_face;
+// The first face after `after` that a tag of this size still has.
+int StrikeSwaps::NextFace(int size, int after) const {
+  int next = kNoFace;
   for (const Piece& piece : pieces_) {
-    if (piece.kind == Kind::Font && piece.size == size && piece.name > behind)
+    if (piece.kind == Kind::Font && piece.size == size && piece.name > after)
       next = std::min(next, piece.name);
   }
   return next;

@@ -29,7 +29,7 @@ class StrikeSwaps {
     Kind kind;
     int size = 0;  // of a font
     int name = 0;  // the face of a font, or the first entry of a colour
-    bool blank = false;
+    bool space_before_end = false;
     Text text;
   };
 
@@ -38,7 +38,7 @@ class StrikeSwaps {
   template <class Wanted>
   bool Swap(Wanted wanted);
   bool SwapFonts(int size, int face);
-  int NextFace(int size, int behind) const;
+  int NextFace(int size, int after) const;
   bool CanSwapColours() const;
 
   const FontNames& names_;

@@ -26,15 +26,15 @@ std::vector<RuleRow> ListRules(const Chain& chain) {
     ++number;
     for (std::uint32_t at = stage.first; at < stage.first + stage.count; ++at) {
       while (!guards.empty() && guards.back().end <= at) guards.pop_back();
-      const Step& step = chain.steps[at];
-      if (step.kind == Step::Kind::Guard) {
-        OpenGuard guard{step.skip, u""};
-        for (const Condition& condition : chain.conditions.subspan(step.first, step.count)) {
+      const Part& part = chain.parts[at];
+      if (part.kind == Part::Kind::Guard) {
+        OpenGuard guard{part.skip, u""};
+        for (const Condition& condition : chain.conditions.subspan(part.first, part.count)) {
           guard.text += (guard.text.empty() ? u"" : u" and ") + Written(condition);
         }
         guards.push_back(std::move(guard));
-      } else if (step.kind == Step::Kind::Rules) {
-        for (const Rule& rule : chain.rules.subspan(step.first, step.count)) {
+      } else if (part.kind == Part::Kind::Rules) {
+        for (const Rule& rule : chain.rules.subspan(part.first, part.count)) {
           rows.push_back({&chain, number, &rule, Joined(guards)});
         }
       }

@@ -33,14 +33,14 @@ struct Condition {
   std::uint32_t gram_count = 0;
 };
 
-/// One step of a stage: a run of rules, a guard over the steps after it, or
+/// One part of a stage: a run of rules, a guard over the parts after it, or
 /// a scan written by hand.
-struct Step {
+struct Part {
   enum class Kind : std::uint8_t { Rules, Guard, Scan };
   Kind kind = Kind::Rules;
   std::uint32_t first = 0;  // of the chain's rules, or of its conditions
   std::uint32_t count = 0;
-  std::uint32_t skip = 0;  // a guard that fails goes on at this step of the chain
+  std::uint32_t skip = 0;  // a guard that fails goes on at this part of the chain
   std::uint32_t gram = 0;  // where not 0: a run that all find texts of these rules share
   void (*scan)(Rewriting&, void* state) = nullptr;
   const char* name = nullptr;  // of the scan
@@ -49,7 +49,7 @@ struct Step {
 struct Stage {
   const char* name = nullptr;
   const char* purpose = nullptr;
-  std::uint32_t first = 0;  // of the chain's steps
+  std::uint32_t first = 0;  // of the chain's parts
   std::uint32_t count = 0;
 };
 
@@ -61,7 +61,7 @@ struct Chain {
   /// The type of the state that its scans read or change, null if they need none.
   const char* state = nullptr;
   std::span<const Stage> stages;
-  std::span<const Step> steps;
+  std::span<const Part> parts;
   std::span<const Rule> rules;
   std::span<const Condition> conditions;
   std::span<const std::uint32_t> grams;

@@ -38,13 +38,13 @@ void ApplyLogged(const Chain& chain, int stage, const Rule& rule, Stretches wher
   row.count += count;
 }
 
-void RunRules(const Chain& chain, int stage, const Step& step, Rewriting& text) {
-  text.Expect(step.count);
-  if (step.gram != 0 && !text.MayHold(step.gram)) {
-    for (const Rule& rule : chain.rules.subspan(step.first, step.count)) CheckSkipped(rule, text);
+void RunRules(const Chain& chain, int stage, const Part& part, Rewriting& text) {
+  text.Expect(part.count);
+  if (part.gram != 0 && !text.MayHold(part.gram)) {
+    for (const Rule& rule : chain.rules.subspan(part.first, part.count)) CheckSkipped(rule, text);
     return;
   }
-  for (std::uint32_t i = step.first; i < step.first + step.count; ++i) {
+  for (std::uint32_t i = part.first; i < part.first + part.count; ++i) {
     const Rule& rule = chain.rules[i];
     const std::uint32_t gram = chain.first_grams[i];
     const Stretches where = gram != 0 && !text.MayHold(gram) ? 0 : text.Where(rule.find, chain.GramsOf(rule));
@@ -58,23 +58,23 @@ void RunRules(const Chain& chain, int stage, const Step& step, Rewriting& text) 
   }
 }
 
-void RunSteps(const Chain& chain, int stage, Rewriting& text, void* state) {
-  const Stage& steps = chain.stages[static_cast<std::size_t>(stage) - 1];
-  std::uint32_t at = steps.first;
-  while (at < steps.first + steps.count) {
-    const Step& step = chain.steps[at++];
-    switch (step.kind) {
-      case Step::Kind::Scan:
-        step.scan(text, state);
+void RunParts(const Chain& chain, int stage, Rewriting& text, void* state) {
+  const Stage& parts = chain.stages[static_cast<std::size_t>(stage) - 1];
+  std::uint32_t at = parts.first;
+  while (at < parts.first + parts.count) {
+    const Part& part = chain.parts[at++];
+    switch (part.kind) {
+      case Part::Kind::Scan:
+        part.scan(text, state);
         break;
-      case Step::Kind::Rules:
-        RunRules(chain, stage, step, text);
+      case Part::Kind::Rules:
+        RunRules(chain, stage, part, text);
         break;
-      case Step::Kind::Guard: {
-        const auto conditions = chain.conditions.subspan(step.first, step.count);
+      case Part::Kind::Guard: {
+        const auto conditions = chain.conditions.subspan(part.first, part.count);
         const bool met = std::all_of(conditions.begin(), conditions.end(),
                                      [&](const Condition& condition) { return Met(chain, condition, text); });
-        if (!met) at = step.skip;
+        if (!met) at = part.skip;
         break;
       }
     }
@@ -86,7 +86,7 @@ void RunSteps(const Chain& chain, int stage, Rewriting& text, void* state) {
 void Run(const Chain& chain, Rewriting& text, void* state) {
   for (int stage = 1; stage <= static_cast<int>(chain.stages.size()); ++stage) {
     text.Expect(chain.rules.size());
-    RunSteps(chain, stage, text, state);
+    RunParts(chain, stage, text, state);
   }
 }
 
@@ -94,7 +94,7 @@ void RunStage(const Chain& chain, int stage, Rewriting& text, void* state) {
   if (stage < 1 || static_cast<std::size_t>(stage) > chain.stages.size()) {
     throw Failure(Failure::Kind::Subscript);
   }
-  RunSteps(chain, stage, text, state);
+  RunParts(chain, stage, text, state);
 }
 
 }  // namespace quillary::rules

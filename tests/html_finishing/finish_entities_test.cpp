@@ -1,5 +1,5 @@
-// The two stages whose families come from the document, against slow twins
-// that run every row for every font, size, colour and link over the page.
+// The two stages whose families come from the document, against reference
+// implementations that run every row for every font, size, colour and link over the page.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -11,7 +11,7 @@
 namespace quillary::html_finishing {
 namespace {
 
-std::vector<Text> SlowFaces(const RtfToHtmlState& state) {
+std::vector<Text> FacesOf(const RtfToHtmlState& state) {
   std::vector<Text> faces;
   for (std::int32_t f = 0; state.FontFaces.sized() && f <= state.FontCount; ++f) {
     faces.push_back(state.FontFaces.has(f) ? Trim(state.FontFaces[f]) : Text());
@@ -19,8 +19,8 @@ std::vector<Text> SlowFaces(const RtfToHtmlState& state) {
   return faces;
 }
 
-Text SlowFonts(Text page, const RtfToHtmlState& state) {
-  for (const Text& face : SlowFaces(state)) {
+Text ReferenceFonts(Text page, const RtfToHtmlState& state) {
+  for (const Text& face : FacesOf(state)) {
     for (int s = 1; s <= 30; ++s) {
       const Text t = u"<font FACE=\"" + face + u"\" SIZE=\"" + Decimal(s) + u"\" >";
       const Text black = u"<font COLOR=\"#000000\">";
@@ -44,7 +44,7 @@ Text SlowFonts(Text page, const RtfToHtmlState& state) {
 }
 
 // "<u>" anchor, any label through the next "</a>", then `kept`, then what goes.
-Text SlowCut(const Text& page, const Text& head, const Text& kept, const Text& cut) {
+Text ReferenceCut(const Text& page, const Text& head, const Text& kept, const Text& cut) {
   const Compare mode = Compare::IgnoreCase;
   Text out;
   std::int32_t written = 1;
@@ -62,7 +62,7 @@ Text SlowCut(const Text& page, const Text& head, const Text& kept, const Text& c
   return out + Mid(page, written);
 }
 
-Text SlowLinks(Text page, const RtfToHtmlState& state) {
+Text ReferenceLinks(Text page, const RtfToHtmlState& state) {
   const Compare mode = Compare::IgnoreCase;
   if (!state.ColourTable.sized()) return page;
   const std::int32_t links = CountOccurrences(page, u"<a href=", mode);
@@ -71,13 +71,13 @@ Text SlowLinks(Text page, const RtfToHtmlState& state) {
     const Text anchor = u"<a href=\"" + u + u"\">";
     for (std::int32_t c = 1; c <= state.ColourCount; ++c) {
       const Text colour = u"<font COLOR=\"" + state.ColourTable[c] + u"\">";
-      for (const Text& face : SlowFaces(state)) {
+      for (const Text& face : FacesOf(state)) {
         page = ReplaceAll(page, colour + anchor, anchor + colour, mode);
         for (int n = 5; n >= 1; --n) {
           const Text tail = u"<font SIZE=\"" + Decimal(n) + u"\">" + anchor + u + u"</a>";
           const Text kept = u"</a></u>" + colour;
-          page = SlowCut(page, u"<u>" + anchor, kept, u"<b>" + tail);
-          page = SlowCut(page, u"<u>" + anchor, kept, u"<font FACE=\"" + face + u"\">" + tail);
+          page = ReferenceCut(page, u"<u>" + anchor, kept, u"<b>" + tail);
+          page = ReferenceCut(page, u"<u>" + anchor, kept, u"<font FACE=\"" + face + u"\">" + tail);
         }
       }
     }
@@ -118,8 +118,8 @@ class Documents {
 
 std::string Shown(TextView text) { return std::string(text.begin(), text.end()); }
 
-template <class Twin>
-void CompareWithTwin(int stage, const std::vector<Text>& pieces, Twin twin, int pages) {
+template <class Reference>
+void CompareWithReference(int stage, const std::vector<Text>& pieces, Reference reference, int pages) {
   Documents documents;
   int changed = 0;
   for (int i = 0; i < pages; ++i) {
@@ -128,82 +128,82 @@ void CompareWithTwin(int stage, const std::vector<Text>& pieces, Twin twin, int 
     const Text page = documents.Page(pieces);
     rules::Rewriting text = StartRewriting(apartment, page);
     rules::RunStage(chains::FinishEntitiesAndLists, stage, text, &apartment.rtf_to_html);
-    const Text wanted = twin(page, apartment.rtf_to_html);
-    changed += wanted != page;
-    ASSERT_EQ(Shown(wanted), Shown(text.text())) << Shown(page);
+    const Text expected = reference(page, apartment.rtf_to_html);
+    changed += expected != page;
+    ASSERT_EQ(Shown(expected), Shown(text.text())) << Shown(page);
   }
   EXPECT_GT(changed, pages / 4);
 }
 
-TEST(FinishEntitiesAndLists, MovesFontsAsItsSlowTwinDoes) {
+TEST(FinishEntitiesAndLists, MovesFontsAsItsReferenceDoes) {
   const Text arial = u"<font FACE=\"Arial\" SIZE=\"2\" >";
   const Text times = u"<font FACE=\"Times\" SIZE=\"30\" >";
   const Text body = u"<BODY BGCOLOR=\"#FFFFFF\"><font FACE=\"Arial\" ><ul>";
   const Text black = u"<font COLOR=\"#000000\">";
-  CompareWithTwin(chains::FinishEntitiesAndLists_stages::fonts_outward,
-                  {arial,
-                   arial,
-                   arial,
-                   times,
-                   u"<font FACE=\"\" SIZE=\"1\" >",
-                   u"<font FACE=\"Arial\" SIZE=\"31\" >",
-                   u"<font FACE=\"x\" ><b><font FACE=\"Arial\" SIZE=\"2\" >",
-                   body,
-                   body + u"<b>" + arial,
-                   u"<font FACE=\"x\" >",
-                   u"<b>",
-                   u"<i>",
-                   u"<u>",
-                   u"<b><i>",
-                   u"<u><b>",
-                   u"<strike>",
-                   u"&bull;",
-                   u"&bull;" + arial + black,
-                   black,
-                   u"text",
-                   u" ",
-                   u"</ul>",
-                   u"<li><br> </font></li></li></ul>" + arial + u"<li><ul>",
-                   u"<li><br> </font></li></li></ul>",
-                   u"</li></ul>" + times + u"<li> <ul>",
-                   u"<li> <ul>",
-                   u"<li><ul>",
-                   u"<",
-                   u">",
-                   u"&bu",
-                   u"ll;"},
-                  SlowFonts, 800);
+  CompareWithReference(chains::FinishEntitiesAndLists_stages::fonts_outward,
+                       {arial,
+                        arial,
+                        arial,
+                        times,
+                        u"<font FACE=\"\" SIZE=\"1\" >",
+                        u"<font FACE=\"Arial\" SIZE=\"31\" >",
+                        u"<font FACE=\"x\" ><b><font FACE=\"Arial\" SIZE=\"2\" >",
+                        body,
+                        body + u"<b>" + arial,
+                        u"<font FACE=\"x\" >",
+                        u"<b>",
+                        u"<i>",
+                        u"<u>",
+                        u"<b><i>",
+                        u"<u><b>",
+                        u"<strike>",
+                        u"&bull;",
+                        u"&bull;" + arial + black,
+                        black,
+                        u"text",
+                        u" ",
+                        u"</ul>",
+                        u"<li><br> </font></li></li></ul>" + arial + u"<li><ul>",
+                        u"<li><br> </font></li></li></ul>",
+                        u"</li></ul>" + times + u"<li> <ul>",
+                        u"<li> <ul>",
+                        u"<li><ul>",
+                        u"<",
+                        u">",
+                        u"&bu",
+                        u"ll;"},
+                       ReferenceFonts, 800);
 }
 
-TEST(FinishEntitiesAndLists, SettlesLinksAsItsSlowTwinDoes) {
+TEST(FinishEntitiesAndLists, ResolvesLinksAsItsReferenceDoes) {
   const Text anchor = u"<A HREF=\"http://a.B\">";
   const Text red = u"<FONT color=\"#ff0000\">";
   const Text doubled = u"<u>" + anchor + u"label</a></u>" + red;
   const Text again = u"<a href=\"http://a.b\">HTTP://a.b</a>";
-  CompareWithTwin(chains::FinishEntitiesAndLists_stages::link_colours,
-                  {anchor,
-                   u"<a href=\"http://c\">",
-                   red,
-                   red + anchor,
-                   u"<font COLOR=\"#0000ff\">",
-                   u"<u>",
-                   u"</u>",
-                   u"</a>",
-                   u"<b>",
-                   doubled,
-                   doubled + u"<b><font SIZE=\"3\">" + again,
-                   doubled + u"<font FACE=\"Arial\"><font SIZE=\"1\">" + again,
-                   u"<b><font SIZE=\"3\">" + again,
-                   u"<font FACE=\"\"><font SIZE=\"5\">" + again,
-                   again,
-                   u"http://a.b",
-                   u"text",
-                   u"<font SIZE=\"3\">",
-                   u"<font COLOR=\"#ff0000\"><u><font COLOR=\"#000000\"><a href=\"http://a.b\">",
-                   u"<a href=\"http://c\"><b><a href=\"http://a.b\">",
-                   u"<",
-                   u">"},
-                  SlowLinks, 800);
+  CompareWithReference(chains::FinishEntitiesAndLists_stages::link_colours,
+                       {anchor,
+                        u"<a href=\"http://c\">",
+                        red,
+                        red + anchor,
+                        u"<font COLOR=\"#0000ff\">",
+                        u"<u>",
+                        u"</u>",
+                        u"</a>",
+                        u"<b>",
+                        doubled,
+                        doubled + u"<b><font SIZE=\"3\">" + again,
+                        doubled + u"<font FACE=\"Arial\"><font SIZE=\"1\">" + again,
+                        u"<b><font SIZE=\"3\">" + again,
+                        u"<font FACE=\"\"><font SIZE=\"5\">" + again,
+                        again,
+                        u"http://a.b",
+                        u"text",
+                        u"<font SIZE=\"3\">",
+                        u"<font COLOR=\"#ff0000\"><u><font COLOR=\"#000000\"><a href=\"http://a.b\">",
+                        u"<a href=\"http://c\"><b><a href=\"http://a.b\">",
+                        u"<",
+                        u">"},
+                       ReferenceLinks, 800);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // Finishing of the page: the rewriting of font tags and the walk over table
-// blocks against slow twins that take every turn over the whole page, the
-// failures that leave them, and their cost.
+// blocks against reference implementations that take every turn over the whole
+// page, the failures that leave them, and their cost.
 #include <gtest/gtest.h>
 
 #include <ctime>
@@ -35,7 +35,7 @@ double Seconds(const std::function<void()>& action) {
 
 // ---- font tags, turn by turn ----
 
-struct SlowNames {
+struct Names {
   std::vector<Text> faces;
   std::vector<Text> colours;
 };
@@ -43,9 +43,9 @@ struct SlowNames {
 Text Attribute(const char16_t* name, const Text& value) { return Text(u" ") + name + u"=\"" + value + u"\""; }
 Text Tag(const Text& attributes, const Text& end) { return u"<font" + attributes + end; }
 
-class SlowSpans {
+class ReferenceSpans {
  public:
-  static Text Run(Text page, const SlowNames& names) {
+  static Text Run(Text page, const Names& names) {
     const std::vector<Text> none(1);
     for (int s = 0; s <= 30; ++s) {
       const Text size = Decimal(s);
@@ -87,7 +87,7 @@ class SlowSpans {
   }
 };
 
-Text SlowRemoval(Text page, const SlowNames& names) {
+Text ReferenceRemoval(Text page, const Names& names) {
   const std::vector<Text> none(1);
   for (int size = 0; size <= 30; ++size) {
     const Text s = Attribute(u"SIZE", Decimal(size));
@@ -114,7 +114,7 @@ Text SlowRemoval(Text page, const SlowNames& names) {
   return page;
 }
 
-void SetNames(Apartment& apartment, const SlowNames& names) {
+void SetNames(Apartment& apartment, const Names& names) {
   RtfToHtmlState& state = apartment.rtf_to_html;
   state.FontCount = static_cast<std::int64_t>(names.faces.size()) - 1;
   state.FontFaces.Size(state.FontCount);
@@ -137,8 +137,8 @@ Text RunFonts(const rules::Chain& chain, Apartment& apartment, Text page) {
   return rewriting.Take();
 }
 
-// A face alone, alike in both twins.
-Text SlowFaces(Text page, const SlowNames& names, bool spans) {
+// A face alone, alike in both reference implementations.
+Text ReferenceFaces(Text page, const Names& names, bool spans) {
   for (const Text& face : names.faces) {
     for (const char16_t* end : {u">", u" >"}) {
       ReplaceIn(page, u"<font face=\"" + face + u"\"" + end,
@@ -148,7 +148,7 @@ Text SlowFaces(Text page, const SlowNames& names, bool spans) {
   return page;
 }
 
-std::vector<Text> FontPieces(const SlowNames& names) {
+std::vector<Text> FontPieces(const Names& names) {
   std::vector<Text> faces = names.faces;
   faces.push_back(u"Other");
   std::vector<Text> colours = names.colours;
@@ -179,10 +179,10 @@ std::vector<Text> FontPieces(const SlowNames& names) {
   return pieces;
 }
 
-class FontNamesOfPages : public testing::TestWithParam<SlowNames> {};
+class FontNamesOfPages : public testing::TestWithParam<Names> {};
 
 TEST_P(FontNamesOfPages, GiveWhatTakingEveryTurnGives) {
-  const SlowNames& names = GetParam();
+  const Names& names = GetParam();
   const std::vector<Text> pieces = FontPieces(names);
   Apartment apartment;
   SetNames(apartment, names);
@@ -193,10 +193,10 @@ TEST_P(FontNamesOfPages, GiveWhatTakingEveryTurnGives) {
     std::vector<Text> few{u"<strike>", u"<strike>"};
     for (int k = 0; k < 8; ++k) few.push_back(Pick(random, pieces));
     const Text page = PageOf(random, few, 20);
-    const Text spans = SlowFaces(SlowSpans::Run(page, names), names, true);
+    const Text spans = ReferenceFaces(ReferenceSpans::Run(page, names), names, true);
     ASSERT_EQ(RunFonts(chains::ConvertFontsToSpans, apartment, page), spans) << i;
     ASSERT_EQ(RunFonts(chains::RemoveFontTags, apartment, page),
-              SlowFaces(SlowRemoval(page, names), names, false))
+              ReferenceFaces(ReferenceRemoval(page, names), names, false))
         << i;
     if (Holds(page, u"<strike><font") && Holds(spans, u"><strike>")) ++moved;
   }
@@ -205,12 +205,12 @@ TEST_P(FontNamesOfPages, GiveWhatTakingEveryTurnGives) {
 
 INSTANTIATE_TEST_SUITE_P(
     Documents, FontNamesOfPages,
-    testing::Values(SlowNames{{u"Arial", u"Times New Roman", u""}, {u"#ff0000", u"0000ff"}},
-                    SlowNames{{u"Arial", u"Arial", u""}, {u"#000000", u"#ff0000", u"#ff0000"}},
-                    SlowNames{{u"Arial", u""}, {}},
+    testing::Values(Names{{u"Arial", u"Times New Roman", u""}, {u"#ff0000", u"0000ff"}},
+                    Names{{u"Arial", u"Arial", u""}, {u"#000000", u"#ff0000", u"#ff0000"}},
+                    Names{{u"Arial", u""}, {}},
                     // Names that end a value or make a tag of their own.
-                    SlowNames{{u"A\"b", u"Arial", u"a>b"}, {u"#ff0000"}},
-                    SlowNames{{u"<font SIZE=\"3\" FACE=\"Arial\" >", u"Arial"}, {u"<strike>", u"red"}}));
+                    Names{{u"A\"b", u"Arial", u"a>b"}, {u"#ff0000"}},
+                    Names{{u"<font SIZE=\"3\" FACE=\"Arial\" >", u"Arial"}, {u"<strike>", u"red"}}));
 
 TEST(FontTags, RefuseACountWithoutItsListAndLeaveThePage) {
   Apartment apartment;
@@ -221,7 +221,7 @@ TEST(FontTags, RefuseACountWithoutItsListAndLeaveThePage) {
 }
 
 TEST(FontTags, CostWhatThePageHoldsAndNotAllTurns) {
-  SlowNames names;
+  Names names;
   for (int i = 0; i < 1000; ++i) names.faces.push_back(u"Face " + Decimal(i));
   for (int i = 0; i < 1000; ++i) names.colours.push_back(u"#" + Decimal(100000 + i));
   Apartment apartment;
@@ -242,7 +242,7 @@ using modQuillary::BalanceTableBlocks;
 using modQuillary::BlockRoutine;
 using modQuillary::BlockWalk;
 
-Text SlowWalk(Text page, const BlockRoutine& balance, BlockWalk& end) {
+Text ReferenceWalk(Text page, const BlockRoutine& balance, BlockWalk& end) {
   end = BlockWalk::Done;
   const std::int32_t tables = CountOccurrences(page, u"<table", Compare::IgnoreCase);
   if (tables == 0 || tables != CountOccurrences(page, u"</table>", Compare::IgnoreCase)) return page;
@@ -300,13 +300,13 @@ TEST(TableBlocks, AreReplacedWhereTheyStandFirst) {
   for (int i = 0; i < 6000; ++i) {
     const BlockRoutine& routine = routines[random() % routines.size()];
     const Text page = PageOf(random, pieces, 30);
-    BlockWalk slow_end = BlockWalk::Done;
-    const Text slow = SlowWalk(page, routine, slow_end);
+    BlockWalk expected_end = BlockWalk::Done;
+    const Text expected = ReferenceWalk(page, routine, expected_end);
     rules::Rewriting fast = StartRewriting(apartment, page);
-    ASSERT_EQ(BalanceTableBlocks(fast, routine), slow_end) << i;
-    ASSERT_EQ(fast.text(), slow) << i;
-    if (slow != page) ++changed;
-    if (slow_end == BlockWalk::GoBack) ++back;
+    ASSERT_EQ(BalanceTableBlocks(fast, routine), expected_end) << i;
+    ASSERT_EQ(fast.text(), expected) << i;
+    if (expected != page) ++changed;
+    if (expected_end == BlockWalk::GoBack) ++back;
   }
   EXPECT_GT(changed, 300);
   EXPECT_GT(back, 20);

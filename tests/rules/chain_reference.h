@@ -33,16 +33,16 @@ class MadeChain {
       conditions_.push_back({static_cast<rules::Condition::Kind>(condition.kind), condition.find,
                              condition.mode, condition.units, first, count});
     }
-    for (const rulec::FlatStep& step : flat_.steps) {
-      steps_.push_back({static_cast<rules::Step::Kind>(step.kind), static_cast<std::uint32_t>(step.first),
-                        static_cast<std::uint32_t>(step.count), static_cast<std::uint32_t>(step.skip),
-                        step.gram, nullptr, nullptr});
+    for (const rulec::FlatPart& part : flat_.parts) {
+      parts_.push_back({static_cast<rules::Part::Kind>(part.kind), static_cast<std::uint32_t>(part.first),
+                        static_cast<std::uint32_t>(part.count), static_cast<std::uint32_t>(part.skip),
+                        part.gram, nullptr, nullptr});
     }
     for (const rulec::FlatStage& stage : flat_.stages) {
       stages_.push_back({stage.name.c_str(), stage.purpose.c_str(), static_cast<std::uint32_t>(stage.first),
                          static_cast<std::uint32_t>(stage.count)});
     }
-    chain_ = {flat_.name.c_str(), "made.rules", nullptr,     stages_, steps_, rules_,
+    chain_ = {flat_.name.c_str(), "made.rules", nullptr,     stages_, parts_, rules_,
               conditions_,        grams_,       first_grams_};
   }
   MadeChain(const MadeChain&) = delete;
@@ -63,7 +63,7 @@ class MadeChain {
   rulec::FlatChain flat_;
   std::vector<rules::Rule> rules_;
   std::vector<rules::Condition> conditions_;
-  std::vector<rules::Step> steps_;
+  std::vector<rules::Part> parts_;
   std::vector<rules::Stage> stages_;
   std::vector<std::uint32_t> grams_;
   std::vector<std::uint32_t> first_grams_;
@@ -111,20 +111,20 @@ inline bool ReferenceMet(const rules::Condition& condition, const Text& text) {
 inline Text RunRuleByRule(const rules::Chain& chain, Text text) {
   for (const rules::Stage& stage : chain.stages) {
     for (std::uint32_t at = stage.first; at < stage.first + stage.count;) {
-      const rules::Step& step = chain.steps[at++];
-      if (step.kind == rules::Step::Kind::Scan) {
+      const rules::Part& part = chain.parts[at++];
+      if (part.kind == rules::Part::Kind::Scan) {
         rules::Rewriting whole(std::move(text));
-        step.scan(whole, nullptr);
+        part.scan(whole, nullptr);
         text = whole.Take();
-      } else if (step.kind == rules::Step::Kind::Rules) {
-        for (const rules::Rule& rule : chain.rules.subspan(step.first, step.count)) {
+      } else if (part.kind == rules::Part::Kind::Rules) {
+        for (const rules::Rule& rule : chain.rules.subspan(part.first, part.count)) {
           ReferenceReplace(text, rule);
         }
       } else {
-        const auto conditions = chain.conditions.subspan(step.first, step.count);
+        const auto conditions = chain.conditions.subspan(part.first, part.count);
         const bool met = std::all_of(conditions.begin(), conditions.end(),
                                      [&](const auto& condition) { return ReferenceMet(condition, text); });
-        if (!met) at = step.skip;
+        if (!met) at = part.skip;
       }
     }
   }

@@ -57,9 +57,9 @@ class Maker {
     rulec::FlatChain chain;
     chain.name = "Made";
     for (std::size_t stage = 0; stage < 3; ++stage) {
-      const std::size_t first = chain.steps.size();
-      for (std::size_t i = 0; i < 4; ++i) AddStep(chain, text, variety);
-      chain.stages.push_back({"made", "Made.", first, chain.steps.size() - first});
+      const std::size_t first = chain.parts.size();
+      for (std::size_t i = 0; i < 4; ++i) AddPart(chain, text, variety);
+      chain.stages.push_back({"made", "Made.", first, chain.parts.size() - first});
     }
     return chain;
   }
@@ -67,19 +67,19 @@ class Maker {
  private:
   Compare Mode() { return OneIn(2) ? Compare::Binary : Compare::IgnoreCase; }
 
-  void AddStep(rulec::FlatChain& chain, const Text& text, std::size_t variety) {
-    const std::size_t guard = chain.steps.size();
+  void AddPart(rulec::FlatChain& chain, const Text& text, std::size_t variety) {
+    const std::size_t guard = chain.parts.size();
     const bool guarded = OneIn(3);
     if (guarded) {
-      chain.steps.push_back(
-          {rulec::FlatStep::Kind::Guard, chain.conditions.size(), 1, 0, "", rulec::StateUse::None, 0});
+      chain.parts.push_back(
+          {rulec::FlatPart::Kind::Guard, chain.conditions.size(), 1, 0, "", rulec::StateUse::None, 0});
       const auto kind = static_cast<rulec::Asked::Kind>(Below(3));
       chain.conditions.push_back(
           {kind, Literal(text, variety), Mode(), static_cast<std::uint32_t>(text.size())});
     }
-    rulec::FlatStep step{
-        rulec::FlatStep::Kind::Rules, chain.rules.size(), 4 + Below(12), 0, "", rulec::StateUse::None, 0};
-    for (std::size_t i = 0; i < step.count; ++i) {
+    rulec::FlatPart part{
+        rulec::FlatPart::Kind::Rules, chain.rules.size(), 4 + Below(12), 0, "", rulec::StateUse::None, 0};
+    for (std::size_t i = 0; i < part.count; ++i) {
       const Text with = OneIn(3) ? Text() : Literal(text, variety);
       const std::int32_t limit = OneIn(4) ? static_cast<std::int32_t>(1 + Below(3)) : -1;
       // Growth by rules that feed each other must stay small.
@@ -87,8 +87,8 @@ class Maker {
       chain.rules.push_back(
           {find, with.size() > find.size() + 2 ? with.substr(0, 2) : with, Mode(), limit, 0});
     }
-    chain.steps.push_back(step);
-    if (guarded) chain.steps[guard].skip = chain.steps.size();
+    chain.parts.push_back(part);
+    if (guarded) chain.parts[guard].skip = chain.parts.size();
   }
 
   std::mt19937 random_;
@@ -150,8 +150,8 @@ TEST(Engine, FindsWhatLiesWhereStretchesMeet) {
         if (later > static_cast<double>(at)) later += moved;
       }
     }
-    flat.steps.push_back(
-        {rulec::FlatStep::Kind::Rules, 0, flat.rules.size(), 0, "", rulec::StateUse::None, 0});
+    flat.parts.push_back(
+        {rulec::FlatPart::Kind::Rules, 0, flat.rules.size(), 0, "", rulec::StateUse::None, 0});
     flat.stages.push_back({"made", "Made.", 0, 1});
     const MadeChain made(std::move(flat));
     ASSERT_EQ(Ran(made.chain(), text), now) << "seed " << seed;

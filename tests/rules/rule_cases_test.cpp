@@ -86,9 +86,9 @@ std::vector<Text> Probes(const rules::RuleRow& row) {
   const Text find(row.rule->find);
   std::vector<Text> probes = {find, CaseToggled(find, Known())};
   Text wanted;
-  for (const rules::Step& step : row.chain->steps.subspan(StageOf(row).first, StageOf(row).count)) {
-    if (step.kind != rules::Step::Kind::Guard) continue;
-    for (const rules::Condition& condition : row.chain->conditions.subspan(step.first, step.count)) {
+  for (const rules::Part& part : row.chain->parts.subspan(StageOf(row).first, StageOf(row).count)) {
+    if (part.kind != rules::Part::Kind::Guard) continue;
+    for (const rules::Condition& condition : row.chain->conditions.subspan(part.first, part.count)) {
       if (condition.kind == rules::Condition::Kind::Holds) wanted.append(u" ").append(condition.find);
     }
   }
@@ -275,7 +275,7 @@ INSTANTIATE_TEST_SUITE_P(Rules, Cases, testing::ValuesIn(CaseFiles()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Rules, Coverage, testing::ValuesIn(CaseFiles()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Rules, Proof, testing::ValuesIn(CaseFiles()), NameOf);
 
-// A rule file without cases, or a chain that no step of a conversion names.
+// A rule file without cases, or a chain that no part of a conversion names.
 TEST(RuleFiles, HaveCasesAndRunInTheirSteps) {
   std::set<std::string> running;
   for (const rules::Chain* chain : component::AllChains()) running.insert(chain->name);
@@ -284,7 +284,7 @@ TEST(RuleFiles, HaveCasesAndRunInTheirSteps) {
     fs::path path = entry.path();
     if (path.extension() != ".rules" || path.stem() == "sentinels") continue;
     for (const rulec::ChainSource& chain : rulec::ReadRules(ReadFile(path), Known(), "any")) {
-      EXPECT_TRUE(running.contains(chain.name)) << path << ": no step runs " << chain.name;
+      EXPECT_TRUE(running.contains(chain.name)) << path << ": no part runs " << chain.name;
     }
     const std::string name = fs::relative(path.replace_extension(), QUILLARY_SOURCE_DIR).generic_string();
     EXPECT_TRUE(std::ranges::count(with_cases, name)) << name << ".cases is missing";

@@ -12,8 +12,8 @@ const Names& Known() {
   return known;
 }
 
-FlatChain Compiled(const std::string& steps) {
-  return Expand(ReadRules("chain Trial ignore-case\nstage one \"All of it.\"\n" + steps, Known(), "").at(0));
+FlatChain Compiled(const std::string& parts) {
+  return Expand(ReadRules("chain Trial ignore-case\nstage one \"All of it.\"\n" + parts, Known(), "").at(0));
 }
 
 std::string Refusal(const std::string& source) {
@@ -74,8 +74,8 @@ TEST(RuleFile, RefusesWhatIsMalformed) {
   EXPECT_EQ(Refusal("let x ⟨⟩ \"why\"\n" + used), "1: empty let");
   EXPECT_EQ(Refusal(used + "\nlet x ⟨y⟩ \"why\""), "3: unknown name: x");
   EXPECT_EQ(Refusal(head + "let x ⟨y⟩ \"why\""), "3: let after a chain");
-  EXPECT_EQ(Refusal("⟨a⟩ -> ⟨b⟩"), "1: step outside a stage");
-  EXPECT_EQ(Refusal("chain Trial\n⟨a⟩ -> ⟨b⟩"), "2: step outside a stage");
+  EXPECT_EQ(Refusal("⟨a⟩ -> ⟨b⟩"), "1: part outside a stage");
+  EXPECT_EQ(Refusal("chain Trial\n⟨a⟩ -> ⟨b⟩"), "2: part outside a stage");
 }
 
 TEST(RuleFile, WritesFamiliesOutInOrder) {
@@ -99,10 +99,10 @@ TEST(RuleFile, WritesFamiliesOutInOrder) {
   EXPECT_EQ(chain.conditions[4].kind, Asked::Kind::HoldsNot);
   EXPECT_EQ(chain.conditions[4].mode, Compare::IgnoreCase);
   EXPECT_EQ(chain.conditions[5].units, 10U);
-  // The first guard skips its one step of rules, the second ends the stage.
-  ASSERT_EQ(chain.steps.size(), 5U);
-  EXPECT_EQ(chain.steps[1].skip, 3U);
-  EXPECT_EQ(chain.steps[3].skip, 5U);
+  // The first guard skips its one part of rules, the second ends the stage.
+  ASSERT_EQ(chain.parts.size(), 5U);
+  EXPECT_EQ(chain.parts[1].skip, 3U);
+  EXPECT_EQ(chain.parts[3].skip, 5U);
 }
 
 TEST(RuleFile, PutsInNamedLiteralsAndTellsSharedOnesThatNobodyUses) {

@@ -92,30 +92,30 @@ std::string StateType(const FlatChain& chain, StateUse use) {
 }
 
 // What the engine calls for a scan: the scan itself, with the state in its type.
-std::string Call(const FlatChain& chain, const FlatStep& step) {
-  const std::string name = chain.scan_namespace + "::" + step.scan;
-  if (step.state_use == StateUse::None) return "[](Rewriting& text, void*) { " + name + "(text); }";
+std::string Call(const FlatChain& chain, const FlatPart& part) {
+  const std::string name = chain.scan_namespace + "::" + part.scan;
+  if (part.state_use == StateUse::None) return "[](Rewriting& text, void*) { " + name + "(text); }";
   return "[](Rewriting& text, void* state) { " + name + "(text, *static_cast<" +
-         StateType(chain, step.state_use) + "*>(state)); }";
+         StateType(chain, part.state_use) + "*>(state)); }";
 }
 
 std::string ChainType(const FlatChain& chain) {
   return chain.state.empty() ? "Chain" : "ChainWith<" + chain.state + ">";
 }
 
-void EmitSteps(const FlatChain& chain, std::ostream& out) {
-  for (const FlatStep& step : chain.steps) {
-    switch (step.kind) {
-      case FlatStep::Kind::Rules:
-        out << "    {Step::Kind::Rules, " << step.first << ", " << step.count << ", 0, " << Hash(step.gram)
+void EmitParts(const FlatChain& chain, std::ostream& out) {
+  for (const FlatPart& part : chain.parts) {
+    switch (part.kind) {
+      case FlatPart::Kind::Rules:
+        out << "    {Part::Kind::Rules, " << part.first << ", " << part.count << ", 0, " << Hash(part.gram)
             << ", nullptr, nullptr},\n";
         break;
-      case FlatStep::Kind::Guard:
-        out << "    {Step::Kind::Guard, " << step.first << ", " << step.count << ", " << step.skip
+      case FlatPart::Kind::Guard:
+        out << "    {Part::Kind::Guard, " << part.first << ", " << part.count << ", " << part.skip
             << ", 0, nullptr, nullptr},\n";
         break;
-      case FlatStep::Kind::Scan:
-        out << "    {Step::Kind::Scan, 0, 0, 0, 0, " << Call(chain, step) << ", \"" << step.scan << "\"},\n";
+      case FlatPart::Kind::Scan:
+        out << "    {Part::Kind::Scan, 0, 0, 0, 0, " << Call(chain, part) << ", \"" << part.scan << "\"},\n";
         break;
     }
   }
@@ -143,8 +143,8 @@ void EmitChain(const FlatChain& chain, const std::string& name, std::ostream& ou
                << ModeName(condition.mode) << ", " << condition.units << ", " << grams.Fields(condition.find)
                << "},\n";
   }
-  std::ostringstream steps;
-  EmitSteps(chain, steps);
+  std::ostringstream parts;
+  EmitParts(chain, parts);
   std::ostringstream stages;
   for (const FlatStage& stage : chain.stages) {
     stages << "    {\"" << stage.name << "\", " << Narrow(stage.purpose) << ", " << stage.first << ", "
@@ -155,14 +155,14 @@ void EmitChain(const FlatChain& chain, const std::string& name, std::ostream& ou
   EmitArray("Condition", chain.name + "_conditions", conditions.str(), out);
   EmitArray("std::uint32_t", chain.name + "_grams", grams.rows(), out);
   EmitArray("std::uint32_t", chain.name + "_first_grams", first_grams.str(), out);
-  EmitArray("Step", chain.name + "_steps", steps.str(), out);
+  EmitArray("Part", chain.name + "_parts", parts.str(), out);
   EmitArray("Stage", chain.name + "_stage_table", stages.str(), out);
   out << "}  // namespace\n";
   const auto table = [&](const char* suffix, bool any) { return any ? chain.name + suffix : "{}"; };
   const bool with_state = !chain.state.empty();
   out << "constexpr " << ChainType(chain) << " " << chain.name << (with_state ? " = {{\"" : " = {\"")
       << chain.name << "\", " << Narrow(name) << ", " << (with_state ? "\"" + chain.state + "\"" : "nullptr")
-      << ", " << table("_stage_table", !chain.stages.empty()) << ", " << table("_steps", !chain.steps.empty())
+      << ", " << table("_stage_table", !chain.stages.empty()) << ", " << table("_parts", !chain.parts.empty())
       << ", " << table("_rules", !chain.rules.empty()) << ", "
       << table("_conditions", !chain.conditions.empty()) << ", " << table("_grams", !grams.rows().empty())
       << ", " << table("_first_grams", !chain.rules.empty()) << (with_state ? "}};\n\n" : "};\n\n");
@@ -186,11 +186,11 @@ std::string EmitTables(const std::vector<FlatChain>& chains, const std::string& 
   out << made_by << "#include \"" << header << ".h\"\n\n";
   std::set<std::string> scans;
   for (const FlatChain& chain : chains) {
-    for (const FlatStep& step : chain.steps) {
-      if (step.kind != FlatStep::Kind::Scan) continue;
-      const bool with_state = step.state_use != StateUse::None;
-      const std::string state = with_state ? ", " + StateType(chain, step.state_use) + "& state" : "";
-      scans.insert("namespace quillary::" + chain.scan_namespace + " {\nvoid " + step.scan +
+    for (const FlatPart& part : chain.parts) {
+      if (part.kind != FlatPart::Kind::Scan) continue;
+      const bool with_state = part.state_use != StateUse::None;
+      const std::string state = with_state ? ", " + StateType(chain, part.state_use) + "& state" : "";
+      scans.insert("namespace quillary::" + chain.scan_namespace + " {\nvoid " + part.scan +
                    "(rules::Rewriting& text" + state + ");\n}\n");
     }
   }

@@ -12,11 +12,11 @@ class Expander {
   explicit Expander(FlatChain& chain) : chain_(chain) {}
 
   void Stage(const StageSource& source) {
-    const std::size_t first = chain_.steps.size();
-    // Rules of two stages never share a step.
+    const std::size_t first = chain_.parts.size();
+    // Rules of two stages never share a part.
     joinable_ = false;
     Body(source.body);
-    chain_.stages.push_back({source.name, source.purpose, first, chain_.steps.size() - first});
+    chain_.stages.push_back({source.name, source.purpose, first, chain_.parts.size() - first});
   }
 
  private:
@@ -33,7 +33,7 @@ class Expander {
           When(node);
           break;
         case Node::Kind::Scan:
-          chain_.steps.push_back({FlatStep::Kind::Scan, 0, 0, 0, node.scan, node.state_use, 0});
+          chain_.parts.push_back({FlatPart::Kind::Scan, 0, 0, 0, node.scan, node.state_use, 0});
           joinable_ = false;
           break;
       }
@@ -56,23 +56,23 @@ class Expander {
     if (rule.find.size() > 0xFFFF || rule.with.size() > 0xFFFF)
       throw Malformed(node.line, "literal too long");
     if (!joinable_)
-      chain_.steps.push_back({FlatStep::Kind::Rules, chain_.rules.size(), 0, 0, "", StateUse::None, 0});
+      chain_.parts.push_back({FlatPart::Kind::Rules, chain_.rules.size(), 0, 0, "", StateUse::None, 0});
     joinable_ = true;
     chain_.rules.push_back(std::move(rule));
-    ++chain_.steps.back().count;
+    ++chain_.parts.back().count;
   }
 
   void When(const Node& node) {
-    const std::size_t guard = chain_.steps.size();
-    chain_.steps.push_back(
-        {FlatStep::Kind::Guard, chain_.conditions.size(), node.conditions.size(), 0, "", StateUse::None, 0});
+    const std::size_t guard = chain_.parts.size();
+    chain_.parts.push_back(
+        {FlatPart::Kind::Guard, chain_.conditions.size(), node.conditions.size(), 0, "", StateUse::None, 0});
     for (const Asked& asked : node.conditions) {
       chain_.conditions.push_back({asked.kind, Fill(asked.find, values_), asked.mode, asked.units});
     }
     joinable_ = false;
     Body(node.body);
     joinable_ = false;
-    chain_.steps[guard].skip = chain_.steps.size();
+    chain_.parts[guard].skip = chain_.parts.size();
   }
 
   FlatChain& chain_;

@@ -23,8 +23,8 @@ struct FlatCondition {
   std::uint32_t units = 0;
 };
 
-/// As rules::Step; indices count over the chain.
-struct FlatStep {
+/// As rules::Part; indices count over the chain.
+struct FlatPart {
   enum class Kind { Rules, Guard, Scan };
   Kind kind = Kind::Rules;
   std::size_t first = 0;
@@ -47,7 +47,7 @@ struct FlatChain {
   std::string scan_namespace;
   std::string state;
   std::vector<FlatStage> stages;
-  std::vector<FlatStep> steps;
+  std::vector<FlatPart> parts;
   std::vector<FlatRule> rules;
   std::vector<FlatCondition> conditions;
 };

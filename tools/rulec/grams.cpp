@@ -80,26 +80,26 @@ class Shared {
   std::vector<Gram> grams_;
 };
 
-// Cuts one step of rules; the pieces go after `steps`.
-void Cut(const FlatStep& step, const std::vector<FlatRule>& rules, std::vector<FlatStep>& steps) {
-  const std::size_t last = step.first + step.count;
-  FlatStep open = step;  // rules that share nothing with their neighbours
+// Cuts one part of rules; the pieces go after `parts`.
+void Cut(const FlatPart& part, const std::vector<FlatRule>& rules, std::vector<FlatPart>& parts) {
+  const std::size_t last = part.first + part.count;
+  FlatPart open = part;  // rules that share nothing with their neighbours
   open.count = 0;
   const auto close = [&] {
-    if (open.count > 0) steps.push_back(open);
+    if (open.count > 0) parts.push_back(open);
     open.count = 0;
   };
-  for (std::size_t at = step.first; at < last;) {
+  for (std::size_t at = part.first; at < last;) {
     Shared shared(rules[at].find);
     std::size_t end = at + 1;
     while (shared.any() && end < last && shared.Narrow(rules[end].find)) ++end;
     if (shared.any() && end - at >= kSmallestBlock && shared.best() != 0) {
       close();
-      FlatStep block = step;
+      FlatPart block = part;
       block.first = at;
       block.count = end - at;
       block.gram = shared.best();
-      steps.push_back(block);
+      parts.push_back(block);
       at = end;
     } else {
       if (open.count == 0) open.first = at;
@@ -130,26 +130,26 @@ std::vector<std::uint32_t> TellingGrams(TextView find) {
 }
 
 void CutIntoBlocks(FlatChain& chain) {
-  std::vector<FlatStep> steps;
-  std::map<std::size_t, std::size_t> moved;  // where a step of before begins now
-  for (std::size_t i = 0; i < chain.steps.size(); ++i) {
-    moved[i] = steps.size();
-    if (chain.steps[i].kind == FlatStep::Kind::Rules) {
-      Cut(chain.steps[i], chain.rules, steps);
+  std::vector<FlatPart> parts;
+  std::map<std::size_t, std::size_t> moved;  // where a part of before begins now
+  for (std::size_t i = 0; i < chain.parts.size(); ++i) {
+    moved[i] = parts.size();
+    if (chain.parts[i].kind == FlatPart::Kind::Rules) {
+      Cut(chain.parts[i], chain.rules, parts);
     } else {
-      steps.push_back(chain.steps[i]);
+      parts.push_back(chain.parts[i]);
     }
   }
-  moved[chain.steps.size()] = steps.size();
-  for (FlatStep& step : steps) {
-    if (step.kind == FlatStep::Kind::Guard) step.skip = moved[step.skip];
+  moved[chain.parts.size()] = parts.size();
+  for (FlatPart& part : parts) {
+    if (part.kind == FlatPart::Kind::Guard) part.skip = moved[part.skip];
   }
   for (FlatStage& stage : chain.stages) {
     const std::size_t end = moved[stage.first + stage.count];
     stage.first = moved[stage.first];
     stage.count = end - stage.first;
   }
-  chain.steps = std::move(steps);
+  chain.parts = std::move(parts);
 }
 
 }  // namespace quillary::rulec

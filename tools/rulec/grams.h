@@ -12,8 +12,8 @@ namespace quillary::rulec {
 /// The hashes worth asking for, the most telling first; none for one unit.
 std::vector<std::uint32_t> TellingGrams(TextView find);
 
-/// Cuts the steps of rules so that rules next to each other which share a run
-/// of units stand in steps of their own, with that run's hash.
+/// Cuts the parts of rules so that rules next to each other which share a run
+/// of units stand in parts of their own, with that run's hash.
 void CutIntoBlocks(FlatChain& chain);
 
 }  // namespace quillary::rulec

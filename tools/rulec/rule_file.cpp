@@ -86,7 +86,7 @@ class Reader {
       } else if (line.Take("stage")) {
         ReadStage(line);
       } else {
-        ReadStep(line, Body(line));
+        ReadPart(line, Body(line));
       }
     }
     return std::move(chains_);
@@ -145,11 +145,11 @@ class Reader {
   }
 
   std::vector<Node>& Body(const Line& line) {
-    if (chains_.empty() || chains_.back().stages.empty()) line.Fail("step outside a stage");
+    if (chains_.empty() || chains_.back().stages.empty()) line.Fail("part outside a stage");
     return chains_.back().stages.back().body;
   }
 
-  void ReadStep(Line& line, std::vector<Node>& body) {
+  void ReadPart(Line& line, std::vector<Node>& body) {
     Node node;
     node.line = line.number();
     if (line.Take("when")) {
@@ -191,7 +191,7 @@ class Reader {
         return;
       }
       if (line.Take("stage") || line.Take("chain")) break;
-      ReadStep(line, node.body);
+      ReadPart(line, node.body);
     }
     throw Malformed(node.line, std::string(opened_by) + " without an end");
   }

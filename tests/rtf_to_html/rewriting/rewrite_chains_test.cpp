@@ -108,8 +108,8 @@ TEST(RewriteChains, CutListGroupsAsTheLoopDoes) {
     }
     // Without the rules in front of it: they would change the fonts.
     rules::Rewriting rewriting(text);
-    for (const rules::Step& step : Headings().steps) {
-      if (step.kind == rules::Step::Kind::Scan) step.scan(rewriting, nullptr);
+    for (const rules::Part& part : Headings().parts) {
+      if (part.kind == rules::Part::Kind::Scan) part.scan(rewriting, nullptr);
     }
     ASSERT_EQ(rewriting.text(), looped) << ToUtf8(rules::Written(text));
   }
