@@ -157,6 +157,8 @@ TEST(CanonicalForm, LeavesOutWhatThePageWouldMisread) {
       {"hyphens", Document("co\\-op\\_ed"), "\\pard\\f0\\fs24 coop-ed"},
       {"language words that change nothing else", Document("a\\lang1032 b\\lang1055 c\\lang1031 d"),
        "\\pard\\f0\\fs24 abcd"},
+      {"an escaped backslash ends a Unicode run as any text does", Document("\\u377? \\\\\\par"),
+       "\\pard\\f0\\fs24 \\u377? \\\\"},
       {"a question mark in a Unicode run", Document("\\u945??b? \\u946?c ?"),
        "\\pard\\f0\\fs24 \\u945?\\u63?b\\u63? \\u946?c ?"},
       {"an escape after a backslash", Document("\\\\\\'e9\\\\\\rquote\\\\\\~"),

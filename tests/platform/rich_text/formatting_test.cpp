@@ -38,6 +38,8 @@ TEST(Formatting, ReadsCharacterFormatting) {
 
 TEST(Formatting, ReadsParagraphs) {
   CheckBodies({
+      {"widow control on and off", Document("\\nowidctlpar a\\par\\widctlpar b"),
+       "\\pard\\nowidctlpar\\f0\\fs24 a\r\n\\par \\pard b"},
       {"words in the control's order",
        Document("\\pard\\tx100\\tqr\\tx200\\qc\\sl360\\slmult1\\sa3\\sb4\\ri5\\li6\\keepn\\keep x"),
        "\\pard\\keep\\keepn\\li6\\ri5\\sb4\\sa3\\sl360\\slmult1\\qc\\tx100\\tqr\\tx200\\f0\\fs24 x"},
