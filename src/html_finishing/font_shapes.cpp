@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "text/ascii.h"
+
 namespace quillary::html_finishing {
 namespace {
 
@@ -67,7 +69,7 @@ int SizeNumber(TextView size) {
   if (size.empty() || size.size() > 2 || (size.size() == 2 && size[0] == u'0')) return -1;
   int number = 0;
   for (const char16_t digit : size) {
-    if (digit < u'0' || digit > u'9') return -1;
+    if (!IsAsciiDigit(digit)) return -1;
     number = number * 10 + (digit - u'0');
   }
   return number <= kLastSize ? number : -1;

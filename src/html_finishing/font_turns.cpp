@@ -2,12 +2,6 @@
 
 namespace quillary::html_finishing {
 
-Text Joined(std::initializer_list<TextView> parts) {
-  Text whole;
-  for (const TextView part : parts) whole += part;
-  return whole;
-}
-
 void FontTurns::Run() {
   const std::vector<Text> no_colour(1);
   const bool has_colours = !names_.colours().empty();

@@ -3,14 +3,10 @@
 // size, colour and font in this order, since one replacement can make the next.
 #pragma once
 
-#include <initializer_list>
-
 #include "html_finishing/font_shapes.h"
 #include "rules/rewriting.h"
 
 namespace quillary::html_finishing {
-
-Text Joined(std::initializer_list<TextView> parts);
 
 class FontTurns {
  public:

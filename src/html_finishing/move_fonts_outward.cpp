@@ -10,6 +10,7 @@
 
 #include "apartment/rtf_to_html_state.h"
 #include "html_finishing/faces_in_turn.h"
+#include "html_finishing/font_shapes.h"
 #include "html_finishing/page_pieces.h"
 #include "rules/rewriting.h"
 #include "text/search.h"
@@ -19,7 +20,6 @@ namespace {
 
 using Id = PagePieces::Id;
 
-constexpr int kSizes = 30;
 constexpr TextView kBody = u"<BODY BGCOLOR=\"#FFFFFF\">";
 constexpr TextView kFaceStart = u"<font FACE=\"";
 constexpr TextView kSizeStart = u"\" SIZE=\"";
@@ -39,7 +39,7 @@ void MoveByLiteral(rules::Rewriting& text, TextView face) {
     text.Replace(find, with, Compare::Binary);
   };
   const Text body = Text(kBody).append(kFaceStart).append(face).append(u"\" ><ul>");
-  for (int size = 1; size <= kSizes; ++size) {
+  for (int size = 1; size <= kLastSize; ++size) {
     const Text font = SizedFontTag(face, size);
     replace(u"<strike>" + font, font + u"<strike>");
     replace(u"<u><b>" + font, font + u"<b><u>");
@@ -54,24 +54,13 @@ void MoveByLiteral(rules::Rewriting& text, TextView face) {
   }
 }
 
-// The size that a decimal number without leading zeros names, 0 for all others.
-std::size_t SizeIn(TextView number) {
-  if (number.empty() || number.size() > 2 || number[0] == u'0') return 0;
-  std::size_t size = 0;
-  for (const char16_t digit : number) {
-    if (digit < u'0' || digit > u'9') return 0;
-    size = size * 10 + digit - u'0';
-  }
-  return size <= kSizes ? size : 0;
-}
-
 // ---- all other faces: font tag by font tag ----
 
 // Where a face stands in the page.
 struct FaceUse {
-  std::array<std::vector<Id>, kSizes + 1> fonts;  // by size, in the order of the page
-  std::vector<Id> bodies;                         // body tags in front of the face without a size
-  std::uint64_t unmoved_since = 0;                // the change before which a whole turn found nothing
+  std::array<std::vector<Id>, kLastSize + 1> fonts;  // by size, in the order of the page
+  std::vector<Id> bodies;                            // body tags in front of the face without a size
+  std::uint64_t unmoved_since = 0;                   // the change before which a whole turn found nothing
 };
 
 class FontMoves {
@@ -85,7 +74,7 @@ class FontMoves {
     if (found == uses_.end() || found->second.unmoved_since == changes_) return;
     FaceUse& use = found->second;
     const std::uint64_t before = changes_;
-    for (std::size_t size = 1; size <= kSizes; ++size) {
+    for (std::size_t size = 1; size <= kLastSize; ++size) {
       const std::vector<Id>& fonts = use.fonts[size];
       if (!fonts.empty()) MoveFonts(fonts);
       for (const Id body : use.bodies) OpenItem(body, face);
@@ -109,8 +98,8 @@ class FontMoves {
     if (split == TextView::npos || split < kFaceStart.size()) return;
     const TextView face = tag.substr(kFaceStart.size(), split - kFaceStart.size());
     const TextView number = tag.substr(split + kSizeStart.size());
-    const std::size_t size = SizeIn(number.substr(0, number.size() - kTagEnd.size()));
-    if (size != 0) uses_[face].fonts[size].push_back(piece);
+    const int size = SizeNumber(number.substr(0, number.size() - kTagEnd.size()));
+    if (size > 0) uses_[face].fonts[static_cast<std::size_t>(size)].push_back(piece);
   }
 
   // A row is tried on the fonts from the last to the first: a font that was

@@ -13,6 +13,7 @@
 #include "html_finishing/page_pieces.h"
 #include "rules/rewriting.h"
 #include "text/case_folding.h"
+#include "text/search.h"
 
 namespace quillary::html_finishing {
 namespace {
@@ -43,21 +44,19 @@ void CutByLiteral(rules::Rewriting& text, const Text& head, const Text& kept, co
   Text result;
   std::size_t written = 0;
   std::size_t end = 0;
-  const auto find = [&page](TextView what, std::size_t from) {
-    const std::int32_t at = FindText(static_cast<std::int32_t>(from) + 1, page, what, kMode);
-    return at == 0 ? Text::npos : static_cast<std::size_t>(at) - 1;
-  };
-  for (std::size_t at = find(head, 0); at != Text::npos;) {
-    if (end < at + head.size()) end = find(u"</a>", at + head.size());
-    if (end == Text::npos) break;
+  const Finder heads(head, kMode);
+  const Finder anchor_ends(u"</a>", kMode);
+  for (std::size_t at = heads.Next(page, 0); at != Finder::npos;) {
+    if (end < at + head.size()) end = anchor_ends.Next(page, at + head.size());
+    if (end == Finder::npos) break;
     const TextView there = TextView(page).substr(end);
     if (Equal(there.substr(0, kept.size() + cut.size()), kept + cut, kMode)) {
       result.append(page, written, at - written).append(head);
       result.append(page, at + head.size(), end - at - head.size()).append(kept);
       written = end + kept.size() + cut.size();
-      at = find(head, written);
+      at = heads.Next(page, written);
     } else {
-      at = find(head, at + 1);
+      at = heads.Next(page, at + 1);
     }
   }
   if (written == 0) return;

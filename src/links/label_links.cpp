@@ -47,23 +47,17 @@ TextView HrefOf(TextView anchor) {
   return end == TextView::npos ? TextView() : target.substr(0, end);
 }
 
-Text Join(std::initializer_list<TextView> pieces) {
-  Text joined;
-  for (const TextView piece : pieces) joined.append(piece);
-  return joined;
-}
-
 // Turns the runs with this anchor into anchors with the run's label. The anchor
 // ends with the page's first end of such a run, so nothing in front of the run
 // can match, and nothing after it unless the anchor stands there again.
 bool MoveLabelIntoAnchor(Text& page, std::size_t end, const Run& run, TextView href,
                          std::size_t& changed_from) {
   const TextView anchor = run.target;
-  const Text linked = Join({u"<u><a href=\"", href, u"\">", TrimView(run.label), u"</a></u>"});
+  const Text linked = Joined({u"<u><a href=\"", href, u"\">", TrimView(run.label), u"</a></u>"});
   const Text linked_in_fonts = run.fonts + linked;
-  const std::array<Text, 3> finds = {Join({kUnderline, run.fonts, kBlue, run.label, anchor}),
-                                     Join({kBlue, kUnderline, run.label, anchor}),
-                                     Join({kUnderline, run.fonts, run.label, anchor})};
+  const std::array<Text, 3> finds = {Joined({kUnderline, run.fonts, kBlue, run.label, anchor}),
+                                     Joined({kBlue, kUnderline, run.label, anchor}),
+                                     Joined({kUnderline, run.fonts, run.label, anchor})};
   changed_from = end - std::min(end, std::max(finds[0].size(), finds[1].size()));
   const bool again = Finder(anchor, Compare::IgnoreCase).Next(page, end) != Finder::npos;
   // The last pair is the third find once more, with the fonts dropped.
@@ -121,8 +115,8 @@ Text RepairLabelLinks(TextView html) {
     const TextView target = TrimView(run.target);
     if (target.find(u'.') == TextView::npos) break;
     const Replacements replaced = ReplaceWithin(
-        page, Join({kUnderline, run.fonts, run.label, u" &lt;", target, u"&gt;"}),
-        Join({kUnderline, run.fonts, u"<a href=\"", target, u"\">", TrimView(run.label), u"</a></u>"}),
+        page, Joined({kUnderline, run.fonts, run.label, u" &lt;", target, u"&gt;"}),
+        Joined({kUnderline, run.fonts, u"<a href=\"", target, u"\">", TrimView(run.label), u"</a></u>"}),
         Compare::IgnoreCase);
     if (replaced.count == 0) break;
     // No other run ends before the first change, and none reaches into it.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -82,6 +83,9 @@ Text Mid(TextView text, std::int32_t start, std::int32_t count);
 /// The same stretch without a copy, for scans that only look.
 TextView MidView(TextView text, std::int32_t start);
 TextView MidView(TextView text, std::int32_t start, std::int32_t count);
+
+/// The parts one after another.
+Text Joined(std::initializer_list<TextView> parts);
 
 /// Removes the space character U+0020 at both ends and nothing else.
 Text Trim(TextView text);

@@ -216,6 +216,12 @@ TextView MidView(TextView text, std::int32_t start, std::int32_t count) {
 Text Mid(TextView text, std::int32_t start) { return Text(MidView(text, start)); }
 Text Mid(TextView text, std::int32_t start, std::int32_t count) { return Text(MidView(text, start, count)); }
 
+Text Joined(std::initializer_list<TextView> parts) {
+  Text whole;
+  for (const TextView part : parts) whole += part;
+  return whole;
+}
+
 TextView TrimView(TextView text) {
   const std::size_t first = text.find_first_not_of(u' ');
   if (first == TextView::npos) return {};

@@ -7,12 +7,6 @@ namespace {
 
 constexpr Compare kIgnoreCase = Compare::IgnoreCase;
 
-Text Joined(std::initializer_list<TextView> pieces) {
-  Text text;
-  for (const TextView piece : pieces) text += piece;
-  return text;
-}
-
 // A test that fails does not hold.
 bool Stands(TextView text, std::int32_t start, TextView what) {
   bool stands = false;

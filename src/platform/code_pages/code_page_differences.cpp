@@ -3,14 +3,15 @@
 namespace quillary::platform {
 namespace {
 
-// Bytes that a page leaves undefined and that the C library therefore refuses
-// become control characters of the same value; that is done for every page of
-// single bytes where it is built. Here stand the bytes with another character.
+// Bytes that a code page leaves undefined and that the C library therefore
+// refuses become control characters of the same value; that is done for all of
+// single bytes where their tables are built. Here stand the bytes with another
+// character.
 constexpr ByteDifference kBytes[] = {
     // Thai: two gaps, in a row of the private use area.
     {874, 0xDB, 0xDE, 0xF8C1},
     {874, 0xFC, 0xFF, 0xF8C5},
-    // Bytes of the pages of pairs that neither stand alone nor open a pair.
+    // Bytes of the code pages with pairs that neither stand alone nor open a pair.
     {932, 0x80, 0x80, 0x0080},
     {932, 0xA0, 0xA0, 0xF8F0},
     {932, 0xFD, 0xFF, 0xF8F1},
@@ -77,7 +78,7 @@ constexpr PairDifference kPairs[] = {
     {950, 0x81, 0x8D, 0x40, 0xFE, 0xEEB8, 0x7F, 0xA0},
     {950, 0xC6, 0xC6, 0xA1, 0xFE, 0xF6B1},
     {950, 0xC7, 0xC8, 0x40, 0xFE, 0xF70F, 0x7F, 0xA0},
-    // The Korean postal sign is younger than the page.
+    // The Korean postal sign is younger than the code page.
     {1361, 0xD9, 0xD9, 0xE8, 0xE8, u'?'},
 };
 

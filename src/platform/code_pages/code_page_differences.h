@@ -5,7 +5,7 @@
 
 namespace quillary::platform {
 
-/// Single bytes `first` to `last` of a page are the units from `unit` on.
+/// Single bytes `first` to `last` of a code page are the units from `unit` on.
 struct ByteDifference {
   int code_page;
   unsigned char first;

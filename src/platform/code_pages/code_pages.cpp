@@ -54,12 +54,12 @@ constexpr CodePage kCodePages[] = {
     {10000, "MACINTOSH"},
 };
 
-struct CharsetPage {
+struct CharsetCodePage {
   int charset;
   int code_page;
 };
 
-constexpr CharsetPage kCharsetPages[] = {
+constexpr CharsetCodePage kCharsetCodePages[] = {
     {77, 10000}, {128, 932},  {129, 949},  {130, 1361}, {134, 936},  {136, 950},  {161, 1253},
     {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256}, {179, 1256}, {180, 1256}, {181, 1255},
     {186, 1257}, {204, 1251}, {222, 874},  {238, 1250}, {254, 437},  {255, 850},
@@ -98,7 +98,7 @@ class Converter {
   Converter& operator=(const Converter&) = delete;
 
   /// The one unit that these bytes stand for, if there is one. The converters
-  /// of the Hebrew and the Vietnamese page hold a letter back to join it with
+  /// of Hebrew and Vietnamese hold a letter back to join it with
   /// its combining marks, so each question ends with a flush.
   std::optional<char16_t> Unit(unsigned char first, std::optional<unsigned char> second = std::nullopt) {
     std::array<char, 2> in = {static_cast<char>(first), static_cast<char>(second.value_or(0))};
@@ -161,7 +161,7 @@ std::unique_ptr<const Table> BuildTable(const CodePage& page) {
   return table;
 }
 
-/// The table of a page, built when it is first asked for and never changed.
+/// The table of a code page, built when it is first asked for and never changed.
 const Table& TableOf(const CodePage& page) {
   struct Slot {
     std::once_flag once;
@@ -178,7 +178,7 @@ const Table& TableOf(const CodePage& page) {
 bool IsKnownCodePage(int code_page) { return FindCodePage(code_page) != nullptr; }
 
 int CodePageOfCharset(int charset) {
-  for (const CharsetPage& row : kCharsetPages) {
+  for (const CharsetCodePage& row : kCharsetCodePages) {
     if (row.charset == charset) return row.code_page;
   }
   return 0;

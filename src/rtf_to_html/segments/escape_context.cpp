@@ -57,7 +57,7 @@ int CharsetOfFont(const RtfToHtmlState& state, int font) {
   return state.FontCharsets.has(font) ? state.FontCharsets[font] : 0;
 }
 
-int EscapePageOfCharset(int charset) {
+int EscapeCodePageOfCharset(int charset) {
   const int code_page = platform::CodePageOfCharset(charset);
   return platform::DecodesEscapes(code_page) ? code_page : 0;
 }

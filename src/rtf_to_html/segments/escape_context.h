@@ -35,7 +35,7 @@ int CharsetOfFont(const RtfToHtmlState& state, int font);
 
 /// The code page that escapes in a font of this charset are decoded by, 0 if
 /// they are Western bytes.
-int EscapePageOfCharset(int charset);
+int EscapeCodePageOfCharset(int charset);
 
 /// Throws Failure (raised) if there is no decoder to be had.
 std::unique_ptr<platform::CodePageDecoder> NewDecoder(const Apartment& apartment);

@@ -144,7 +144,7 @@ class ForeignRuns {
       decoded = DecodeHexEscapes(apartment_, run, head_);
     } else {
       if (decoder_ == nullptr) throw Failure(Failure::Kind::Raised);
-      const int code_page = EscapePageOfCharset(charset);
+      const int code_page = EscapeCodePageOfCharset(charset);
       decoded = u' ' + decoder_->ToString(code_page != 0 ? code_page : kDefaultForeignPage, run);
     }
     if (single && decoded == run) decoded = u" ";

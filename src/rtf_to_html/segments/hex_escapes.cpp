@@ -89,7 +89,7 @@ Text DecodeHexEscapes(Apartment& apartment, TextView text, const EscapeHead& hea
       decoded = rewriting.Take();
     }
     if (!state.ForeignCharsets) return decoded;
-    const int code_page = head.font ? EscapePageOfCharset(CharsetOfFont(state, *head.font)) : 0;
+    const int code_page = head.font ? EscapeCodePageOfCharset(CharsetOfFont(state, *head.font)) : 0;
     decoded = code_page == 0 ? MapWesternBytes(decoded) : NewDecoder(apartment)->ToString(code_page, decoded);
   }
   return decoded;
