@@ -66,7 +66,7 @@ void FinishStage(benchmark::State& bench, int stage) {
   const Text page = FontPage(apartment.rtf_to_html);
   for (auto _ : bench) {
     quillary::rules::Rewriting text = quillary::StartRewriting(apartment, page);
-    quillary::rules::RunStage(quillary::chains::FinishEntitiesAndLists, stage, text);
+    quillary::rules::RunStage(quillary::chains::FinishEntitiesAndLists, stage, text, &apartment.rtf_to_html);
     benchmark::DoNotOptimize(text.text().data());
   }
 }
