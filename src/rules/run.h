@@ -25,6 +25,8 @@ inline void RunStage(const Chain& chain, int stage, Rewriting& text) {
 template <class State>
 void Run(const ChainWith<State>& chain, Rewriting& text) = delete;
 template <class State>
+void RunStage(const ChainWith<State>& chain, int stage, Rewriting& text) = delete;
+template <class State>
 void Run(const ChainWith<State>& chain, Rewriting& text, State& state) {
   Run(static_cast<const Chain&>(chain), text, &state);
 }
