@@ -61,9 +61,17 @@ def changes(lines, at, rng):
         if units and code[match.start() + 1] == "`":
             unit = rng.choice(units)
             start = match.start(which) + unit.start()
-            for text in changed_unit(unit[0]) + (["", unit[0] * 2] if which == 1 else []):
+            longer = [] if which == 2 else [""] if is_set(lines, at) else ["", unit[0] * 2]
+            for text in changed_unit(unit[0]) + longer:
                 add("literal", start, start + len(unit[0]), text)
     return found
+
+
+def is_set(lines, at):
+    """Whether the text on that line is a set of characters to search for: in it a character counts once."""
+    declared = re.search(r"\b(k\w+) =", lines[at])
+    used = f"_of({declared[1]}" if declared else ""
+    return "_of(" in lines[at] or (declared and any(used in line for line in lines))
 
 
 def changed_unit(unit):

@@ -6,7 +6,8 @@
 changes one line of a copy of the tree, half of the times in a rule file and half
 in C++, builds and runs the tests, N times over, and names the changes that no
 test noticed. Fails if these are more than a twentieth. A change that does not
-build is no change: another is drawn. A test that fails, crashes or runs for much
+build is no change, nor is one that is known to change nothing that comes out
+(equal_changes.txt, and what rules.py proves): another is drawn. A test that fails, crashes or runs for much
 longer than it should has noticed the change.
 """
 import collections
@@ -27,6 +28,7 @@ import rules
 HOME = pathlib.Path(__file__).resolve().parents[2]
 TREE = HOME / "build/mutate/tree"
 BUILD = TREE / "build/mutate"
+EQUAL_CHANGES = HOME / "tools/mutate/equal_changes.txt"
 SHARED_NAMES = "src/rules/sentinels.rules"
 SCRATCH = HOME / "build/mutate/scratch"
 BUILD_SECONDS = 600
@@ -80,6 +82,7 @@ def mutate(count, rng, tests):
     """Runs the tests on so many changes; the survivors, described."""
     rules.shared = lines_in(TREE / SHARED_NAMES)
     in_rules, in_cpp = lines_of("*.rules"), lines_of("*.cpp")
+    equal = equal_changes()
     survivors = []
     drawn = set()
     done = 0
@@ -99,6 +102,8 @@ def mutate(count, rng, tests):
         if content.split() == original.split() or (name, content) in drawn:
             continue
         drawn.add((name, content))
+        if (name, before[at].strip(), after[at].strip()) in equal:
+            continue
         path.write_bytes(content)
         started = time.time()
         try:
@@ -126,6 +131,19 @@ def lines_of(pattern):
         if name != SHARED_NAMES:
             places += [(name, at) for at in range(len(lines_in(path)) - 1)]
     return places
+
+
+def equal_changes():
+    """The changes that are known to change nothing: file, line before, line after."""
+    changes = set()
+    for line in lines_in(EQUAL_CHANGES):
+        if not line or line.startswith("#"):
+            continue
+        name, before, after, _ = (part.strip() for part in line.split(" | "))
+        if before not in (known.strip() for known in lines_in(TREE / name)):
+            sys.exit(f"{EQUAL_CHANGES.name}: {name} does not hold: {before}")
+        changes.add((name, before, after))
+    return changes
 
 
 @functools.cache

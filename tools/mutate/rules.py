@@ -1,8 +1,8 @@
 """Changes of one line of a rule file, written as docs/rule-language.md says.
 
-What is proven to change nothing is not offered: a rule that compares no letters
-in the other mode, neighbours that cannot touch each other's text, a guard whose
-text is a part of every rule in its block.
+What changes nothing is not offered: a rule that compares no letters in the other
+mode, neighbours whose order no text glued of their pieces shows, a guard whose text is
+a part of every rule in its block.
 """
 import itertools
 import re
@@ -27,6 +27,8 @@ def mutation(lines, at, rng, cases):
     if kind_of(lines[at]) == "rule" and listed(lines, at, cases, "unreachable"):
         return None
     for change in rng.sample(kinds, len(kinds)):
+        if change is swap and kind_of(lines[at + 1]) == "rule" and listed(lines, at + 1, cases, "unreachable"):
+            continue
         same = SAME.get(change)
         if same and kind_of(lines[at]) == "rule" and listed(lines, at, cases, "same", same):
             continue
@@ -300,18 +302,53 @@ def finds(lines, at):
 
 
 def commute(lines, one, other):
+    """Whether the order of two rules makes no difference, or none that a text glued of their pieces shows."""
+    pairs = list(itertools.product(expanded(lines, one), expanded(lines, other)))
+    modes = [mode_at(lines, at, arrow(lines[at]).end()) for at in (one, other)]
+    return all(untouched(*pair) or (len(pairs) <= 4 and agree(*pair, modes)) for pair in pairs)
+
+
+def untouched(rule, other):
     """Whether neither rule can make or spoil what the other finds."""
 
     def touch(a, b):
         return a in b or b in a or any(a[-n:] == b[:n] or b[-n:] == a[:n] for n in range(1, min(len(a), len(b))))
 
-    for (find, put), (other_find, other_put) in itertools.product(expanded(lines, one), expanded(lines, other)):
-        find, put, other_find, other_put = (text.lower() for text in (find, put, other_find, other_put))
-        if not put or not other_put:
-            return False
-        if touch(find, other_find) or touch(put, other_find) or touch(other_put, find):
+    (find, put), (other_find, other_put) = (tuple(text.lower() for text in pair) for pair in (rule, other))
+    if not put or not other_put:
+        return False
+    return not (touch(find, other_find) or touch(put, other_find) or touch(other_put, find))
+
+
+def agree(rule, other, modes):
+    """Whether both orders give the same over each find text between beginnings and ends of find texts."""
+    finds = [rule[0], other[0]]
+    fronts = sorted({find[:n] for find in finds for n in range(len(find) + 1)})
+    backs = sorted({find[n:] for find in finds for n in range(len(find) + 1)})
+    # The front of a find text, whole or cut, stands before what is replaced, its end after that, and
+    # a cut find text over the next one shares their common characters.
+    for front, middle, back in itertools.product(fronts, overlapped(finds), backs):
+        text = front + middle + back
+        if replaced_by(replaced_by(text, rule, modes[0]), other, modes[1]) != replaced_by(
+            replaced_by(text, other, modes[1]), rule, modes[0]
+        ):
             return False
     return True
+
+
+def overlapped(finds):
+    """The find texts, and each two of them over each other's edge."""
+    texts = set(finds)
+    for a, b in itertools.product(finds, finds):
+        texts.update(a + b[n:] for n in range(1, min(len(a), len(b))) if a[-n:].lower() == b[:n].lower())
+    return sorted(texts)
+
+
+def replaced_by(text, rule, mode):
+    find, put = rule
+    if mode == "binary":
+        return text.replace(find, put)
+    return re.sub(re.escape(find), lambda _: put, text, flags=re.IGNORECASE)
 
 
 # What the case files call a change that makes no difference.

@@ -66,6 +66,8 @@ TEST(Formatting, DecodesEachFontsOwnCodePage) {
       {"pairs over several escapes", fonts + "\\f2\\'93\\'fa\\'96{\\'7b}\\'8c\\b\\'ea}", "日本語"},
       {"a pair of an escape and a plain character", fonts + "\\f2\\'83A\\'83\\'5c\\'95\\\\z}", "アソ表z"},
       {"a pair that never ends", fonts + "\\f2\\'93\\par x}", "・\r\nx"},
+      {"a charset that is the number of a code page",
+       "{\\rtf1\\ansi{\\fonttbl{\\f0\\fcharset1251 A;}}\\f0 \\'cf}", "Ï"},
       {"the document's code page", "{\\rtf1\\ansi\\ansicpg1251 \\'cf\\'f0}", "Пр"},
       {"a producer that knows no charsets",
        "{\\rtf1\\ansi\\ansicpg1251{\\fonttbl{\\f0\\fcharset0 A;}}\\f0\\'cf\\'f0}", "Пр"},
