@@ -1,4 +1,4 @@
-// Quillary's public class: RTF to HTML, and RTF to plain text.
+// Quillary's public class: RTF to HTML, RTF to plain text, and HTML to RTF.
 //
 //     quillary::Quillaryv8 converter;
 //     converter.RTF_Text(rtf);
@@ -117,6 +117,11 @@ class QUILLARY_API Quillaryv8 {
   /// What stands inside the body of the page from RTF_Text; otherwise as
   /// ConvertRTF. Throws ConversionFailed for a cleaned page of less than 20 units.
   std::u16string ConvertNoBody();
+
+  /// RTF from HTML_Text, which is empty afterwards. The document also stands in
+  /// RTF_Text, and TableBorders holds "0" or "1". A page in bytes has one unit for
+  /// each byte, as RTF has; characters beyond ASCII come out best as decimal entities.
+  std::u16string ConvertHTML2RTF();
 
   // The properties, each read by the form without an argument and written by the
   // other. Writing checks nothing and throws nothing but std::bad_alloc. Flags

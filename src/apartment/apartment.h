@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "apartment/html_to_rtf_state.h"
 #include "apartment/rtf_to_html_state.h"
 #include "platform/services/services.h"
 #include "text/limits.h"
@@ -29,6 +30,7 @@ struct FailedStep {
 
 struct Apartment {
   RtfToHtmlState rtf_to_html;
+  HtmlToRtfState html_to_rtf;
 
   /// What the operating system and outside libraries supply. Copies share them.
   platform::Services services = platform::Services::System();

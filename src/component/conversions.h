@@ -14,6 +14,7 @@ Text ConvertPlainHTML(Apartment& apartment, Properties& properties);
 Text ConvertRTFHeader(Apartment& apartment, Properties& properties);
 Text ConvertRTF(Apartment& apartment, Properties& properties);
 Text ConvertNoBody(Apartment& apartment, Properties& properties);
+Text ConvertHTML2RTF(Apartment& apartment, Properties& properties);
 
 /// Passes RTF through the rich text control, which gives it back in its
 /// canonical form. Throws Failure (raised) if the control refuses it.

@@ -109,6 +109,10 @@ std::u16string Quillaryv8::ConvertNoBody() {
   return Run(component::ConvertNoBody, data_->apartment, data_->properties);
 }
 
+std::u16string Quillaryv8::ConvertHTML2RTF() {
+  return Run(component::ConvertHTML2RTF, data_->apartment, data_->properties);
+}
+
 std::u16string Quillaryv8::Links() const { return data_->properties.Links; }
 void Quillaryv8::Links(std::u16string_view sLinks) { data_->properties.Links = sLinks; }
 std::u16string Quillaryv8::CleanRTF() const { return data_->properties.CleanRTF; }

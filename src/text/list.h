@@ -2,7 +2,9 @@
 // sized. An index outside is a subscript failure.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "text/failure.h"
@@ -27,6 +29,19 @@ class List {
     }
   }
 
+  /// One entry more at the end; throws Failure (subscript) if the list was never sized.
+  void Push(Value value) {
+    Grow(upper() + 1);
+    Set(upper(), std::move(value));
+  }
+
+  /// One entry less. The only entry cannot go: throws Failure (subscript).
+  void Pop() {
+    if (entries_.size() < 2) throw Failure(Failure::Kind::Subscript);
+    entries_.pop_back();
+    last_set_ = std::min(last_set_, upper());
+  }
+
   /// Back to the state of never having been sized.
   void Erase() { *this = List(); }
 
@@ -46,6 +61,15 @@ class List {
     if (!has(index)) throw Failure(Failure::Kind::Subscript);
     return entries_[static_cast<std::size_t>(index)];
   }
+  /// The same to be changed; counts as set.
+  Value& At(std::int32_t index) {
+    if (!has(index)) throw Failure(Failure::Kind::Subscript);
+    last_set_ = std::max(last_set_, index);
+    return entries_[static_cast<std::size_t>(index)];
+  }
+  Value& Top() { return At(upper()); }
+  const Value& Top() const { return (*this)[upper()]; }
+
   void Set(std::int32_t index, Value value) {
     if (!has(index)) throw Failure(Failure::Kind::Subscript);
     entries_[static_cast<std::size_t>(index)] = std::move(value);

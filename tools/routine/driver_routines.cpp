@@ -78,6 +78,7 @@ void AddConversions(Registry& registry) {
   AddConversion(registry, "ConvertPlainHTML", component::ConvertPlainHTML);
   AddConversion(registry, "ConvertRTFPlain", component::ConvertRTFPlain);
   AddConversion(registry, "ConvertRTFHeader", component::ConvertRTFHeader);
+  AddConversion(registry, "ConvertHTML2RTF", component::ConvertHTML2RTF);
   registry.Add("TidyOutput", {Kind::Record}, [](Call& call) {
     WithProperties(call, [&](Properties& properties) {
       call.result = ToJson(TextView(component::TidyOutput(call.apartment(), properties)));

@@ -47,7 +47,7 @@ Json Registry::Run(const Json& request) const {
       throw Refusal("usage");
     }
     Apartment apartment;
-    if (request.contains("state")) StateFromJson(request["state"], apartment.rtf_to_html);
+    if (request.contains("state")) StateFromJson(request["state"], apartment);
     const bool all = !request.contains("want");
     const std::vector<std::string> names = all ? std::vector<std::string>() : NamesIn(request["want"]);
     Call call(apartment, args, routine.kinds);
@@ -61,7 +61,7 @@ Json Registry::Run(const Json& request) const {
       failure = "limit";
       call.result = nullptr;
     }
-    Json state = all || !names.empty() ? StateToJson(apartment.rtf_to_html, names) : Json::object();
+    Json state = all || !names.empty() ? StateToJson(apartment, names) : Json::object();
     return Answer(std::move(call.result), call.arguments(), std::move(state), std::move(failure));
   } catch (const Refusal& refusal) {
     return Answer(nullptr, args, Json::object(), refusal.what());
@@ -81,6 +81,7 @@ const Registry& AllRoutines() {
     AddTableRoutines(all);
     AddFinishingRoutines(all);
     AddEntityRoutines(all);
+    AddHtmlToRtfRoutines(all);
     return all;
   }();
   return registry;

@@ -36,6 +36,7 @@ class Call {
 
   Apartment& apartment() { return apartment_; }
   RtfToHtmlState& state() { return apartment_.rtf_to_html; }
+  HtmlToRtfState& html_state() { return apartment_.html_to_rtf; }
   std::size_t count() const { return args_.size(); }
   Text& text(std::size_t index) { return texts_[index]; }
   std::int32_t integer(std::size_t index) const { return integers_[index]; }
@@ -91,6 +92,7 @@ void AddLinkRoutines(Registry& registry);
 void AddTableRoutines(Registry& registry);
 void AddFinishingRoutines(Registry& registry);
 void AddEntityRoutines(Registry& registry);
+void AddHtmlToRtfRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.
@@ -110,8 +112,8 @@ Json ParseLine(const std::string& line);
 std::string WriteLine(const Json& value);
 
 /// The state by the names in use; `names` empty means all. Throws Refusal for a name that is none.
-Json StateToJson(const RtfToHtmlState& state, const std::vector<std::string>& names);
+Json StateToJson(const Apartment& apartment, const std::vector<std::string>& names);
 /// Overlays fields of the state. Throws Refusal.
-void StateFromJson(const Json& fields, RtfToHtmlState& state);
+void StateFromJson(const Json& fields, Apartment& apartment);
 
 }  // namespace quillary::routine

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "apartment/flags.h"
+#include "apartment/growth_limit.h"
 #include "links/link_lists.h"
 #include "rtf_to_html/driver/conversion.h"
 #include "rtf_to_html/driver/steps.h"
@@ -17,23 +18,6 @@ constexpr int kMostRounds = 25;
 /// The tables of a document are looked for in its first part only, which keeps
 /// the readers away from large picture data after them.
 constexpr std::int32_t kTableUnits = 20000;
-
-// Bounds the growth of one conversion by the length of its source.
-class GrowthLimit {
- public:
-  GrowthLimit(Apartment& apartment, std::size_t source_units)
-      : apartment_(apartment), outer_(apartment.working_limit) {
-    const std::size_t grown = std::max(source_units * limits::kGrowthFactor, limits::kGrowthFloorUnits);
-    apartment.working_limit = std::min(outer_, grown);
-  }
-  GrowthLimit(const GrowthLimit&) = delete;
-  GrowthLimit& operator=(const GrowthLimit&) = delete;
-  ~GrowthLimit() { apartment_.working_limit = outer_; }
-
- private:
-  Apartment& apartment_;
-  std::size_t outer_;
-};
 
 // Runs a step under its own guard: one that fails is skipped, and the next one
 // goes on with the page as it stands.

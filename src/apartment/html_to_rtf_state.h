@@ -1,0 +1,96 @@
+// The state of the HTML to RTF direction. It lives for one conversion: the
+// driver sets all of it up anew, and nothing is carried over.
+#pragma once
+
+#include <cstdint>
+
+#include "rules/rewriting.h"
+#include "text/integer16.h"
+#include "text/list.h"
+#include "text/text.h"
+
+namespace quillary {
+
+/// The formatting that a FONT or SPAN tag puts in force.
+struct FontLevel {
+  Integer16 font;    // index into FontList
+  Integer16 size;    // in half points
+  Integer16 colour;  // of the colour table of the RTF: index into ColourList plus 1
+  bool isSpan = false;
+  // What this span switched on and must switch off.
+  bool bold = false;
+  bool italic = false;
+  bool underline = false;
+  bool strike = false;
+};
+
+/// A list whose items are being written.
+struct ListLevel {
+  bool ordered = false;
+  Integer16 counter;    // items so far
+  Text type;            // one unit, or none
+  bool closed = false;  // no paragraph of an item is open
+};
+
+/// An open paragraph.
+struct ParaSpan {
+  bool set = false;  // it has a span level to close
+};
+
+/// A table that is open.
+struct TableLevel {
+  bool rowBrace = false;   // the row has a highlight group to close
+  bool cellBrace = false;  // the cell has one
+  Integer16 highlight;     // colour of the table's background
+};
+
+struct HtmlToRtfState {
+  Text RtfOut;                // the body of the RTF; all handlers append to it
+  rules::Rewriting HtmlWork;  // the page: rewritten first, then walked
+
+  // The tables of the RTF. Entry i of ColourList is colour i + 1 there.
+  TextList ColourList;  // six hexadecimal digits each
+  Integer16 RtfColourCount;
+  TextList FontList;
+  Integer16 RtfFontCount;
+
+  TextList LanguageStack;  // an entry for each open paragraph, and the base
+  Integer16 LanguageCount;
+
+  // What has been written.
+  bool TextOnLine = false;  // text since the last break
+  bool TextInTable = false;
+  bool AfterGap = false;     // the last thing written was text
+  bool GapSeen = false;      // a gap between tags that is not empty
+  bool PendingPara = false;  // a paragraph that ended in a table owes a break
+  bool InHyperlink = false;
+
+  // Lists and paragraphs.
+  bool InListItem = false;
+  bool ItemClosed = false;
+  Integer16 ParasInItem;
+  Integer16 QuoteIndent;  // of block quotes, in twips
+  List<ListLevel> ListStack;
+  List<ParaSpan> ParaSpans;
+
+  // Tables; the entries of the stack begin at 1.
+  List<TableLevel> TableStack;
+  Integer16 TableDepth;
+  Integer16 TableBorderMode;
+  bool TableFirst = false;  // the document begins with a table
+
+  // Character formatting.
+  List<FontLevel> FontStack;
+  Integer16 CurrentFont;
+  Integer16 RestoreHighlight;
+  Integer16 HighlightSpans;
+  bool FontHighlight = false;
+
+  // The charset of the page.
+  Integer16 DocCharset;
+  bool IsUtf8 = false;
+  bool IsIso2022Jp = false;
+  bool IsGb2312 = false;
+};
+
+}  // namespace quillary
