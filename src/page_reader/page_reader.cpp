@@ -47,7 +47,7 @@ Text Decode(std::string_view bytes, const PageCharset& found) {
 
 Text ReadPage(std::string_view bytes) {
   const PageCharset found = FindPageCharset(bytes);
-  if (IsDecodedByRules(found.charset, bytes)) return FromWindows1252(bytes);
+  if (IsDecodedByRules(found.charset, bytes)) return SpellReferences(FromWindows1252(bytes));
   return SpellPage(Decode(bytes, found));
 }
 

@@ -10,7 +10,8 @@ namespace quillary::page_reader {
 
 /// Decodes a page by its byte order mark or the charset that it declares, and
 /// spells it in ASCII, as SpellPage says. A page in a charset that the rules
-/// decode themselves comes as it is, each byte as its Windows-1252 character.
+/// decode themselves comes as it is, each byte as its Windows-1252 character;
+/// only its references are spelled.
 /// Throws Failure (raised) if the C library of this machine lacks the charset.
 Text ReadPage(std::string_view bytes);
 

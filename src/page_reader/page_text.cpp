@@ -70,7 +70,9 @@ NumericReference ReadNumericReference(TextView text) {
 
 class Spelling {
  public:
-  explicit Spelling(TextView page) : page_(page) { spelled_.reserve(page.size()); }
+  Spelling(TextView page, bool keeps_units) : page_(page), keeps_units_(keeps_units) {
+    spelled_.reserve(page.size());
+  }
 
   Text Run() {
     while (at_ < page_.size()) {
@@ -81,6 +83,8 @@ class Spelling {
         SpellReference();
       } else if (unit < 0x80) {
         CopyPlainText();
+      } else if (keeps_units_) {
+        CopyTo(at_ + 1);
       } else {
         AppendCharacter(unit);
         ++at_;
@@ -103,7 +107,13 @@ class Spelling {
 
   void CopyMarkup() {
     const std::size_t end = MarkupEnd(page_, at_);
-    CopyTo(end == at_ ? at_ + 1 : RawContentEnd(page_, end, TagName(page_, at_)));
+    if (end == at_) {
+      // The rules would take all up to the next ">" for a tag.
+      spelled_.append(u"&lt;");
+      ++at_;
+      return;
+    }
+    CopyTo(RawContentEnd(page_, end, TagName(page_, at_)));
   }
 
   void SpellReference() {
@@ -200,6 +210,7 @@ class Spelling {
   }
 
   TextView page_;
+  bool keeps_units_;
   std::size_t at_ = 0;
   Text spelled_;
 };
@@ -208,7 +219,9 @@ class Spelling {
 
 Text SpellPage(Text page) {
   RemoveControls(page);
-  return Spelling(page).Run();
+  return Spelling(page, false).Run();
 }
+
+Text SpellReferences(Text page) { return Spelling(page, true).Run(); }
 
 }  // namespace quillary::page_reader

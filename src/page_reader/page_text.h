@@ -11,7 +11,12 @@ namespace quillary::page_reader {
 /// that would be markup, of the no-break space, and of what the rules write
 /// better than the character. A "&#" that opens no reference becomes "&amp;#".
 /// Tags, comments, scripts and style sheets stay as they are, but for control
-/// characters, which go everywhere. A page spelled so stays as it is.
+/// characters, which go everywhere. A "<" that opens no markup becomes "&lt;". A
+/// page spelled so stays as it is.
 Text SpellPage(Text page);
+
+/// The same for a page whose units are bytes that the rules decode: only its
+/// references are spelled, and every unit beyond ASCII and control character stays.
+Text SpellReferences(Text page);
 
 }  // namespace quillary::page_reader

@@ -6,6 +6,7 @@
 #include "apartment/apartment.h"
 #include "component/conversions.h"
 #include "for_each.h"
+#include "page_reader/page_reader.h"
 #include "text/encodings.h"
 
 namespace quillary::command_line {
@@ -72,6 +73,20 @@ int Run(const ToText& command) {
     properties.RTF_Text = FromWindows1252(ReadDocument(document));
     output.Write(document, ".txt",
                  EncodePlainText(component::ConvertRTFPlain(apartment, properties), command.encoding));
+  });
+}
+
+int Run(const ToRtf& command) {
+  const Output output(command.output, command.documents.size());
+  return ForEach(command.documents, [&](const std::string& document) {
+    Apartment apartment;
+    if (command.trace) apartment.trace = WriteTraceLine;
+    Properties properties = command.properties;
+    const std::string bytes = ReadDocument(document);
+    properties.HTML_Text = command.raw_input ? FromWindows1252(bytes) : page_reader::ReadPage(bytes);
+    const Text rtf = component::ConvertHTML2RTF(apartment, properties);
+    if (command.trace && output.IsStandardOutput()) return;
+    output.Write(document, ".rtf", EncodeRtf(rtf));
   });
 }
 

@@ -28,7 +28,16 @@ struct ToText {
   Encoding encoding = Encoding::Utf8;
 };
 
+struct ToRtf {
+  std::vector<std::string> documents;
+  std::string output;
+  bool raw_input = false;  // the page goes in as it is, each byte as its Windows-1252 character
+  bool trace = false;
+  component::Properties properties;
+};
+
 int Run(const ToHtml& command);
 int Run(const ToText& command);
+int Run(const ToRtf& command);
 
 }  // namespace quillary::command_line

@@ -1,5 +1,6 @@
 #include "encodings.h"
 
+#include "text/ascii.h"
 #include "text/encodings.h"
 
 namespace quillary::command_line {
@@ -43,6 +44,26 @@ std::string EncodePage(TextView page, Encoding encoding) {
   return EncodeInBytes(page, encoding, [](char32_t character) {
     return "&#" + std::to_string(static_cast<std::uint32_t>(character)) + ";";
   });
+}
+
+std::string EncodeRtf(TextView rtf) {
+  std::string bytes;
+  bytes.reserve(rtf.size());
+  for (const char16_t unit : rtf) {
+    if (unit < 0x80) {
+      bytes += static_cast<char>(unit);
+      continue;
+    }
+    const auto byte = static_cast<unsigned char>(ToWindows1252(Text(1, unit), '\0')[0]);
+    if (byte != 0) {
+      bytes += "\\'";
+      bytes += static_cast<char>(HexDigit(byte / 16));
+      bytes += static_cast<char>(HexDigit(byte % 16));
+    } else {
+      bytes += "\\u" + std::to_string(static_cast<std::int16_t>(unit)) + "\\'3f";
+    }
+  }
+  return bytes;
 }
 
 std::string EncodePlainText(TextView text, Encoding encoding) {

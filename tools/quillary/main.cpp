@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <map>
+#include <span>
 
 #include "commands.h"
 #include "documents.h"
@@ -20,7 +21,7 @@ struct PropertyOption {
 
 using component::Properties;
 
-constexpr PropertyOption kPropertyOptions[] = {
+constexpr PropertyOption kPropertiesToHtml[] = {
     {"--links", &Properties::Links, "link recognition: yes (full), any other word simple"},
     {"--clean-rtf", &Properties::CleanRTF,
      "nono takes the RTF as it is, without bringing it to canonical form"},
@@ -40,6 +41,11 @@ constexpr PropertyOption kPropertyOptions[] = {
     {"--table-borders", &Properties::TableBorders, "borders of tables in RTF made from HTML: 1 or 0"},
 };
 
+constexpr PropertyOption kPropertiesToRtf[] = {
+    {"--image-folder", &Properties::ImageFolder, "folder in which pictures and style sheets are looked for"},
+    {"--table-borders", &Properties::TableBorders, "yes gives all tables borders, no none"},
+};
+
 const std::map<std::string, Encoding> kEncodings = {
     {"ascii", Encoding::Ascii}, {"utf-8", Encoding::Utf8}, {"windows-1252", Encoding::Windows1252}};
 
@@ -53,16 +59,20 @@ void AddPropertyOption(CLI::App& app, const PropertyOption& option, Properties& 
       ->group("Properties");
 }
 
-void AddProperties(CLI::App& app, Properties& properties) {
+void AddProperties(CLI::App& app, Properties& properties, std::span<const PropertyOption> options) {
   component::Class_InitProperties(properties);
-  for (const PropertyOption& option : kPropertyOptions) AddPropertyOption(app, option, properties);
+  for (const PropertyOption& option : options) AddPropertyOption(app, option, properties);
+}
+
+void AddFiles(CLI::App& app, std::vector<std::string>& documents, std::string& output) {
+  app.add_option("FILE", documents, "documents; - or none is standard input");
+  app.add_option("-o,--output", output, "file, or folder with a file for each document; else standard output")
+      ->type_name("PATH");
 }
 
 void AddDocuments(CLI::App& app, std::vector<std::string>& documents, std::string& output,
                   Encoding& encoding) {
-  app.add_option("FILE", documents, "documents; - or none is standard input");
-  app.add_option("-o,--output", output, "file, or folder with a file for each document; else standard output")
-      ->type_name("PATH");
+  AddFiles(app, documents, output);
   app.add_option("--encoding", encoding, "encoding of the result: ascii, utf-8 or windows-1252")
       ->transform(CLI::CheckedTransformer(kEncodings, CLI::ignore_case).description(""))
       ->type_name("NAME");
@@ -83,7 +93,7 @@ CLI::App* AddToHtml(CLI::App& app, ToHtml& command) {
   kinds->require_option(0, 1);
   to_html->add_flag("--trace", command.trace,
                     "a JSON line with the page after each step, in place of the page on standard output");
-  AddProperties(*to_html, command.properties);
+  AddProperties(*to_html, command.properties, kPropertiesToHtml);
   return to_html;
 }
 
@@ -93,11 +103,22 @@ CLI::App* AddToText(CLI::App& app, ToText& command) {
   return to_text;
 }
 
+CLI::App* AddToRtf(CLI::App& app, ToRtf& command) {
+  CLI::App* to_rtf = app.add_subcommand("to-rtf", "convert a page to RTF");
+  AddFiles(*to_rtf, command.documents, command.output);
+  to_rtf->add_flag("--raw-input", command.raw_input,
+                   "take the page as it is, without decoding it by the charset that it declares");
+  to_rtf->add_flag("--trace", command.trace,
+                   "a JSON line with the text after each step, in place of the document on standard output");
+  AddProperties(*to_rtf, command.properties, kPropertiesToRtf);
+  return to_rtf;
+}
+
 CLI::App* AddExplain(CLI::App& app, Explain& command) {
   CLI::App* explain = app.add_subcommand("explain", "show which rules fire on an RTF document");
   explain->add_option("FILE", command.document, "the document; - is standard input")->required();
   explain->add_flag("--json", command.json, "one line of JSON for each rule");
-  AddProperties(*explain, command.properties);
+  AddProperties(*explain, command.properties, kPropertiesToHtml);
   return explain;
 }
 
@@ -108,15 +129,17 @@ int RunOn(Command& command) {
 }
 
 int Main(int count, char** values) {
-  CLI::App app("Converts documents: RTF to HTML and to plain text.", "quillary");
+  CLI::App app("Converts documents: RTF to HTML and to plain text, HTML to RTF.", "quillary");
   app.set_version_flag("--version", std::string("quillary ") + Version());
   app.require_subcommand(1);
   app.get_formatter()->column_width(34);
   ToHtml to_html;
   ToText to_text;
+  ToRtf to_rtf;
   Explain explain;
   const CLI::App* chosen_html = AddToHtml(app, to_html);
   const CLI::App* chosen_text = AddToText(app, to_text);
+  const CLI::App* chosen_rtf = AddToRtf(app, to_rtf);
   AddExplain(app, explain);
   try {
     app.parse(count, values);
@@ -125,6 +148,7 @@ int Main(int count, char** values) {
   }
   try {
     if (chosen_html->parsed()) return RunOn(to_html);
+    if (chosen_rtf->parsed()) return RunOn(to_rtf);
     return chosen_text->parsed() ? RunOn(to_text) : Run(explain);
   } catch (const FileError& error) {
     std::cerr << "quillary: " << error.what() << '\n';

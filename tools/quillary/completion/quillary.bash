@@ -20,11 +20,12 @@ _quillary() {
   esac
   if [ -z "$words" ]; then
     if [ "$COMP_CWORD" -eq 1 ]; then
-      words='to-html to-text explain --help --version'
+      words='to-html to-text to-rtf explain --help --version'
     elif [[ $current == -* ]]; then
       case ${COMP_WORDS[1]} in
         to-html) words="$common $page $properties" ;;
         to-text) words=$common ;;
+        to-rtf) words='-o --output -h --help --raw-input --trace --image-folder --table-borders' ;;
         explain) words="-h --help --json $properties" ;;
       esac
     else
