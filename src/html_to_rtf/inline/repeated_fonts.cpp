@@ -1,6 +1,6 @@
-#include <algorithm>
-
 #include "html_to_rtf/inline/fonts.h"
+
+#include <algorithm>
 
 namespace quillary::HTMLRTFConverter {
 
@@ -9,14 +9,17 @@ void DropRepeatedFontTags(Text& page) {
   const Text upper = ToUpper(page);
   const TextView view = page;
   Text kept;
-  std::size_t done = 0;  // what stands in front is in `kept`, or dropped
-  // Of the tag at hand the original stands in front of `done`, repetitions after it.
-  for (std::size_t start = upper.find(kStart); start != Text::npos; start = upper.find(kStart, start + 1)) {
+  // What stands in front of `done` is in `kept`, but for what was dropped between the two.
+  std::size_t dropped = 0;
+  std::size_t done = 0;
+  std::size_t start = upper.find(kStart);
+  while (start != Text::npos) {
     const std::size_t end = view.find(u'>', start);
     if (end == TextView::npos) break;
     const TextView tag = view.substr(start, end + 1 - start);
-    std::size_t after = std::max(done, end + 1);
-    const std::size_t first = after;
+    // The tag may begin in one whose repetitions are gone already.
+    const std::size_t first = std::max(done, end + 1);
+    std::size_t after = first;
     std::size_t next = view.find(u'>', after);
     while (next != TextView::npos && view.substr(after, next + 1 - after) == tag) {
       after = next + 1;
@@ -24,9 +27,12 @@ void DropRepeatedFontTags(Text& page) {
     }
     if (after > first) {
       kept.append(view, done, first - done);
+      dropped = end + 1;
       done = after;
     }
     if (next == TextView::npos) break;
+    start = upper.find(kStart, start + 1);
+    if (start >= dropped && start < done) start = upper.find(kStart, done);
   }
   if (done > 0) page = kept.append(view, done);
 }
