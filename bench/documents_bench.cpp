@@ -1,4 +1,4 @@
-// Whole documents of one kind each, from RTF to page.
+// Whole documents of one kind each, from RTF to page, and pages to RTF.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -75,6 +75,27 @@ void Convert(benchmark::State& state, TextView start, Text (*piece)(int)) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(document.size()));
 }
 
+Text PagePiece(int number) {
+  return u"<h2>Heading " + Decimal(number) +
+         u"</h2>\r\n<p align=\"justify\"><font face=\"Arial\" size=\"2\">" + Text(kSentence) +
+         u"<b>bold</b>, <i>italic</i> and <a href=\"http://www.example.org/\">a link</a>&nbsp;&#8364; " +
+         Decimal(number) + u"</font></p>\r\n<ul><li>first item</li><li>second item</li></ul>\r\n";
+}
+
+void ConvertPage(benchmark::State& state) {
+  const auto units = static_cast<std::size_t>(state.range(0));
+  Text page(u"<html><body>");
+  for (int number = 0; page.size() < units; ++number) page += PagePiece(number);
+  for (auto _ : state) {
+    Apartment apartment;
+    component::Properties properties;
+    component::Class_InitProperties(properties);
+    properties.HTML_Text = page;
+    benchmark::DoNotOptimize(component::ConvertHTML2RTF(apartment, properties));
+  }
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(page.size()));
+}
+
 constexpr std::int64_t kMegabyte = 1000000;
 
 void PlainText(benchmark::State& state) { Convert(state, kHead, PlainPiece); }
@@ -83,6 +104,7 @@ void Tables(benchmark::State& state) { Convert(state, kHead, TablePiece); }
 void Links(benchmark::State& state) { Convert(state, kHead, LinkPiece); }
 void ManyFonts(benchmark::State& state) { Convert(state, FontHead(), FontPiece); }
 
+BENCHMARK(ConvertPage)->Arg(kMegabyte)->Arg(5 * kMegabyte)->Unit(benchmark::kMillisecond);
 BENCHMARK(PlainText)->Arg(kMegabyte)->Arg(2 * kMegabyte)->Unit(benchmark::kMillisecond);
 BENCHMARK(Bullets)->Arg(kMegabyte)->Arg(2 * kMegabyte)->Unit(benchmark::kMillisecond);
 BENCHMARK(Tables)->Arg(kMegabyte)->Arg(2 * kMegabyte)->Unit(benchmark::kMillisecond);

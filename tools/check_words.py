@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Compares the words of RTF documents three ways, by hand:
+"""Compares the words of RTF documents four ways, by hand:
 
     tools/check_words.py build/release/bin/quillary FILE...
 
-the plain text against that of unrtf (a Debian package), and the page of to-html
-against the plain text. Prints a row for each document that lost words.
+the plain text against that of unrtf (a Debian package), the page of to-html
+against the plain text, and the plain text of that page's RTF (to-rtf) against
+the page. Prints a row for each document that lost words.
 """
 import collections
 import html
@@ -19,12 +20,11 @@ def words(text):
     return collections.Counter(re.findall(r"\w+", text))
 
 
-def output(*command):
-    return subprocess.run(command, capture_output=True).stdout.decode("utf8", "replace")
+def output(*command, text=""):
+    return subprocess.run(command, input=text.encode(), capture_output=True).stdout.decode("utf8", "replace")
 
 
-def page_words(program, file):
-    page = output(program, "to-html", file)
+def page_words(page):
     body = BREAKS.sub(" ", page[page.find("<BODY") :])
     return words(html.unescape(re.sub(r"<[^>]*>", "", body)))
 
@@ -39,11 +39,17 @@ def main(program, files):
     for file in files:
         text = words(output(program, "to-text", file))
         from_peer = peer_words(file) - text
-        on_page = text - page_words(program, file)
-        total.update(words=text.total(), peer=from_peer.total(), page=on_page.total())
-        if from_peer or on_page:
-            print(file, "not in the text:", dict(from_peer.most_common(8)), "not on the page:", dict(on_page.most_common(8)))
-    print(f"{total['words']} words; the peer has {total['peer']} others, the page lacks {total['page']}")
+        page = output(program, "to-html", file)
+        on_page = page_words(page)
+        lost = {
+            "not in the text": from_peer,
+            "not on the page": text - on_page,
+            "not in its RTF": on_page - words(output(program, "to-text", text=output(program, "to-rtf", text=page))),
+        }
+        total.update(words=text.total(), **{name: missing.total() for name, missing in lost.items()})
+        if any(lost.values()):
+            print(file, {name: dict(missing.most_common(8)) for name, missing in lost.items() if missing})
+    print(f"{total['words']} words", {name: total[name] for name in total if name != "words"})
 
 
 if __name__ == "__main__":

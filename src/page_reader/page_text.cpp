@@ -113,6 +113,12 @@ class Spelling {
       ++at_;
       return;
     }
+    if (page_.find(u'>', at_) == TextView::npos) {
+      // Browsers drop a tag that the page leaves open, and the rules would go over it again
+      // and again.
+      at_ = page_.size();
+      return;
+    }
     CopyTo(RawContentEnd(page_, end, TagName(page_, at_)));
   }
 

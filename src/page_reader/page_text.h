@@ -11,8 +11,9 @@ namespace quillary::page_reader {
 /// that would be markup, of the no-break space, and of what the rules write
 /// better than the character. A "&#" that opens no reference becomes "&amp;#".
 /// Tags, comments, scripts and style sheets stay as they are, but for control
-/// characters, which go everywhere. A "<" that opens no markup becomes "&lt;". A
-/// page spelled so stays as it is.
+/// characters, which go everywhere. A "<" that opens no markup becomes "&lt;", and
+/// markup that the page leaves open without any ">" goes. A page spelled so stays as
+/// it is.
 Text SpellPage(Text page);
 
 /// The same for a page whose units are bytes that the rules decode: only its

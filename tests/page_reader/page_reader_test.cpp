@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <random>
 
 #include "page_reader/page_text.h"
@@ -160,9 +161,11 @@ TEST(PageText, LeavesMarkupAsItIs) {
     EXPECT_EQ(FromWindows1252(start) + u"&#233;&#233;<b>&#233;", ReadPage(start + "\xE9&eacute;<b>\xE9"))
         << start;
   }
-  for (const char* open : {"<p a='\xE9>", "<p \xE9", "<!-- \xE9>", "<!\xE9", "<style>\xE9</",
-                           "<script>\xE9<!--", "<p a", "<p a="}) {
+  for (const char* open : {"<p a='\xE9>", "<!-- \xE9>", "<style>\xE9</", "<script>\xE9<!--"}) {
     EXPECT_EQ(FromWindows1252(open), ReadPage(open)) << open;
+  }
+  for (const std::string open : {"<p \xE9", "<!\xE9", "<!--\xE9--", "<p a", "<p a="}) {
+    EXPECT_EQ(u"&#233;<b>a", ReadPage("\xE9<b>a" + open)) << open;
   }
 }
 
@@ -188,7 +191,9 @@ TEST(PageText, CostsWhatItIsLong) {
                             "&#55357;", "&CounterClockwise", "<style></", "--"}) {
     std::string page;
     while (page.size() < 2'000'000) page += piece;
-    EXPECT_GE(ReadPage(page).size(), page.size()) << piece;
+    const auto start = std::chrono::steady_clock::now();
+    ReadPage(page);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << piece;
   }
 }
 

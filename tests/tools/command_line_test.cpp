@@ -137,6 +137,22 @@ TEST_F(CommandLine, TakesAndGivesPlainText) {
   EXPECT_TRUE(Has(Run("to-text --encoding ascii b.rtf").out, "caf? ? x"));
 }
 
+TEST_F(CommandLine, ConvertsPagesToRtf) {
+  Put("a.html", "<meta charset=utf-8><p>caf\xC3\xA9 \xD0\x96 &mdash; x\xC3\xA9</p>");
+  const Outcome rtf = Run("to-rtf a.html");
+  EXPECT_EQ(rtf.status, 0) << rtf.err;
+  EXPECT_TRUE(Has(rtf.out, "caf\\'E9 \\u1046\\'3F \\u8212\\'3F x\\'E9")) << rtf.out;
+  EXPECT_EQ(Run("to-rtf - < a.html").out, rtf.out);
+  EXPECT_EQ(Run("to-rtf a.html -o documents/").status, 0);
+  EXPECT_EQ(ReadFile(folder_ / "documents/a.rtf"), rtf.out);
+  // As it is, each byte is a character; what the rules leave beyond ASCII is escaped at the end.
+  Put("b.html", "a\xE9 &mdash; b<a href=\"\xE9\">\x80</a>");
+  EXPECT_TRUE(
+      Has(Run("to-rtf --raw-input b.html").out, "a\\'e9 &mdash; b{\\field{\\*\\fldinst { HYPERLINK \\'e9 }}"))
+      << Run("to-rtf --raw-input b.html").out;
+  EXPECT_TRUE(Run("to-rtf --trace a.html").out.starts_with("{\"step\":\"SupplyFrame\""));
+}
+
 TEST_F(CommandLine, ExplainsWhichRulesFired) {
   Put("a.rtf", "{\\rtf1\\viewkind4\\uc1\\pard\\fs20 x\\par \\pard y\\par }");
   const Outcome words = Run("explain --clean-rtf nono a.rtf");
@@ -183,7 +199,8 @@ TEST_F(CommandLine, ManualAndCompletionNameEveryOption) {
   std::string manual = ReadFile(QUILLARY_TESTS_DIR "/../docs/quillary.1");
   std::erase(manual, '\\');
   const std::string completion = ReadFile(QUILLARY_TESTS_DIR "/../tools/quillary/completion/quillary.bash");
-  const std::string help = Run("to-html --help").out + Run("to-text --help").out + Run("explain --help").out;
+  const std::string help = Run("to-html --help").out + Run("to-text --help").out + Run("explain --help").out +
+                           Run("to-rtf --help").out;
   const std::regex option("--[a-z-]+");
   int options = 0;
   for (std::sregex_iterator found(help.begin(), help.end(), option), end; found != end; ++found, ++options) {
