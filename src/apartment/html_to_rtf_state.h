@@ -39,9 +39,31 @@ struct ParaSpan {
 
 /// A table that is open.
 struct TableLevel {
-  bool rowBrace = false;   // the row has a highlight group to close
-  bool cellBrace = false;  // the cell has one
-  Integer16 highlight;     // colour of the table's background
+  Text widths;           // of the columns in pixels, separated by single spaces
+  Integer16 tableWidth;  // in pixels
+  /// The column reached in the row. Each further column of a COLSPAN adds 1000 to it while
+  /// the cell is open.
+  Integer16 cellCount;
+  bool hasBorder = false;
+  bool cellOpen = false;
+  bool rowOpen = false;
+  std::int32_t rowPos = 0;  // of the row's "<TR" in HtmlWork
+  bool rowBrace = false;    // the row has a highlight group to close
+  bool cellBrace = false;   // the cell has one
+  bool centred = false;
+  bool inRow = false;
+  Integer16 padding;    // twice CELLPADDING
+  Integer16 highlight;  // colour of the table's background
+  // The edges of the table, in tenths of pixels by CELLSPACING or in pixels by its style.
+  Integer16 borderTop;
+  Integer16 borderLeft;
+  Integer16 borderBottom;
+  Integer16 borderRight;
+  bool hasBorderStyle = false;
+  Integer16 colourTop;
+  Integer16 colourLeft;
+  Integer16 colourBottom;
+  Integer16 colourRight;
 };
 
 struct HtmlToRtfState {
@@ -77,6 +99,7 @@ struct HtmlToRtfState {
   List<TableLevel> TableStack;
   Integer16 TableDepth;
   Integer16 TableBorderMode;
+  double TableScale = 0;
   bool TableFirst = false;  // the document begins with a table
 
   // Character formatting.
@@ -92,5 +115,11 @@ struct HtmlToRtfState {
   bool IsIso2022Jp = false;
   bool IsGb2312 = false;
 };
+
+/// The table that is open. Throws Failure (subscript) outside of tables.
+inline TableLevel& OpenLevel(HtmlToRtfState& state) {
+  if (state.TableDepth < 1) throw Failure(Failure::Kind::Subscript);
+  return state.TableStack.At(state.TableDepth);
+}
 
 }  // namespace quillary

@@ -11,6 +11,9 @@ inline constexpr std::size_t kInputUnits = std::size_t{256} << 20;
 /// Longest text under rewriting, in units.
 inline constexpr std::size_t kWorkingUnits = std::size_t{512} << 20;
 
+/// Tables within tables of a page.
+inline constexpr int kTableNesting = 500;
+
 /// A text may grow to this many times the input, or to this many units,
 /// whichever is more.
 inline constexpr std::size_t kGrowthFactor = 256;

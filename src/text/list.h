@@ -42,6 +42,14 @@ class List {
     last_set_ = std::min(last_set_, upper());
   }
 
+  /// Sets the upper bound and keeps the entries up to it.
+  void Resize(std::int32_t upper) {
+    if (upper < 0) throw Failure(Failure::Kind::Subscript);
+    sized_ = true;
+    entries_.resize(static_cast<std::size_t>(upper) + 1);
+    last_set_ = std::min(last_set_, upper);
+  }
+
   /// Back to the state of never having been sized.
   void Erase() { *this = List(); }
 

@@ -20,10 +20,50 @@ Json ElementToJson(const ListLevel& level) {
           {"closed", level.closed}};
 }
 Json ElementToJson(const ParaSpan& span) { return span.set; }
+
+namespace {
+
+// Hands the fields of a table to a visitor, by name and reference.
+template <class Level, class Visitor>
+void VisitTableLevel(Level& level, Visitor&& visit) {
+  visit("widths", level.widths);
+  visit("tableWidth", level.tableWidth);
+  visit("cellCount", level.cellCount);
+  visit("hasBorder", level.hasBorder);
+  visit("cellOpen", level.cellOpen);
+  visit("rowOpen", level.rowOpen);
+  visit("rowPos", level.rowPos);
+  visit("rowBrace", level.rowBrace);
+  visit("cellBrace", level.cellBrace);
+  visit("centred", level.centred);
+  visit("inRow", level.inRow);
+  visit("padding", level.padding);
+  visit("highlight", level.highlight);
+  visit("borderTop", level.borderTop);
+  visit("borderLeft", level.borderLeft);
+  visit("borderBottom", level.borderBottom);
+  visit("borderRight", level.borderRight);
+  visit("hasBorderStyle", level.hasBorderStyle);
+  visit("colourTop", level.colourTop);
+  visit("colourLeft", level.colourLeft);
+  visit("colourBottom", level.colourBottom);
+  visit("colourRight", level.colourRight);
+}
+
+struct RecordWriter {
+  Json& record;
+  void operator()(const char* name, const Text& value) const { record[name] = ToJson(TextView(value)); }
+  void operator()(const char* name, const Integer16& value) const { record[name] = std::int16_t{value}; }
+  void operator()(const char* name, const std::int32_t& value) const { record[name] = value; }
+  void operator()(const char* name, const bool& value) const { record[name] = value; }
+};
+
+}  // namespace
+
 Json ElementToJson(const TableLevel& level) {
-  return {{"rowBrace", level.rowBrace},
-          {"cellBrace", level.cellBrace},
-          {"highlight", std::int16_t{level.highlight}}};
+  Json record = Json::object();
+  VisitTableLevel(level, RecordWriter{record});
+  return record;
 }
 
 namespace {
@@ -38,6 +78,11 @@ class RecordReader {
     std::int16_t number = value;
     ElementFromJson(record_.value(name, Json(number)), number);
     value = number;
+  }
+  void operator()(const char* name, std::int32_t& value) const {
+    const Json field = record_.value(name, Json(value));
+    if (!field.is_number_integer()) throw Refusal("usage");
+    value = field.get<std::int32_t>();
   }
   void operator()(const char* name, bool& value) const { value = Boolean(record_.value(name, Json(value))); }
   void operator()(const char* name, Text& value) const {
@@ -69,12 +114,7 @@ void ElementFromJson(const Json& json, ListLevel& level) {
   read("closed", level.closed);
 }
 void ElementFromJson(const Json& json, ParaSpan& span) { span.set = Boolean(json); }
-void ElementFromJson(const Json& json, TableLevel& level) {
-  const RecordReader read(json);
-  read("rowBrace", level.rowBrace);
-  read("cellBrace", level.cellBrace);
-  read("highlight", level.highlight);
-}
+void ElementFromJson(const Json& json, TableLevel& level) { VisitTableLevel(level, RecordReader(json)); }
 
 namespace {
 
@@ -103,6 +143,7 @@ void VisitFields(State& state, Visitor& visit) {
   visit("TableStack", state.TableStack, 1);
   visit("TableDepth", state.TableDepth);
   visit("TableBorderMode", state.TableBorderMode);
+  visit("TableScale", state.TableScale);
   visit("TableFirst", state.TableFirst);
   visit("FontStack", state.FontStack, 0);
   visit("CurrentFont", state.CurrentFont);

@@ -13,6 +13,11 @@
 #include "html_to_rtf/inline/font_sizes.h"
 #include "html_to_rtf/inline/fonts.h"
 #include "html_to_rtf/inline/spans.h"
+#include "html_to_rtf/tables/prefilters.h"
+#include "html_to_rtf/tables/table_borders.h"
+#include "html_to_rtf/tables/table_markup.h"
+#include "html_to_rtf/tables/table_widths.h"
+#include "html_to_rtf/tables/tables.h"
 #include "registry.h"
 #include "rules/run.h"
 
@@ -122,6 +127,59 @@ void AddBlocks(Registry& registry) {
   });
 }
 
+using TableHandler = void (*)(Apartment&, TextView, std::int32_t);
+
+void AddTableHandler(Registry& registry, const char* name, TableHandler handler) {
+  registry.Add(name, {Kind::Text, Kind::Integer32},
+               [handler](Call& call) { handler(call.apartment(), call.text(0), call.integer(1)); });
+}
+
+void AddHandler(Registry& registry, const char* name, void (*handler)(Apartment&)) {
+  registry.Add(name, {}, [handler](Call& call) { handler(call.apartment()); });
+}
+
+bool IsSet(const Call& call, std::size_t index) { return call.integer(index) != 0; }
+
+void AddHtmlTables(Registry& registry) {
+  AddTableHandler(registry, "OpenTable", OpenTable);
+  AddTableHandler(registry, "OpenRow", OpenRow);
+  AddTableHandler(registry, "OpenCell", OpenCell);
+  AddHandler(registry, "CloseTable", CloseTable);
+  AddHandler(registry, "CloseRow", CloseRow);
+  AddHandler(registry, "CloseCell", CloseCell);
+  AddHandler(registry, "ParseTableBorders", ParseTableBorders);
+  registry.Add("CellBorders", {Kind::Text, Kind::Mode, Kind::Mode, Kind::Mode, Kind::Mode}, [](Call& call) {
+    const CellPlace place{IsSet(call, 1), IsSet(call, 2), IsSet(call, 3), IsSet(call, 4)};
+    call.result = ToJson(CellBorders(call.apartment(), call.text(0), place));
+  });
+  registry.Add("CellShading", {Kind::Text},
+               [](Call& call) { call.result = ToJson(CellShading(call.apartment(), call.text(0))); });
+  registry.Add("ComputeTableWidths", {Kind::Text, Kind::Integer32, Kind::Integer16}, [](Call& call) {
+    Integer16 room = call.integer(2);
+    Text widths;
+    const auto show_room = [&] { call.raw(2) = std::int16_t{room}; };
+    try {
+      call.result = ComputeTableWidths(call.text(0), call.integer(1), room, widths);
+    } catch (const Failure&) {
+      show_room();
+      throw;
+    }
+    show_room();
+    OpenLevel(call.html_state()).widths = widths;
+  });
+  AddInPlace(registry, "RepairRowsAndCells", RepairRowsAndCells);
+  AddInPlace(registry, "ExpandRowspans", ExpandRowspans);
+  registry.Add("FindLevelStart", {Kind::Text, Kind::Text},
+               [](Call& call) { call.result = FindLevelStart(call.text(0), call.text(1)); });
+  registry.Add("ExtractRow", {Kind::Text},
+               [](Call& call) { call.result = ToJson(ExtractRow(call.text(0))); });
+  registry.Add("ExtractCell", {Kind::Text},
+               [](Call& call) { call.result = ToJson(ExtractCell(call.text(0))); });
+  registry.Add("StripNestedTables", {Kind::Text},
+               [](Call& call) { call.result = ToJson(StripNestedTables(call.text(0))); });
+  registry.Add("CountColumns", {Kind::Text}, [](Call& call) { call.result = CountColumns(call.text(0)); });
+}
+
 }  // namespace
 
 void AddHtmlToRtfRoutines(Registry& registry) {
@@ -136,6 +194,7 @@ void AddHtmlToRtfRoutines(Registry& registry) {
   AddCharacters(registry);
   AddInline(registry);
   AddBlocks(registry);
+  AddHtmlTables(registry);
 }
 
 }  // namespace quillary::routine

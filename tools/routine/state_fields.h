@@ -105,6 +105,9 @@ struct Writer {
   void operator()(const char* name, const bool& value) {
     if (Wanted(name)) fields[name] = value;
   }
+  void operator()(const char* name, const double& value) {
+    if (Wanted(name)) fields[name] = value;
+  }
   template <class Value>
   void operator()(const char* name, const List<Value>& value, std::int32_t lowest) {
     if (Wanted(name)) fields[name] = ListToJson(value, lowest);
@@ -148,6 +151,12 @@ struct Reader {
   }
   void operator()(const char* name, bool& value) {
     if (const Json* field = Field(name)) value = Boolean(*field);
+  }
+  void operator()(const char* name, double& value) {
+    const Json* field = Field(name);
+    if (field == nullptr) return;
+    if (!field->is_number()) throw Refusal("usage");
+    value = field->get<double>();
   }
   template <class Value>
   void operator()(const char* name, List<Value>& value, std::int32_t lowest) {

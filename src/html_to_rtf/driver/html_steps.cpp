@@ -11,6 +11,7 @@
 #include "html_to_rtf/driver/tag_loop.h"
 #include "html_to_rtf/inline/css_values.rules.h"
 #include "html_to_rtf/inline/fonts.h"
+#include "html_to_rtf/tables/prefilters.h"
 #include "rules/run.h"
 
 namespace quillary::HTMLRTFConverter {
@@ -20,14 +21,19 @@ constexpr const rules::Chain* kTagLoopChains[] = {&chains::CssColourNames, &chai
                                                   &chains::NamedEntities, &chains::MapWindows1252};
 
 constexpr Step kPreparingSteps[] = {
-    {"SupplyFrame", On::Source, SupplyFrame}, {"DecodeCyrillic", On::Source, DecodeCyrillic},
-    {"StartState", On::Page, StartState},     {"DropRepeatedFontTags", On::Page, DropRepeatedFontTags},
-    {"StartFonts", On::Page, StartFonts},     {"SetBaseLanguage", On::Page, SetBaseLanguage},
+    {"SupplyFrame", On::Source, SupplyFrame},
+    {"DecodeCyrillic", On::Source, DecodeCyrillic},
+    {"StartState", On::Page, StartState},
+    {"RepairRowsAndCells", On::Page, RepairRowsAndCells},
+    {"DropRepeatedFontTags", On::Page, DropRepeatedFontTags},
+    {"StartFonts", On::Page, StartFonts},
+    {"SetBaseLanguage", On::Page, SetBaseLanguage},
 };
 
 constexpr Step kConvertingSteps[] = {
     {"FoldLineEnds", On::Page, &chains::FoldLineEnds},
     {"ConvertTableDivs", On::Page, ConvertTableDivs},
+    {"ExpandRowspans", On::Page, ExpandRowspans},
     {"MapHeadings", On::Page, &chains::MapHeadings},
     {"MapSmall", On::Page, &chains::MapSmall},
     {"MapPreformatted", On::Page, &chains::MapPreformatted},

@@ -8,6 +8,7 @@
 #include "html_to_rtf/inline/fonts.h"
 #include "html_to_rtf/inline/rtf_words.h"
 #include "html_to_rtf/inline/spans.h"
+#include "html_to_rtf/tables/tables.h"
 
 namespace quillary::HTMLRTFConverter {
 namespace {
@@ -42,6 +43,19 @@ void Span(Conversion& conversion, const PageTag& tag) {
   OpenSpan(conversion.apartment, UnescapeQuotes(tag.upper));
 }
 void SpanEnd(Conversion& conversion, const PageTag&) { CloseSpan(conversion.state()); }
+
+void Table(Conversion& conversion, const PageTag& tag) {
+  OpenTable(conversion.apartment, UnescapeQuotes(tag.upper), tag.position);
+}
+void TableEnd(Conversion& conversion, const PageTag&) { CloseTable(conversion.apartment); }
+void Cell(Conversion& conversion, const PageTag& tag) {
+  OpenCell(conversion.apartment, UnescapeQuotes(tag.upper), tag.position);
+}
+void CellEnd(Conversion& conversion, const PageTag&) { CloseCell(conversion.state()); }
+void Row(Conversion& conversion, const PageTag& tag) {
+  OpenRow(conversion.apartment, UnescapeQuotes(tag.upper), tag.position);
+}
+void RowEnd(Conversion& conversion, const PageTag& tag) { CloseRow(conversion.apartment, tag.upper); }
 
 constexpr TagHandler kTagHandlers[] = {
     {"OpenAnchor", u"<A ", u"<A>", {}, Anchor},
@@ -84,6 +98,12 @@ constexpr TagHandler kTagHandlers[] = {
     {"CloseSubscript", {}, u"</SUB>", u"}"},
     {"OpenSuperscript", u"<SUP", {}, u"{\\super "},
     {"CloseSuperscript", {}, u"</SUP>", u"}"},
+    {"OpenTable", u"<TABLE", {}, {}, Table},
+    {"CloseTable", {}, u"</TABLE>", {}, TableEnd},
+    {"OpenCell", u"<TD", {}, {}, Cell},
+    {"CloseCell", {}, u"</TD>", {}, CellEnd},
+    {"OpenRow", u"<TR", {}, {}, Row},
+    {"CloseRow", u"</TR", {}, {}, RowEnd},
     {"OpenUnderline", u"<U ", u"<U>", u"\\ul1"},
     {"CloseUnderline", {}, u"</U>", u"\\ul0"},
     {"OpenBulletList", u"<UL ", u"<UL>", {}, BulletList},

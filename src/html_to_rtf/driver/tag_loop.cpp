@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "html_to_rtf/blocks/breaks.h"
 #include "html_to_rtf/characters/runs.h"
@@ -11,6 +12,8 @@
 
 namespace quillary::HTMLRTFConverter {
 namespace {
+
+constexpr std::int32_t kNowhere = std::numeric_limits<std::int32_t>::max();
 
 class TagLoop {
  public:
@@ -32,6 +35,8 @@ class TagLoop {
   // Position of the first ">" from there on, 0 if there is none. Once there is none, there
   // is none further on.
   std::int32_t TagEnd(std::int32_t from) {
+    // A cell without a row writes a tag into the page.
+    if (std::exchange(known_units_, page().size()) != page().size()) no_end_from_ = kNowhere;
     if (from >= no_end_from_) return 0;
     const std::int32_t end = FindUnit(from, u'>');
     if (end == 0) no_end_from_ = from;
@@ -145,7 +150,8 @@ class TagLoop {
   std::int32_t cursor_ = 1;
   std::int32_t tag_start_ = 0;
   std::int32_t gap_start_ = 0;
-  std::int32_t no_end_from_ = std::numeric_limits<std::int32_t>::max();
+  std::int32_t no_end_from_ = kNowhere;
+  std::size_t known_units_ = 0;
   Text tag_;
   Text upper_;
 };

@@ -28,12 +28,6 @@ void ReadAttribute(TextView tag, TextView name, Text& value) {
   value = ValueBetween(tag, start, FirstEnd(tag, start, {u" ", u">"}));
 }
 
-// The table that is open.
-TableLevel& OpenLevel(HtmlToRtfState& state) {
-  if (state.TableDepth < 1) throw Failure(Failure::Kind::Subscript);
-  return state.TableStack.At(state.TableDepth);
-}
-
 }  // namespace
 
 Text ReadBackground(Apartment& apartment, TextView tag) {

@@ -10,11 +10,15 @@
 namespace quillary::HTMLRTFConverter {
 namespace {
 
-void Add(TextList& list, Integer16& count, TextView name) {
-  if (FindInList(list, name) > 0 || (list.has(0) && list[0] == name)) return;
+void AppendName(TextList& list, Integer16& count, TextView name) {
   list.Grow(count);
   list.Set(count, Text(name));
   ++count;
+}
+
+void Add(TextList& list, Integer16& count, TextView name) {
+  if (FindInList(list, name) > 0 || (list.has(0) && list[0] == name)) return;
+  AppendName(list, count, name);
 }
 
 // The number of the digits at `position`. Digits are read one by one from the left: the
@@ -39,6 +43,9 @@ Text PartAsHex(TextView part) {
 
 void AddColour(HtmlToRtfState& state, TextView colour) {
   Add(state.ColourList, state.RtfColourCount, colour);
+}
+void AppendColour(HtmlToRtfState& state, TextView colour) {
+  AppendName(state.ColourList, state.RtfColourCount, colour);
 }
 void AddFont(HtmlToRtfState& state, TextView face) { Add(state.FontList, state.RtfFontCount, face); }
 

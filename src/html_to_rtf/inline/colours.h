@@ -13,6 +13,9 @@ namespace quillary::HTMLRTFConverter {
 void AddColour(HtmlToRtfState& state, TextView colour);
 void AddFont(HtmlToRtfState& state, TextView face);
 
+/// The same whether it is in the list or not.
+void AppendColour(HtmlToRtfState& state, TextView colour);
+
 /// The number of a colour in the colour table of the RTF; that of the first one if
 /// the list does not hold it.
 std::int32_t ColourNumber(const HtmlToRtfState& state, TextView colour);

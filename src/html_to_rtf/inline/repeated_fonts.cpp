@@ -1,6 +1,6 @@
-#include "html_to_rtf/inline/fonts.h"
-
 #include <algorithm>
+
+#include "html_to_rtf/inline/fonts.h"
 
 namespace quillary::HTMLRTFConverter {
 

@@ -55,8 +55,8 @@ double ToNumber(TextView text) {
 }
 
 Text NumberText(double number) {
-  char digits[32];
-  return Text(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+  char digits[400];  // the largest number has 309 digits in front of the point
+  return Text(digits, std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed).ptr);
 }
 
 }  // namespace quillary::HTMLRTFConverter

@@ -29,7 +29,7 @@ Text Without(TextView text, TextView characters);
 
 /// The number that a text spells. Throws Failure (type) if it spells none.
 double ToNumber(TextView text);
-/// The shortest decimal text of a number.
+/// The shortest decimal text of a number, without an exponent.
 Text NumberText(double number);
 
 }  // namespace quillary::HTMLRTFConverter
