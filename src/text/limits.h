@@ -14,6 +14,9 @@ inline constexpr std::size_t kWorkingUnits = std::size_t{512} << 20;
 /// Tables within tables of a page.
 inline constexpr int kTableNesting = 500;
 
+/// Cells that are put below ROWSPANs where a cell counts for two rows: such pages may have no end.
+inline constexpr int kSharedMergedCells = 2000;
+
 /// A text may grow to this many times the input, or to this many units,
 /// whichever is more.
 inline constexpr std::size_t kGrowthFactor = 256;

@@ -13,6 +13,7 @@
 #include "html_to_rtf/tables/prefilters.h"
 #include "html_to_rtf/tables/table_markup.h"
 #include "text/failure.h"
+#include "text/limits.h"
 
 namespace quillary::HTMLRTFConverter {
 namespace {
@@ -26,6 +27,7 @@ struct Cell {
   std::size_t end = 0;
   std::int32_t columns = 1;
   bool inserted = false;
+  bool endless = false;                 // a table in it has no end, so that nothing can step over it
   std::vector<std::size_t> hits;        // the ROWSPANs in it
   std::vector<std::size_t> later_hits;  // those between it and the next cell
 };
@@ -153,6 +155,7 @@ class RowspanExpansion {
     Cell* own = nullptr;
     for (Cell& cell : row.cells) {
       if (cell.start >= hit.at) break;
+      if (cell.endless) throw Failure(Failure::Kind::Argument);
       hit.column += cell.columns;
       own = &cell;
     }
@@ -213,14 +216,14 @@ class RowspanExpansion {
         continue;
       }
       if (in_table) throw CellOfTwoRows();
-      const TextView cell = ExtractCell(text.substr(tag.at));
-      row.cells.push_back({row.start + tag.at,
-                           row.start + tag.at + cell.size(),
-                           ColumnsOf(row.start + tag.at),
-                           false,
-                           {},
-                           {}});
-      tag = NextMarkup(text, tag.at + std::max<std::size_t>(cell.size(), 1));
+      Cell cell;
+      cell.start = row.start + tag.at;
+      cell.columns = ColumnsOf(cell.start);
+      TextView cell_text = text.substr(tag.at);
+      cell.endless = !Attempt([&] { cell_text = ExtractCell(cell_text); });
+      cell.end = cell.start + cell_text.size();
+      row.cells.push_back(cell);
+      tag = NextMarkup(text, tag.at + std::max<std::size_t>(cell_text.size(), 1));
     }
     row.end = row.start + text.size();
     const auto behind = std::lower_bound(rows_.begin(), rows_.end(), row.end,
@@ -288,7 +291,11 @@ class RowspanExpansion {
   void Insert(std::size_t number, std::size_t place) {
     std::vector<Cell>& cells = rows_[number].cells;
     place = std::min(place, cells.size());
-    cells.insert(cells.begin() + static_cast<std::ptrdiff_t>(place), Cell{0, 0, 1, true, {}, {}});
+    const auto endless = [](const Cell& cell) { return cell.endless; };
+    if (std::any_of(cells.begin(), cells.begin() + static_cast<std::ptrdiff_t>(place), endless)) {
+      throw Failure(Failure::Kind::Argument);
+    }
+    cells.insert(cells.begin() + static_cast<std::ptrdiff_t>(place), Cell{0, 0, 1, true, false, {}, {}});
     inserted_.Add(number);
     for (std::size_t i = place + 1; i < cells.size(); ++i) {
       Shift(cells[i].hits);
@@ -379,12 +386,33 @@ std::int32_t InsertCell(Text& page, std::int32_t row, std::int32_t cells) {
   return place;
 }
 
-// The stage step by step: every ROWSPAN costs some passes over the page for every column.
-void ExpandOneByOne(Text& page) {
+// The column of a ROWSPAN, counted from cell to cell from the start of its row.
+std::int32_t ColumnOfHit(TextView page, std::int32_t row, std::int32_t hit) {
+  std::int32_t column = 0;
+  for (std::int32_t cell = FindTag(row, page, u"<TD"); cell > 0 && cell < hit;
+       cell = FindTag(cell + Length(Text(ExtractCell(MidView(page, cell)))), page, u"<TD")) {
+    column += ColumnsOfCell(page, cell);
+  }
+  return column;
+}
+
+// The first column after this one that a ROWSPAN stands in, 0 if there is none.
+std::int32_t NextColumnOfHits(TextView page, std::int32_t column) {
+  std::int32_t next = 0;
+  for (std::int32_t hit = FindTag(1, page, kRowspan); hit > 0; hit = FindTag(hit + 1, page, kRowspan)) {
+    const std::int32_t own = ColumnOfHit(page, FindLevelStart(MidView(page, 1, hit), u"<TR"), hit);
+    if (own > column && (next == 0 || own < next)) next = own;
+  }
+  return next;
+}
+
+}  // namespace
+
+void ExpandRowspansOneByOne(Text& page) {
   std::int16_t span = 0;
-  bool last = false;
-  for (std::int32_t column = 1; !last; ++column) {
-    last = true;
+  int inserted = 0;
+  for (std::int32_t column = 1; column > 0; column = NextColumnOfHits(page, column)) {
+    bool last = true;
     for (std::int32_t hit = FindTag(1, page, kRowspan); hit > 0; hit = FindTag(hit + 1, page, kRowspan)) {
       const Text value = ValueIn(TagFrom(page, hit));
       if (!value.empty()) span = RoundNumberText(value);
@@ -392,11 +420,7 @@ void ExpandOneByOne(Text& page) {
       const std::int32_t table = FindLevelStart(MidView(page, 1, hit), u"<TABLE");
       if (row == 0) return;
       const std::int32_t table_end = table + static_cast<std::int32_t>(TableLength(MidView(page, table)));
-      std::int32_t own_column = 0;
-      for (std::int32_t cell = FindTag(row, page, u"<TD"); cell > 0 && cell < hit;
-           cell = FindTag(cell + Length(Text(ExtractCell(MidView(page, cell)))), page, u"<TD")) {
-        own_column += ColumnsOfCell(page, cell);
-      }
+      const std::int32_t own_column = ColumnOfHit(page, row, hit);
       if (own_column > column) last = false;
       for (std::int16_t below = 1; own_column == column && below < span; ++below) {
         row = FindTag(row + Length(Text(ExtractRow(MidView(page, row)))), page, u"<TR");
@@ -404,20 +428,20 @@ void ExpandOneByOne(Text& page) {
         const std::int32_t cell = FindTag(row, page, u"<TD");
         const std::int32_t row_end = row + Length(Text(ExtractRow(MidView(page, row))));
         if (cell == 0 || cell >= row_end || cell >= table_end) break;
+        if (++inserted > limits::kSharedMergedCells) throw LimitReached(LimitReached::Limit::Growth);
         if (InsertCell(page, row, column - 1) <= hit) hit += static_cast<std::int32_t>(kMergedCell.size());
       }
     }
+    if (last) return;
   }
 }
-
-}  // namespace
 
 void ExpandRowspans(Text& page) {
   if (!Holds(page, kRowspan, Compare::IgnoreCase)) return;
   try {
     RowspanExpansion(page).Run();
   } catch (const CellOfTwoRows&) {
-    ExpandOneByOne(page);  // nothing has been written
+    ExpandRowspansOneByOne(page);  // nothing has been written
   }
 }
 

@@ -14,4 +14,8 @@ void RepairRowsAndCells(Text& page);
 /// that nothing ends, (overflow) for a span beyond 16 bits; what was changed by then stays.
 void ExpandRowspans(Text& page);
 
+/// The same step by step, at the cost of some passes over the page for each ROWSPAN: the way of
+/// the few pages where a cell counts for two rows. Throws LimitReached for one that has no end.
+void ExpandRowspansOneByOne(Text& page);
+
 }  // namespace quillary::HTMLRTFConverter
