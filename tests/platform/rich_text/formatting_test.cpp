@@ -83,5 +83,97 @@ TEST(Formatting, DecodesEachFontsOwnCodePage) {
   EXPECT_EQ(Body(fonts + "\\f1\\'cf\\f0\\'cf}"), "\\pard\\f1\\fs24 \\u1055?\\f0 \\'cf\\lang1033 ");
 }
 
+TEST(Formatting, ReadsCharacterWords) {
+  CheckBodies({
+      {"size and spacing out of range",
+       Document("\\fs0 a\\fs-3 b\\fs5000 c\\fs d\\expndtw41 e\\expndtw40 f\\expndtw-10 g\\expndtw-9 "
+                "h\\expnd2 i\\expnd9 j\\expndtw0\\up k\\dn l\\dn40 m\\dn-5 n\\up31 o"),
+       "\\pard\\f0\\fs24 ab\\fs3276 c\\fs24 de\\expndtw40 f\\expndtw0 g\\expndtw-9 h\\expndtw10 i\\expndtw0 "
+       "j\\up6 k\\dn6 l\\dn31 m\\up5 n\\up31 o"},
+      {"fonts and sizes of each script",
+       Document("\\loch\\f0\\hich\\f1\\dbch\\f2\\loch a\\dbch b\\af1 c\\loch d\\rtlch e\\af1 f\\afs30 g\\ai "
+                "h\\ab\\ai0 i\\ltrch j"),
+       "\\pard\\f1\\fs24 ab\\f0 c\\f1 de\\f0 f\\fs30 g\\i h\\b\\i0 i\\b0\\f1\\fs24 j"},
+      {"a right-to-left font that is not named, and bold of the other script",
+       Document("\\b\\i\\rtlch\\ab0 a\\ltrch b\\rtlch\\afs28 c\\fs40 d"),
+       "\\pard\\f0\\fs24 a\\b\\i b\\b0\\i0\\fs28 cd"},
+      {"raised and lowered ends",
+       Document("\\super a\\super0 b\\sub c\\sub0 d\\sub e\\super f\\nosupersub g"),
+       "\\pard\\super\\f0\\fs24 a\\nosupersub b\\sub c\\nosupersub d\\sub e\\super f\\nosupersub g"},
+      {"toggles off",
+       Document("\\i\\ul\\strike\\caps\\deleted a\\i0\\ul0 b\\strike0\\caps0 c\\deleted0 d\\striked1 "
+                "e\\striked0\\v h\\v0 i"),
+       "\\pard\\ul\\i\\strike\\f0\\fs24 A\\ulnone\\i0 Bc\\strike0 d\\strike e\\strike0 i"},
+      {"background and highlight",
+       Document("\\cb1 a\\highlight2 b\\highlight0 c\\cb0 d\\cb9 e\\cf-1 f\\chcbpat3\\cb0 g"),
+       "\\pard\\highlight1\\f0\\fs24 a\\highlight2 b\\highlight1 c\\highlight0 defg"},
+      {"a white background is none",
+       "{\\rtf1{\\fonttbl{\\f0 "
+       "A;}}{\\colortbl;\\red255\\green255\\blue255;\\red255\\green255\\blue254;}\\cb1 a\\cb2 b\\highlight1 "
+       "c\\highlight0\\chcbpat1 d}",
+       "\\pard\\f0\\fs24 a\\highlight2 b\\highlight1 c\\highlight0 d"},
+      {"languages",
+       "{\\rtf1\\ansi\\deflang1031{\\fonttbl{\\f0 A;}}a\\lang1036\\b b\\lang1031\\b0 c\\lang65536\\i "
+       "d\\lang65535 e\\ul f\\lang0\\b g\\lang-1 h\\strike\\lang1033 i\\lang1034 j}",
+       "\\pard\\f0\\fs24 a\\lang1036\\b b\\lang1031\\b0 c\\i de\\lang65535\\ul f\\lang1031\\b "
+       "gh\\lang1033\\strike ij"},
+      {"a document of the control keeps languages as they are",
+       "{\\rtf1\\ansi\\deflang1031{\\fonttbl{\\f0 A;}}\\viewkind4\\uc1\\pard a\\lang1036 b\\lang1031 c}",
+       "\\pard\\f0\\fs24 a\\lang1036 b\\lang1031 c"},
+      {"structure characters of the control keep their formats",
+       "{\\rtf1\\ansi{\\fonttbl{\\f0 A;}}\\viewkind4\\uc1\\pard a\\fs40\\line\\fs24 b}",
+       "\\pard\\f0\\fs24 a\\fs40\\line\\fs24 b"},
+      {"and those of others take that of the text",
+       Document("\\b\\highlight1\\up5\\cf1 a\\b0\\highlight0\\up0\\cf2\\f1\\fs30\\line b\\i\\par "
+                "c\\i0\\highlight2\\up9 d\\highlight1\\up3\\line e"),
+       "\\pard\\cf1\\highlight1\\b\\up5\\f0\\fs24 a\\highlight0\\b0\\up0\\line\\cf2\\f1\\fs30 b\r\n\\par \\i "
+       "c\\highlight2\\i0\\up9 d\\line\\highlight1\\up3 e"},
+  });
+}
+
+TEST(Formatting, ReadsParagraphWords) {
+  CheckBodies({
+      {"measures out of range", Document("\\pard\\li40000\\fi-40000\\ri31680\\sb-31681\\sa1 x"),
+       "\\pard\\li31680\\fi-31680\\ri31680\\sb-31680\\sa1\\f0\\fs24 x"},
+      {"line spacing without a measure",
+       Document("\\pard\\sl0\\slmult1 a\\par\\pard\\sl240\\slmult1\\sl0 b\\par\\pard\\sl240\\slmult2 "
+                "c\\par\\pard\\slmult1\\sl240 d\\par\\pard\\sl-240\\slmult1 e\\par\\slmult0 f"),
+       "\\pard\\f0\\fs24 a\r\n\\par b\r\n\\par \\pard\\sl240\\slmult0 c\r\n\\par d\r\n\\par "
+       "\\pard\\sl-240\\slmult1 e\r\n\\par \\pard\\sl-240\\slmult0 f"},
+      {"alignments",
+       Document("\\pard\\qj a\\par\\qr b\\par\\ql c\\par\\qd d\\par\\keep0\\keepn0\\ql e\\par\\keep\\keepn1 "
+                "f\\par\\keep0 g"),
+       "\\pard\\qj\\f0\\fs24 a\r\n\\par \\pard\\qr b\r\n\\par \\pard c\r\n\\par \\pard\\qj d\r\n\\par \\pard "
+       "e\r\n\\par \\pard\\keep\\keepn f\r\n\\par \\pard\\keepn g"},
+      {"tab stops of each kind",
+       Document("\\pard\\tqc\\tx100\\tqr\\tx200\\tqdec\\tx300\\tx400\\tqc\\tx40000 "
+                "a\\par\\pard\\tqc\\tx100\\tqr\\tx200\\tqdec\\tx300\\tx400\\tqc\\tx40000 "
+                "b\\par\\pard\\tqc\\tx100\\tqr\\tx200 c"),
+       "\\pard\\tqc\\tx100\\tqr\\tx200\\tqdec\\tx300\\tx400\\tqc\\tx31680\\f0\\fs24 a\r\n\\par b\r\n\\par "
+       "\\pard\\tqc\\tx100\\tqr\\tx200 c"},
+      {"more tab stops than there are",
+       Document("\\pard\\tx10\\tx20\\tx30\\tx40\\tx50\\tx60\\tx70\\tx80\\tx90\\tx100\\tx110\\tx120\\tx130\\tx"
+                "140\\tx150\\tx160\\tx170\\tx180\\tx190\\tx200\\tx210\\tx220\\tx230\\tx240\\tx250\\tx260\\tx2"
+                "70\\tx280\\tx290\\tx300\\tx310\\tx320\\tx330\\tx340x"),
+       "\\pard\\tx10\\tx20\\tx30\\tx40\\tx50\\tx60\\tx70\\tx80\\tx90\\tx100\\tx110\\tx120\\tx130\\tx140\\tx15"
+       "0\\tx160\\tx170\\tx180\\tx190\\tx200\\tx210\\tx220\\tx230\\tx240\\tx250\\tx260\\tx270\\tx280\\tx290\\"
+       "tx300\\tx310\\tx320\\f0\\fs24 x"},
+      {"a row's words in the paragraphs",
+       Document("\\trowd\\cellx9\\intbl a\\cell\\row\\intbl0 b\\par\\pard\\itap0 c\\par\\itap1 "
+                "d\\cell\\row\\pard e"),
+       "\\trowd\\cellx9\\pard\\intbl\\f0\\fs24 a\\cell\\row\r\n\\pard b\r\n\\par c\r\n\\par "
+       "\\trowd\\cellx9\\pard\\intbl d\\cell\\row\r\n\\pard e"},
+      {"reading direction in a document that has none",
+       Document("\\pard\\rtlpar a\\par\\ltrpar b\\par\\pard c"),
+       "\\pard\\rtlpar\\f0\\fs24 a\r\n\\par \\pard b\r\n\\par c"},
+      {"styles",
+       Document("{\\stylesheet{\\b Normal;}{\\s1\\qc\\i Title;}{\\s2\\li5\\b\\cf1\\rtlpar "
+                "Body;}{\\*\\cs3\\ul Emph;}{\\s-4\\strike X;}}\\pard a\\par\\pard\\s1 b\\par\\pard\\s2 c{\\i "
+                "d}\\par\\pard\\s3 e\\par\\pard\\s-4 f\\par\\pard\\s2\\qr g\\par\\pard\\s2\\ls5 h"),
+       "\\pard\\f0\\fs24 a\r\n\\par \\pard\\qc\\i b\r\n\\par \\pard\\li5\\cf1\\b\\i0 c\\cf0\\b0\\i d\\i0 "
+       "\r\n\\par \\pard e\r\n\\par f\r\n\\par \\pard\\qr\\cf1\\b g\r\n\\par \\pard\\li5 h"},
+  });
+}
+
 }  // namespace
 }  // namespace quillary::platform
