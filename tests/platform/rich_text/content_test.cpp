@@ -271,7 +271,7 @@ TEST(Content, ReadsOtherGroupsAndSymbols) {
                 "}}i{\\*\\x\\bold{j}\\}}k"),
        "acefhik"},
       {"numbers of words", Document("{\\b-0 a\\b- b\\fs-c\\li--5 d}"), "a- b-c--5 d"},
-      {"control characters", "{\\rtf1 a\001b\011c\u007fd\r\nef\\\011}", "ab\011cdef\011"},
+      {"control characters", "{\\rtf1 a\001b\011c\177d\r\nef\\\011}", "ab\011cdef\011"},
   });
 }
 

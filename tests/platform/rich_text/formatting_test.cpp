@@ -175,5 +175,64 @@ TEST(Formatting, ReadsParagraphWords) {
   });
 }
 
+TEST(Formatting, DecodesBytesThatComeInPieces) {
+  const std::string utf8 = "{\\rtf1\\ansi\\ansicpg65001{\\fonttbl{\\f0\\fcharset1 A;}}";
+  const std::string japanese =
+      "{\\rtf1\\ansi\\ansicpg932{\\fonttbl{\\f0\\fcharset128 A;}{\\f1\\fcharset0 B;}{\\f2\\fcharset2 "
+      "Symbol;}}";
+  CheckBodies({
+      {"each format takes the bytes in front of it",
+       utf8 + "\\'80\\b a\\'e9\\b0 b\\'c3\\b\\'a9 c\\'80\\'80\\'80\\'80\\b0 d\\'c3\\i e\\'bf\\i0 f}",
+       "\\pard\\f0\\fs24 \\u65533?\\b a\\b0 \\u65533?b\\b \\'e9 c\\u65533?\\u65533?\\u65533?\\u65533?\\b0 "
+       "d\\i \\u65533?e\\u65533?\\i0 f\\lang1033 "},
+      {"bytes that never end, in front of what ends a paragraph",
+       japanese + "\\'83\\par\\'83\\\n\\'83\\page\\'83\\row a{\\'83}\\'83{b}\\'83{\\*\\x c}\\'83{\\info d}}",
+       "\\pard\\fs24 \\u12539?\r\n\\par \\u12539?\r\n\\par \\u12539?\r\n\\par \\trowd\\pard\\intbl "
+       "\\u12539?\\lang1033 \\cell\\row\r\n\\pard a\\u12515?b\\lang1033 "},
+      {"capitals and symbols",
+       Document("\\caps a\\'e9\\u945?\\u955?\\'df{\\f2 a\\'b7\\u97?\\u255?\\u256?}\\caps0 a"),
+       "\\pard\\f0\\fs24 A\\'c9\\u913?\\u923?\\'df\\f1 a\\'b7a\\'ff\\u256?\\f0 a\\lang1033 "},
+  });
+  CheckTexts({
+      {"UTF-8 in pieces",
+       utf8 + "\\'f0{\\'9f}\\'98{}\\'80\\'c2{\\'a0}\\'df{\\'bf}\\'e0{\\'a4}{\\'85}\\'ef{\\'bf}\\'a1\\'f4{\\'"
+              "8f\\'bf}\\'bd}",
+       "😀\u00a0߿अ￡\U0010fffd"},
+      {"damaged UTF-8",
+       utf8 + "a\\'c3b\\'e2\\'82c\\'80d\\'c1{\\'81}e\\'f5{\\'80}\\'f0\\'9f\\'98f\\'80\\'80\\'80\\'80g\\'c3}",
+       "a\ufffdb\ufffdc\ufffdd\ufffd\ufffde\ufffd\ufffd\ufffdf\ufffd\ufffd\ufffd\ufffdg\ufffd"},
+      {"second bytes that are written as they are",
+       japanese + "\\'83@\\'83~\\'83?\\'83\177\\'83A\\'41\\'83\\'5c\\f1\\'83A\\f0\\'b1A\\'83\\'40\\'83{A}"
+                  "\\'83\\b A}",
+       "ァミ・?ャAAソƒAｱAァアア"},
+      {"bytes of several fonts",
+       japanese + "\\'83\\f1\\'83\\'e9\\f0\\'83\\f2\\'83\\'1f\\'20\\'b7\\f0\\'83\\u945?A\\'83\\emdash\\'"
+                  "83\\tab\\'83\\line\\'83\\~\\'83\\cell}",
+       "・ƒéƒ •ャαA・—・\011・\r\n\u00a0ャ\r\n"},
+      {"fallbacks",
+       Document("\\uc3\\u945 a\\'e9\\~bc\\u945\\{\\tab d e\\u945 {f}g\\u945 ab\\\r\ncd\\uc0\\u945 "
+                "h\\uc-1\\u945 i\\uc300\\u945 j{}k\\uc1\\u945\\emdash "
+                "l\\u945\\'e9\\u945\011m\\u945\200n\\u945\\bin2 }}o\\u945\\-p\\u945\\:q"),
+       "αbcα eαfgα\r\ndαhαiαkαlααmαnαoαpαq"},
+      {"words that leave the fallback to come",
+       Document("\\u945\\ansicpg0 ?\\u945\\mac ?\\u945\\pc ?\\u945\\pca ?\\u945\\deff0 ?\\u945\\deflang1033 "
+                "?\\u945\\fbidis ?\\u945\\viewkind4 ?\\u945\\uc1 ?\\u945\\htmlrtf0 ?\\u945\\shp ?"),
+       "ααααααααααα"},
+      {"and words that do not",
+       Document("\\u945\\b ?\\u945\\qc ?\\u945\\pard ?\\u945\\cellx5 ?\\u945\\unknown ?\\u945\\chftn "
+                "?\\u945\\par ?"),
+       "α?α?α?α?α?αα\r\n?"},
+      {"numbers of characters",
+       Document("\\u-1?\\u-32768?\\u-32769?\\u-65536?\\u-65537?\\u0?\\u31?\\u9?\\u65535?\\u65536?\\u1114112?"
+                "\\u-65527?"),
+       "\uffff耀翿\011\uffff𐀀\011"},
+      {"named characters",
+       Document("\\emdash\\endash\\emspace\\enspace\\qmspace\\bullet\\lquote\\rquote\\ldblquote\\rdblquote\\z"
+                "wj\\zwnj\\ltrmark\\rtlmark\\tab a"),
+       "—–\u2003\u2002\u2005•‘’“”\u200d\u200c\u200e\u200f\011a"},
+      {"hidden text", Document("a{\\v b\\tab\\line\\'e9\\u945?\\emdash\\par c}{\\v\\cell d}e"), "a\r\n\r\ne"},
+  });
+}
+
 }  // namespace
 }  // namespace quillary::platform
