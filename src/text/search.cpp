@@ -79,7 +79,6 @@ Finder::Anchor Finder::MakeAnchor(TextView find, std::size_t offset, Compare mod
   anchor.variants = FoldVariants(unit);
   anchor.simple = std::all_of(anchor.variants.begin(), anchor.variants.end(),
                               [&](char16_t variant) { return variant == anchor.variants[0]; });
-  anchor.unit = anchor.variants[0];
   return anchor;
 }
 

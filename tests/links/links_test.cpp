@@ -167,9 +167,9 @@ TEST(ScanLinks, AgreesWithItsReferenceImplementationOnOtherLists) {
     if (!space_ends) state.LinkPrefixes.Set(2, u"ww");
     state.LinkDelimiters.Size(6);
     state.LinkDelimiters.Set(1, space_ends ? u" " : u"]");
-    state.LinkDelimiters.Set(2, u"&gt;");
+    state.LinkDelimiters.Set(2, space_ends ? u"&gt;" : u"]]");
     for (std::int32_t i = 3; i <= 6; ++i) state.LinkDelimiters.Set(i, u"|");
-    Pages pages(Split(u"w w.¶ww¶ ¶&lt;file://¶&lt;¶&gt;¶&gt; ¶|¶]¶abc¶.¶ &lt;t&gt; "), 3);
+    Pages pages(Split(u"w w.¶ww¶ ¶&lt;file://¶&lt;¶&gt;¶&gt; ¶|¶]¶abc¶.¶ &lt;t&gt; ¶ww x &lt;t&gt; "), 3);
     for (int i = 0; i < 3000 && !HasFatalFailure(); ++i) {
       ExpectSameScan(links::ScanLinks, links_reference::ScanLinks, state, pages.Next());
     }

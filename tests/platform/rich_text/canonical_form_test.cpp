@@ -89,6 +89,67 @@ TEST(CanonicalForm, NumbersFontsAndColoursForThePage) {
   EXPECT_EQ(Canonical(Canonical(many)), Canonical(many));
 }
 
+/// Documents of so many colours, each of them on one character.
+std::string Colours(int count, int highlights, std::string_view between = "") {
+  std::string rtf = "{\\rtf1{\\fonttbl{\\f0 A;}}{\\colortbl;";
+  for (int i = 1; i <= count; ++i) {
+    rtf += "\\red" + std::to_string(i % 256) + "\\green" + std::to_string(i / 256) + "\\blue0;";
+  }
+  rtf += "}\\viewkind4\\uc1\\pard";
+  for (int i = 1; i <= count; ++i) {
+    rtf += i <= highlights ? "\\highlight" : "\\cf";
+    rtf += std::to_string(i) + " x" + std::string(between);
+  }
+  return rtf + "\r\n\\par }";
+}
+
+/// The numbers of colours in their order.
+std::string Numbers(std::string_view rtf) {
+  const std::string body = Body(rtf);
+  std::string numbers;
+  for (std::size_t at = 0; at < body.size(); ++at) {
+    for (const std::string_view word : {"\\cf", "\\highlight"}) {
+      if (std::string_view(body).substr(at).starts_with(word)) {
+        at += word.size();
+        numbers +=
+            (numbers.empty() ? "" : " ") + body.substr(at, body.find_first_not_of("0123456789", at) - at);
+      }
+    }
+  }
+  return numbers;
+}
+
+TEST(CanonicalForm, NumbersColoursSoThatNoneBeginsAnother) {
+  EXPECT_EQ(Numbers(Colours(9, 0)), "1 2 3 4 5 6 7 8 9");
+  EXPECT_EQ(Numbers(Colours(10, 0)), "2 3 4 5 6 7 8 9 10 11");
+  EXPECT_EQ(Numbers(Colours(10, 1)), "1 2 3 4 5 6 7 8 9 10") << "no highlight is taken for a colour";
+  EXPECT_EQ(Numbers(Colours(18, 0)), "2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19");
+  EXPECT_TRUE(Numbers(Colours(19, 0)).starts_with("3 4 5 6 7 8 9 10 11 12 "));
+  EXPECT_TRUE(Numbers(Colours(27, 0)).ends_with(" 28 29"));
+  EXPECT_TRUE(Numbers(Colours(28, 0)).starts_with("4 5 6 7 8 9 10 "));
+  EXPECT_TRUE(Numbers(Colours(90, 0)).starts_with("10 11 "));
+  EXPECT_TRUE(Numbers(Colours(90, 0)).ends_with(" 98 99"));
+  EXPECT_TRUE(Numbers(Colours(91, 2)).starts_with("1 2 100 101 "));
+  EXPECT_TRUE(Numbers(Colours(91, 11)).starts_with("1 2 3 4 5 6 7 8 9 100 101 102 "));
+  // More of them than the table has.
+  EXPECT_TRUE(Numbers(Colours(301, 0)).ends_with(" 398 399 0"));
+  // Where they never stand in one stretch of paragraphs, they keep their order.
+  EXPECT_EQ(Numbers(Colours(11, 0, "\\par\\pard\\qc\\cf0 y\\par\\pard")),
+            "1 0 2 0 3 0 4 0 5 0 6 0 7 0 8 0 9 0 10 0 11 0");
+  EXPECT_EQ(Numbers(Colours(11, 0, "\\par ")), "2 3 4 5 6 7 8 9 10 11 12");
+  EXPECT_TRUE(Numbers(Colours(11, 10, "\\par\\pard\\qc\\cf0 y\\par\\pard")).starts_with("2 "));
+}
+
+TEST(CanonicalForm, HasNoMoreFontsThanTheTable) {
+  std::string rtf = "{\\rtf1{\\fonttbl";
+  for (int i = 0; i < 151; ++i) rtf += "{\\f" + std::to_string(i) + " F" + std::to_string(i) + ";}";
+  rtf += "}";
+  for (int i = 0; i < 151; ++i) rtf += "\\f" + std::to_string(i) + " x";
+  rtf += "}";
+  EXPECT_TRUE(Header(rtf).ends_with("{\\f149\\fnil F149;}}\r\n"));
+  EXPECT_TRUE(Body(rtf).ends_with("\\f149 x\\f0 x"));
+}
+
 TEST(CanonicalForm, SeparatesOpeningStructureFromWords) {
   CheckBodies({
       {"an empty cell after paragraph words",

@@ -157,6 +157,31 @@ TEST(DocumentHeader, NamesFontsOfTheFarEastInLatinLetters) {
   }
 }
 
+TEST(DocumentHeader, HoldsSoManyFontsAndColours) {
+  std::string rtf = "{\\rtf1{\\fonttbl";
+  for (int i = 0; i <= 65535; ++i) rtf += "\\f" + std::to_string(i) + " F" + std::to_string(i) + ";";
+  rtf += "}{\\colortbl;";
+  for (int i = 1; i <= 65536; ++i) {
+    rtf += "\\red" + std::to_string(i % 256) + "\\green" + std::to_string(i / 256 % 256) + "\\blue" +
+           std::to_string(i / 65536) + ";";
+  }
+  rtf += "}\\f65533\\cf65534 a\\f65534\\cf65535 b\\f65535\\cf65536 c}";
+  EXPECT_EQ(Header(rtf),
+            "{\\rtf1\\ansi\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil F0;}{\\f1\\fnil F65533;}}\r\n"
+            "{\\colortbl ;\\red254\\green255\\blue0;}\r\n");
+  EXPECT_EQ(Body(rtf), "\\pard\\cf1\\f1\\fs24 a\\cf0\\f0 bc");
+}
+
+TEST(DocumentHeader, CutsNames) {
+  const auto name = [](const std::string& own) {
+    const std::string header = Header("{\\rtf1{\\fonttbl{\\f0" + own + "}}x}");
+    return header.substr(header.rfind(' ') + 1);
+  };
+  EXPECT_EQ(name(" abcdefghijklmnopqrstuvwxyzabcd efg;"), "abcdefghijklmnopqrstuvwxyzabcd;}}\r\n")
+      << "and trims";
+  EXPECT_EQ(name(" abc}{\\f1 def;"), "abc;}}\r\n") << "an entry ends where the next begins";
+}
+
 TEST(DocumentHeader, ReadsColours) {
   CheckBodies({
       {"colours",

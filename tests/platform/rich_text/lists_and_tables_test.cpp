@@ -220,6 +220,10 @@ TEST(ListsAndTables, ReadsLabelsAndLevels) {
        "32767\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart32767\\pndec}\r\nh\r\n\\par "
        "\\pard{\\pntext\\f0 1\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec}\r\ni\r\n\\par "
        "\\pard j"},
+      {"affixes are cut and trimmed", Document("{\\*\\pn\\pnlvlbody{\\pntxtb  ((((((((((}{\\pntxta  ) }}a"),
+       "\\pard{\\pntext\\f0 "
+       "((((((((1)\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb((((((((}{\\pntxta)}}"
+       "\r\n\\f0\\fs24 a"},
       {"fonts and indents of bullets",
        Document("{\\*\\pn\\pnlvlblt\\pnf1\\pnindent40000{\\pntxtb *}{\\pntxta "
                 "x}}a\\par\\pard{\\*\\pn\\pnlvlblt\\pnf3\\pnstart4}b\\par\\pard{\\*"
