@@ -275,5 +275,40 @@ TEST(Content, ReadsOtherGroupsAndSymbols) {
   });
 }
 
+TEST(Content, ReadsTextBoxesAndEnds) {
+  const std::string two = "\\trowd\\cellx100\\cellx200";
+  const std::string bullets = "{\\*\\pn\\pnlvlblt\\pnf2{\\pntxtb\\'B7}}";
+  const std::string shape = "{\\shp{\\*\\shpinst{\\shptxt ";
+  CheckBodies({
+      {"a text box has its own formats",
+       Document("\\qc\\b\\ul a" + shape + "b\\par\\qr\\i c}}}d\\par" + bullets + "e" + shape + "f}}}g"),
+       "\\pard\\qc\\ul\\b\\f0\\fs24 a\r\n\\par \\pard\\ulnone\\b0 b\r\n\\par \\pard\\qr\\i c\\ul\\b\\i0 "
+       "\r\n\\par \\pard\\qc d\r\n\\par "
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\qc e\r\n\\par "
+       "\\pard\\ulnone\\b0 f\\ul\\b \r\n\\par "
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\qc g"},
+      {"a text box at the start of a paragraph",
+       Document(shape + "a}}}" + shape + "b\\par}}}c\\par" + shape + "}}}d"),
+       "\\pard\\f0\\fs24 a\r\n\\par b\r\n\\par c\r\n\\par d"},
+      {"text boxes where a row is open, or only its words stand",
+       Document(two + shape + "a}}}\\intbl b\\cell\\row\\pard\\intbl" + shape + "c}}}d\\cell\\row\\pard"),
+       two + "\\pard\\intbl\\f0\\fs24 a\\line b\\cell\\row\r\n\\intbl c\\line d\\cell\\row\r\n\\pard "},
+      {"a text box around the end of a footnote", Document("a{\\footnote" + shape + "b\\par}}}}c"),
+       "\\pard\\f0\\fs24 a [\\line b \\line ]c"},
+      {"items and rows at the end", Document("a\\par" + bullets + "b\\par"),
+       "\\pard\\f0\\fs24 a\r\n\\par "
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}b"},
+      {"an item without its end", Document("a\\par" + bullets + "b"),
+       "\\pard\\f0\\fs24 a\r\n\\par "
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}b"},
+      {"an item of a cell without its end", Document(two + "\\intbl" + bullets + "b"),
+       "\\pard\\f0\\fs24 \\bullet  b"},
+      {"an html entity",
+       Document("{\\fromhtml a}{\\*\\htmltag &amp;}{\\htmlrtf &}{\\*\\htmltag x}{\\htmlrtf b}\\htmlrtf  "
+                "\\htmlrtf0  c\\tab\\htmlrtf  \\htmlrtf0 d"),
+       "\\pard\\f0\\fs24 a&  c\\tab d"},
+  });
+}
+
 }  // namespace
 }  // namespace quillary::platform
