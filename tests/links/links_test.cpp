@@ -163,8 +163,8 @@ TEST(ScanLinks, AgreesWithItsReferenceImplementationOnOtherLists) {
   for (const bool space_ends : {true, false}) {
     RtfToHtmlState state;
     links::LoadBracketPrefixes(state);
-    state.LinkPrefixes.Set(2, u"w w.");
-    if (!space_ends) state.LinkPrefixes.Set(2, u"ww");
+    state.LinkPrefixes.Set(3, u"w w.");
+    if (!space_ends) state.LinkPrefixes.Set(3, u"ww");
     state.LinkDelimiters.Size(6);
     state.LinkDelimiters.Set(1, space_ends ? u" " : u"]");
     state.LinkDelimiters.Set(2, space_ends ? u"&gt;" : u"]]");
