@@ -138,7 +138,6 @@ void DocumentBuilder::Finish(const ParagraphEnd& paragraph, std::uint32_t format
       EndRow(paragraph, LastFormat());
     }
   }
-  row_.reset();
   const bool ends_in_row =
       !document_.paragraphs.empty() && document_.formats[document_.paragraphs.back().format].row != 0;
   if (document_.paragraphs.empty() || ends_in_row || !ParagraphIsEmpty()) {
