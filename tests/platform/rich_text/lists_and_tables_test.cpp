@@ -338,6 +338,15 @@ TEST(ListsAndTables, EndsRowsThatDoNot) {
       {"without a definition", Document("a\\cell b\\par c\\cell\\row"),
        "\\trowd\\pard\\intbl\\f0\\fs24 a\\cell b\\line c\\cell\\row\r\n\\pard "},
       {"without a cell", Document(two + "\\intbl a\\par b\\par"), "\\pard\\f0\\fs24 a\r\n\\par b"},
+      {"formats in the text after a row that is not ended",
+       Document(two + "\\intbl\\ul a\\cell\\pard b\\b c\\i d\\par e"),
+       two + "\\pard\\intbl\\ul\\f0\\fs24 a\\ulnone\\cell\\row\r\n\\pard\\ul b\\b c\\i d\r\n\\par e"},
+      {"and at the end", Document(two + "\\intbl a\\cell{\\i b}\\par c\\cell\\pard d\\b e\\b0 f"),
+       two + "\\pard\\intbl\\f0\\fs24 a\\cell\\i b\\i0\\line c\\cell\\row\r\n\\pard d\\b e\\b0 f"},
+      {"after a row whose last cell has text",
+       Document(two + "\\intbl a\\cell\\b b\\i c\\par\\pard d\\i0 e\\b0 f\\par g"),
+       two + "\\pard\\intbl\\f0\\fs24 a\\cell\\b b\\i c\\line\\b0\\i0\\cell\\row\r\n\\pard\\b\\i d\\i0 e\\b0 "
+             "f\r\n\\par g"},
       {"a definition in front of text that is no cell",
        Document(two + "\\intbl a\\cell b\\cell\\row" + two +
                 "\\pard c\\par d\\par\\intbl e\\cell\\row\\pard f"),
