@@ -52,7 +52,7 @@ def changes(lines, at, rng):
         if end and not re.search(";| = ", code[match.end() : end]):
             add("negated condition", match.end(), end, "!(" + line[match.end() : end] + ")")
     # A text is reserved room for speed only.
-    if (CALL.match(code) or ASSIGNMENT.match(code)) and ".reserve(" not in code:
+    if (CALL.match(code) or ASSIGNMENT.match(code)) and ".reserve(" not in code.lower():
         if at > 0 and (WHOLE_LINE.search(lines[at - 1]) or lines[at - 1].endswith(")")):
             indent = len(line) - len(line.lstrip())
             add("dropped statement", indent, len(line), ";")
