@@ -209,6 +209,10 @@ TEST(Formatting, DecodesBytesThatComeInPieces) {
        japanese + "\\'83\\f1\\'83\\'e9\\f0\\'83\\f2\\'83\\'1f\\'20\\'b7\\f0\\'83\\u945?A\\'83\\emdash\\'"
                   "83\\tab\\'83\\line\\'83\\~\\'83\\cell}",
        "・ƒéƒ •ャαA・—・\011・\r\n\u00a0ャ\r\n"},
+      {"bytes of a label that never end",
+       japanese + "{\\pntext 1\\'83}a\\par{\\field{\\*\\fldinst HYPERLINK \"http://\\'83}{\\fldrslt "
+                  "b}}{\\*\\pn\\pnlvlbody{\\pntxta\\'83}}c}",
+       "1・\011a\r\n1・\011b <http://・>c"},
       {"fallbacks",
        Document("\\uc3\\u945 a\\'e9\\~bc\\u945\\{\\tab d e\\u945 {f}g\\u945 ab\\\r\ncd\\uc0\\u945 "
                 "h\\uc-1\\u945 i\\uc300\\u945 j{}k\\uc1\\u945\\emdash "
