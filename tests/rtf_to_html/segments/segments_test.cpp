@@ -360,6 +360,16 @@ TEST(TranslateSegment, StopsAtTheLimitOfGrowth) {
       LimitReached);
 }
 
+TEST(TranslateSegment, PutsTheRestAroundALongBody) {
+  Apartment apartment = Document();
+  apartment.rtf_to_html.LongSegments = 5;
+  apartment.rtf_to_html.HtmlOut.Assign(u"page");
+  const Text text(70000, u'x');
+  Translate(apartment, {u"plain\\i " + text});
+  EXPECT_TRUE(apartment.rtf_to_html.HtmlOut.text() ==
+              u"page<i><font FACE=\"Arial\" >" + text + u"</font></i></i>");
+}
+
 TEST(TranslateSegment, LivesThroughAnySegment) {
   Apartment apartment = Document();
   apartment.rtf_to_html.LongSegments = INT16_MAX;
