@@ -36,14 +36,9 @@ void RemoveMsfteditGenerators(Text& text) {
 // Runs the rules that bring the text of all known writers to one dialect.
 void BringToOneDialect(Apartment& apartment, Text& text) {
   rules::Rewriting rewriting = StartRewriting(apartment, std::move(text));
-  try {
-    rules::Run(chains::RewriteChainBullets, rewriting);
-    rules::Run(chains::RewriteChainHeadings, rewriting);
-    rules::Run(chains::BulletOpenerSeparation, rewriting);
-  } catch (const Failure&) {
-    text = rewriting.Take();
-    throw;
-  }
+  rules::Run(chains::RewriteChainBullets, rewriting);
+  rules::Run(chains::RewriteChainHeadings, rewriting);
+  rules::Run(chains::BulletOpenerSeparation, rewriting);
   text = rewriting.Take();
 }
 
