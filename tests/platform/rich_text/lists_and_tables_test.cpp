@@ -220,6 +220,11 @@ TEST(ListsAndTables, ReadsLabelsAndLevels) {
        "32767\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart32767\\pndec}\r\nh\r\n\\par "
        "\\pard{\\pntext\\f0 1\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec}\r\ni\r\n\\par "
        "\\pard j"},
+      {"tildes and spaces in labels", Document("{\\pntext ~1 ~\\tab}a\\par{\\pntext [\\'7f2] \\'80\\tab}b"),
+       "\\pard{\\pntext\\f0 ~1 ~\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb "
+       "~}{\\pntxta ~}}\r\n\\f0\\fs24 a\r\n\\par \\pard{\\pntext\\f0 [\\u127?2] "
+       "\\u8364?\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb [\\u127?}{\\pntxta ] "
+       "\\u8364?}}\r\nb\\lang1033 "},
       {"affixes are cut and trimmed", Document("{\\*\\pn\\pnlvlbody{\\pntxtb  ((((((((((}{\\pntxta  ) }}a"),
        "\\pard{\\pntext\\f0 "
        "((((((((1)\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb((((((((}{\\pntxta)}}"
