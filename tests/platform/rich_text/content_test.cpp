@@ -230,6 +230,13 @@ TEST(Content, ReadsPicturesAndObjects) {
        "\r\n010202020202020202020202020202020202020202020202020202020202020202020202020202\r\n0202\r\n}{"
        "\\result " +
            canonical + "}}" + canonical + canonical + canonical + "a" + canonical + "b"},
+      {"an object whose class comes last",
+       Document(
+           "{\\object\\objemb{\\*\\objdata 0105}{\\*\\objclass A}{\\result{\\pict\\pngblip "
+           "89}}}{\\object\\objemb{\\*\\objclass {B}C}{\\*\\objdata {01}05}{\\result{\\pict\\pngblip 89}}}"),
+       "\\pard\\f0\\fs24{\\object\\objemb{\\*\\objclass A}{\\*\\objdata \r\n0105\r\n}{\\result "
+       "{\\pict\\pngblip \r\n89\r\n}}}{\\object\\objemb{\\*\\objclass BC}{\\*\\objdata "
+       "\r\n0105\r\n}{\\result {\\pict\\pngblip \r\n89\r\n}}}"},
       {"parts of objects outside of them",
        Document("\\objemb\\objw5\\objh6{\\*\\objclass A}{\\*\\objdata 01}{\\result a}{\\object b{\\result "
                 "c}}d{\\info{\\object{\\result e}}}"),
