@@ -257,6 +257,11 @@ TEST(Content, ReadsOtherGroupsAndSymbols) {
        Document("{\\*\\moMath{\\*\\moMathPr x}{\\mr{\\mrPr{\\i a}}b}{\\moMathPara{\\*\\mfPr c}d}}{\\mfPr "
                 "e}{\\*\\xPr f}"),
        "bde"},
+      {"pictures have no text",
+       Document("a{\\pict\\pngblip 89}b\\trowd\\cellx9\\intbl{\\pict\\pngblip 89}\\cell "
+                "c\\line\\cell\\row\\pard d"),
+       "ab\r\n\011c\r\n\r\nd"},
+      {"the end of a group ends a fallback", Document("{\\u945}?{\\uc2\\u946 x}yz{\\*\\x\\u947}?"), "α?βyz?"},
       {"a page in mail",
        "{\\rtf1\\fromhtml1 {\\*\\htmltag4 <p>}\\htmlrtf a\\htmlrtf0 b\\htmlrtf1  \\htmlrtf0 c {\\htmlrtf  "
        "}d\\htmlrtf  e\\htmlrtf0 {\\*\\htmltag84 &lt;}\\htmlrtf <\\htmlrtf0 f{\\*\\htmltag84 <b>}\\htmlrtf "
