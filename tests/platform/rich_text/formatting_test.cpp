@@ -166,6 +166,9 @@ TEST(Formatting, ReadsParagraphWords) {
       {"reading direction in a document that has none",
        Document("\\pard\\rtlpar a\\par\\ltrpar b\\par\\pard c"),
        "\\pard\\rtlpar\\f0\\fs24 a\r\n\\par \\pard b\r\n\\par c"},
+      {"a style has nothing of what stands around the table",
+       Document("\\b\\qc\\i{\\stylesheet\\ul{\\s1\\cf1 T;}}\\plain\\pard\\s1 x\\b0\\par\\pard\\plain y"),
+       "\\pard\\cf1\\f0\\fs24 x\r\n\\par \\cf0 y"},
       {"styles",
        Document("{\\stylesheet{\\b Normal;}{\\s1\\qc\\i Title;}{\\s2\\li5\\b\\cf1\\rtlpar "
                 "Body;}{\\*\\cs3\\ul Emph;}{\\s-4\\strike X;}}\\pard a\\par\\pard\\s1 b\\par\\pard\\s2 c{\\i "

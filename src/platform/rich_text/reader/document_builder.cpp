@@ -96,7 +96,7 @@ void DocumentBuilder::PutRow() {
   document_.paragraphs.resize(row_->first_paragraph);
   const auto begin = document_.text.begin() + static_cast<std::ptrdiff_t>(row_->begin);
   std::replace(begin, document_.text.end(), structure::kParagraph, structure::kLine);
-  ParagraphEnd end{.format = row_->format.value_or(ParagraphFormat{}), .in_table = true};
+  ParagraphEnd end{.format = row_->format.value_or(ParagraphFormat{})};
   end.format.row = document_.RowId(row_words_.Words());
   end.format.list = 0;
   PutParagraph(end);
