@@ -44,9 +44,7 @@ struct CellText {
     upper.insert(0, ToUpper(piece));
   }
   void CloseIfOpen(TextView open, TextView close, TextView piece) {
-    if (!Has(upper, open) || Has(upper, close)) return;
-    inner += piece;
-    upper += close;
+    if (Has(upper, open) && !Has(upper, close)) inner += piece;
   }
 };
 

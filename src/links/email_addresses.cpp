@@ -65,7 +65,8 @@ class FirstOccurrence {
 Piece TrimEdges(TextView word, Piece piece) {
   FirstOccurrence at_sign(u'@');
   std::array<FirstOccurrence, kBreaks.size()> occurrences;
-  for (std::size_t i = 0; i < kBreaks.size(); ++i) occurrences[i] = FirstOccurrence(kBreaks[i]);
+  std::transform(kBreaks.begin(), kBreaks.end(), occurrences.begin(),
+                 [](char16_t unit) { return FirstOccurrence(unit); });
   const auto edge = [&] {
     for (const char16_t unit : {u'@', u'-', u'.'}) {
       if (piece.begin == piece.end) return false;

@@ -51,6 +51,17 @@ TEST(Options, OfTheEntryPoints) {
   EXPECT_FALSE(component::ReadEntryOptions(properties).round_trip);
 }
 
+TEST(Options, OfANewObjectAreWhateverWasThere) {
+  Properties fresh;
+  Properties used;
+  for (const component::PropertyName& property : component::AllProperties()) used.*property.text = u"used";
+  component::Class_InitProperties(fresh);
+  component::Class_InitProperties(used);
+  for (const component::PropertyName& property : component::AllProperties()) {
+    EXPECT_EQ(used.*property.text, fresh.*property.text) << property.name;
+  }
+}
+
 // An empty word asks for all links, a word with spaces around it does not.
 TEST(Options, OfLinks) {
   for (const auto& [word, linked] :

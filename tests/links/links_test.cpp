@@ -160,16 +160,20 @@ TEST(ScanLinks, AgreesWithItsReferenceImplementationOnLabels) {
 
 // The lists are state like any other: what stands in them decides.
 TEST(ScanLinks, AgreesWithItsReferenceImplementationOnOtherLists) {
-  for (const bool space_ends : {true, false}) {
+  constexpr struct {
+    TextView prefix, first, second;
+  } kLists[] = {{u"w w.", u" ", u"&gt;"}, {u"ww", u"]", u"]]"}, {u"w &lt;t&gt; w", u" ", u"]]"}};
+  for (const auto& [prefix, first, second] : kLists) {
     RtfToHtmlState state;
     links::LoadBracketPrefixes(state);
-    state.LinkPrefixes.Set(2, u"w w.");
-    if (!space_ends) state.LinkPrefixes.Set(2, u"ww");
+    state.LinkPrefixes.Set(state.LinkPrefixes.upper(), Text(prefix));
     state.LinkDelimiters.Size(6);
-    state.LinkDelimiters.Set(1, space_ends ? u" " : u"]");
-    state.LinkDelimiters.Set(2, u"&gt;");
+    state.LinkDelimiters.Set(1, Text(first));
+    state.LinkDelimiters.Set(2, Text(second));
     for (std::int32_t i = 3; i <= 6; ++i) state.LinkDelimiters.Set(i, u"|");
-    Pages pages(Split(u"w w.¶ww¶ ¶&lt;file://¶&lt;¶&gt;¶&gt; ¶|¶]¶abc¶.¶ &lt;t&gt; "), 3);
+    Pages pages(
+        Split(u"w w.¶ww¶ ¶&lt;file://¶&lt;¶&gt;¶&gt; ¶|¶]¶abc¶.¶ &lt;t&gt; ¶ww x &lt;t&gt; ¶w &lt;t&gt; wx"),
+        3);
     for (int i = 0; i < 3000 && !HasFatalFailure(); ++i) {
       ExpectSameScan(links::ScanLinks, links_reference::ScanLinks, state, pages.Next());
     }

@@ -215,6 +215,14 @@ Text ReferenceCopyFirstCellFormat(const Text& table) {
   return result;
 }
 
+TEST(CopyFirstCellFormat, LeavesTablesOfOverlongCells) {
+  for (const std::size_t units : {std::size_t{32767}, std::size_t{32768}}) {
+    const Text cell = u"<td>" + Text(units, u'x') + u"</td></tr></table>";
+    const Text table = u"<table><tr><td><b>a</b></td>" + cell;
+    EXPECT_EQ(CopyFirstCellFormat(table) == table, units > 32767) << units;
+  }
+}
+
 TEST(CopyFirstCellFormat, AgreesWithItsReferenceImplementation) {
   constexpr TextView kPieces[] = {
       u"<td>", u"<td><b>a</td>", u"<td>a</td>", u"<td><b></td>", u"</td>", u"<tr>", u"</tr>", u"<b>", u"a",

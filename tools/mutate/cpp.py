@@ -41,7 +41,8 @@ def changes(lines, at, rng):
 
     for kind, (pattern, swaps) in SWAPS.items():
         for match in re.finditer(pattern, code):
-            add(kind, *match.span(1), swaps[match[1]])
+            if not changes_nothing(lines, at, match[1]):
+                add(kind, *match.span(1), swaps[match[1]])
     for match in CONSTANT.finditer(code):
         for by in (1, -1):
             if int(match[1]) + by >= 0:
@@ -51,7 +52,7 @@ def changes(lines, at, rng):
         if end and not re.search(";| = ", code[match.end() : end]):
             add("negated condition", match.end(), end, "!(" + line[match.end() : end] + ")")
     # A text is reserved room for speed only.
-    if (CALL.match(code) or ASSIGNMENT.match(code)) and ".reserve(" not in code:
+    if (CALL.match(code) or ASSIGNMENT.match(code)) and ".reserve(" not in code.lower():
         if at > 0 and (WHOLE_LINE.search(lines[at - 1]) or lines[at - 1].endswith(")")):
             indent = len(line) - len(line.lstrip())
             add("dropped statement", indent, len(line), ";")
@@ -65,6 +66,15 @@ def changes(lines, at, rng):
             for text in changed_unit(unit[0]) + longer:
                 add("literal", start, start + len(unit[0]), text)
     return found
+
+
+def changes_nothing(lines, at, word):
+    """Whether a swap of that word of the line is known to make no difference."""
+    # After the last break of a switch the switch ends; cases are indented by four more than their switch.
+    if word == "break" and lines[at].strip() == "break;":
+        return at + 1 < len(lines) and re.fullmatch(" " * (len(lines[at]) - len("break;") - 4) + "}", lines[at + 1])
+    # By one unit, a text is refused that is longer than any document makes it.
+    return word in (">", ">=") and re.search(r"\blimits::k\w+Units\b", lines[at])
 
 
 def is_set(lines, at):

@@ -1,15 +1,16 @@
 #!/usr/bin/env python3
 """Asks whether the tests notice a changed line:
 
-    tools/mutate/mutate.py N [SEED]
+    tools/mutate/mutate.py N [SEED] [--only rules|cpp]
 
 changes one line of a copy of the tree, half of the times in a rule file and half
-in C++, builds and runs the tests, N times over, and names the changes that no
+in C++ if not told otherwise, builds and runs the tests, N times over, and names the changes that no
 test noticed. Fails if these are more than a twentieth. A change that does not
 build is no change, nor is one that is known to change nothing that comes out
 (equal_changes.txt, and what rules.py proves): another is drawn. A test that fails, crashes or runs for much
 longer than it should has noticed the change.
 """
+import argparse
 import collections
 import functools
 import os
@@ -37,13 +38,15 @@ MEMORY = 4 << 30
 
 
 def main():
-    if len(sys.argv) not in (2, 3) or not all(word.isdigit() for word in sys.argv[1:]):
-        sys.exit("usage: mutate.py N [SEED]")
+    parser = argparse.ArgumentParser(description="Asks whether the tests notice a changed line.")
+    parser.add_argument("count", type=int, metavar="N")
+    parser.add_argument("seed", type=int, nargs="?", default=random.SystemRandom().randrange(1_000_000))
+    parser.add_argument("--only", choices=["rules", "cpp"], help="change lines of these files only")
+    options = parser.parse_args()
     # So that an end from outside ends what was started, too.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit("ended"))
-    count = int(sys.argv[1])
-    seed = int(sys.argv[2]) if len(sys.argv) == 3 else random.SystemRandom().randrange(1_000_000)
-    print(f"seed {seed}", flush=True)
+    count = options.count
+    print(f"seed {options.seed}", flush=True)
     start = time.time()
     copy_tree()
     print("building the copy and running its tests", flush=True)
@@ -52,13 +55,13 @@ def main():
         sys.exit("the tree does not build")
     tests = Tests()
     print(f"{time.time() - start:.0f} s; {len(tests.seconds)} test programs", flush=True)
-    survivors = mutate(count, random.Random(seed), tests)
+    survivors = mutate(count, random.Random(options.seed), options.only, tests)
 
     for survivor in survivors:
         print(f"\nsurvived: {survivor}")
     share = 100 * len(survivors) / max(count, 1)
     spent = (time.time() - start) / 60
-    print(f"{count} changes, {len(survivors)} survived ({share:.1f} %), seed {seed}, {spent:.0f} min")
+    print(f"{count} changes, {len(survivors)} survived ({share:.1f} %), seed {options.seed}, {spent:.0f} min")
     sys.exit(1 if 20 * len(survivors) > count else 0)
 
 
@@ -79,16 +82,16 @@ def copy_tree():
         shutil.copy(HOME / name, there)
 
 
-def mutate(count, rng, tests):
+def mutate(count, rng, only, tests):
     """Runs the tests on so many changes; the survivors, described."""
     rules.shared = lines_in(TREE / SHARED_NAMES)
-    in_rules, in_cpp = lines_of("*.rules"), lines_of("*.cpp")
+    kinds = [lines_of("*." + kind) for kind in ([only] if only else ["rules", "cpp"])]
     equal = equal_changes()
     survivors = []
     drawn = set()
     done = 0
     while done < count:
-        name, at = rng.choice(in_rules if done % 2 == 0 else in_cpp)
+        name, at = rng.choice(kinds[done % len(kinds)])
         path = TREE / name
         original = path.read_bytes()
         before = lines_in(path)
@@ -103,7 +106,7 @@ def mutate(count, rng, tests):
         if content.split() == original.split() or (name, content) in drawn:
             continue
         drawn.add((name, content))
-        if (name, before[at].strip(), after[at].strip()) in equal:
+        if {(name, before[at].strip(), change) for change in (after[at].strip(), "*")} & equal:
             continue
         path.write_bytes(content)
         started = time.time()

@@ -30,20 +30,15 @@ void RemoveMsfteditGenerators(Text& text) {
   const std::size_t end = text.find(u";}", start);
   if (end == Text::npos) return;
   const Text group = text.substr(start, end - start + 2);
-  if (group.size() > 5 && group.size() < 50) ReplaceIn(text, group, u"", Compare::IgnoreCase);
+  if (group.size() < 50) ReplaceIn(text, group, u"", Compare::IgnoreCase);
 }
 
 // Runs the rules that bring the text of all known writers to one dialect.
 void BringToOneDialect(Apartment& apartment, Text& text) {
   rules::Rewriting rewriting = StartRewriting(apartment, std::move(text));
-  try {
-    rules::Run(chains::RewriteChainBullets, rewriting);
-    rules::Run(chains::RewriteChainHeadings, rewriting);
-    rules::Run(chains::BulletOpenerSeparation, rewriting);
-  } catch (const Failure&) {
-    text = rewriting.Take();
-    throw;
-  }
+  rules::Run(chains::RewriteChainBullets, rewriting);
+  rules::Run(chains::RewriteChainHeadings, rewriting);
+  rules::Run(chains::BulletOpenerSeparation, rewriting);
   text = rewriting.Take();
 }
 

@@ -26,7 +26,7 @@ void RemoveLineBreakingGroup(Text& segment) {
   const std::int32_t start = FindText(1, segment, u"{\\*\\lchars $([\\{\\'");
   if (start <= 2) return;
   const std::int32_t end = FindText(start, segment, u"}}");
-  if (end <= start) return;
+  if (end == 0) return;
   Text group = Mid(segment, start, end - start + 2);
   ReplaceIn(group, u"{\\*\\fchars ", u"{\\*\\xchars", Compare::Binary, 1);
   ReplaceIn(group, u"{\\*\\lchars ", u"{\\*\\zchars", Compare::Binary, 1);

@@ -145,7 +145,6 @@ TextView AheadOfSplit(const Segment& segment) {
 bool CutAtEscape(Segment& segment) {
   const std::size_t escape = AheadOfSplit(segment).find(u"\\'");
   if (escape == TextView::npos) return false;
-  segment.splitAt = static_cast<std::int16_t>(escape + 1);
   segment.head.assign(segment.segment, 0, escape);
   segment.body.assign(segment.segment, escape, Text::npos);
   return true;

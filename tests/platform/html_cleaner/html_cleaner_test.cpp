@@ -253,6 +253,56 @@ TEST(HtmlCleaner, KeepsTheFormatThatABrowserShows) {
       {"<a name=\"x\"></a><a href=\"y\">a<a href=\"z\">b",
        "<a name=\"x\"></a><a href=\"y\">a</a><a href=\"z\">b</a>"},
       {"<i><br><hr><img src=\"a>b\">", "<i><br></i><hr><i><img src=\"a>b\"></i>"},
+      {"<b><!-- <i> -->a</b><!-- <u>", "<!-- <i> --><b>a<!-- <u></b>"},
+      // Across items and lines.
+      {"<p><sup>a<ul><li>b<div>c", "<p><sup>a</sup><ul><li>b<div>c"},
+      {"<p><sup>a<ul><li>b<hr>c", "<p><sup>a</sup><ul><li>b<hr>c"},
+      {"<p><sup>a<ul><li>b<p>c</ul>d</p>e", "<p><sup>a</sup><ul><li>b<p>c</ul>d</p>e"},
+      {"<p><sup>a<hr>b<p><sub>c<div>d<p><sup>e<h1>f",
+       "<p><sup>a</sup><hr>b<p><sub>c</sub><div>d<p><sup>e</sup><h1>f"},
+      {"<ul><li><sup>a<ul></li>b</ul></li>c", "<ul><li><sup>a</sup><ul></li><sup>b</sup></ul></li>c"},
+      {"<ol><li><sup>a<ol><li>b</ol>c<li>d",
+       "<ol><li><sup>a</sup><ol><li><sup>b</sup></ol><sup>c</sup><li>d"},
+      {"<dl><dt><sup>a<dl><dd>b</dl>c<dt>d",
+       "<dl><dt><sup>a</sup><dl><dd><sup>b</sup></dl><sup>c</sup><dt>d"},
+      {"<div><sup>a</div>b</div>c</p>d</hr>e", "<div><sup>a</sup></div>bc</p>d</hr>e"},
+      {"<p><sub>a<div>b</p>c</sub>d", "<p><sub>a</sub><div>b</p>cd"},
+      {"<div><sub><p>a</sub>b</div>c", "<div><p><sub>ab</sub></div>c"},
+      {"<small>a<big>b</small>c</big><code>d<tt>e</code>f",
+       "<small>a<big>b</big></small><big>c</big><code>d<tt>e</tt></code><tt>f</tt>"},
+      // Cells, and rows without them.
+      {"<table><tbody><td><sup>a<tr><b>b</tbody><td>c</td></tr></table></table>d",
+       "<table><tbody><td><sup>a</sup><tr><b>b</b></tbody><td>c</td></tr></table></table><b>d</b>"},
+      {"<tr><td><b>a<td>b</td>c</tr>d", "<tr><td><b>a</b><td><b>b</b></td><b>c</b></tr><b>d</b>"},
+      {"<b><table></b><td>a</table>b", "<table><td>a</table><b>b</b>"},
+      {"<table><td><table><i><sub><td>a</table>b</td>c</table>d",
+       "<table><td><table><td>a</table><i>b</i></td>c</table>d"},
+      {"<table><td>a</table><b>b<table><u><td>c</u>d", "<table><td>a</table><b>b</b><table><td>cd"},
+      // The face in a cell is the last that was named.
+      {"<span style=\"font-family:A;color:b\">a<table><td>b<span style='font-family:C'>c</table>d",
+       "<span style=\"font-family:A;color:b\">a</span><table><td><span style=\"font-family:A\">b</span><span "
+       "style='font-family:C'>c</span></table><span style=\"font-family:A;color:b\">d</span>"},
+      {"<font face=\"A\"><span style=\"font-family:B\"><table><td>x</table></span><table><td>y",
+       "<table><td><span style=\"font-family:B\">x</span></table><table><td><font face=\"A\">y</font>"},
+      {"<span style=\"font-family:A\"><font face=B><table><td>x</table></font><table><td>y",
+       "<table><td><font face=\"B\">x</font></table><table><td><span style=\"font-family:A\">y</span>"},
+      {"<font size=1 face=\"A b\" color=c><font face=D>a</font><table><td>b<font size=2>c<table><td>d",
+       "<font size=1 face=\"A b\" color=c><font face=D>a</font></font><table><td><font face=\"A b\">b<font "
+       "size=2>c</font></font><table><td><font face=\"A b\">d</font>"},
+      {"<font size=1><table><td>a</table><font Face=\"A<table><td>b",
+       "<table><td>a</table><table><td><font face=\"A\">b</font>"},
+      // What names something else is not covered.
+      {"<font size=1 x=y>a<font size=2>b<font size=3>c",
+       "<font size=1 x=y>a<font size=2>b</font><font size=3>c</font></font>"},
+      {"<font>a<span>b<span style=\"color:a;text-align:b\">c<span style=\"color:d\">e",
+       "<font>a<span>b<span style=\"color:a;text-align:b\">c<span "
+       "style=\"color:d\">e</span></span></span></font>"},
+      {"<font color=a size=b face=c><font face=d><font size=e><font color=f>g</font>h</font>i</font>j",
+       "<font face=d><font size=e><font color=f>g</font></font></font><font color=a size=b face=c><font "
+       "face=d><font size=e>h</font>i</font>j</font>"},
+      {"<span style=\"background-color:a;font-size:b\"><span style=\"font-family:c;color:d\">e</span>f",
+       "<span style=\"background-color:a;font-size:b\"><span "
+       "style=\"font-family:c;color:d\">e</span>f</span>"},
       {"<title><b></title><!-- <b> -->a<font size=2<b>b",
        "<title><b></title><!-- <b> -->a<font size=2><b>b</b></font>"},
   };

@@ -89,6 +89,67 @@ TEST(CanonicalForm, NumbersFontsAndColoursForThePage) {
   EXPECT_EQ(Canonical(Canonical(many)), Canonical(many));
 }
 
+/// Documents of so many colours, each of them on one character.
+std::string Colours(int count, int highlights, std::string_view between = "") {
+  std::string rtf = "{\\rtf1{\\fonttbl{\\f0 A;}}{\\colortbl;";
+  for (int i = 1; i <= count; ++i) {
+    rtf += "\\red" + std::to_string(i % 256) + "\\green" + std::to_string(i / 256) + "\\blue0;";
+  }
+  rtf += "}\\viewkind4\\uc1\\pard";
+  for (int i = 1; i <= count; ++i) {
+    rtf += i <= highlights ? "\\highlight" : "\\cf";
+    rtf += std::to_string(i) + " x" + std::string(between);
+  }
+  return rtf + "\r\n\\par }";
+}
+
+/// The numbers of colours in their order.
+std::string Numbers(std::string_view rtf) {
+  const std::string body = Body(rtf);
+  std::string numbers;
+  for (std::size_t at = 0; at < body.size(); ++at) {
+    for (const std::string_view word : {"\\cf", "\\highlight"}) {
+      if (std::string_view(body).substr(at).starts_with(word)) {
+        at += word.size();
+        numbers +=
+            (numbers.empty() ? "" : " ") + body.substr(at, body.find_first_not_of("0123456789", at) - at);
+      }
+    }
+  }
+  return numbers;
+}
+
+TEST(CanonicalForm, NumbersColoursSoThatNoneBeginsAnother) {
+  EXPECT_EQ(Numbers(Colours(9, 0)), "1 2 3 4 5 6 7 8 9");
+  EXPECT_EQ(Numbers(Colours(10, 0)), "2 3 4 5 6 7 8 9 10 11");
+  EXPECT_EQ(Numbers(Colours(10, 1)), "1 2 3 4 5 6 7 8 9 10") << "no highlight is taken for a colour";
+  EXPECT_EQ(Numbers(Colours(18, 0)), "2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19");
+  EXPECT_TRUE(Numbers(Colours(19, 0)).starts_with("3 4 5 6 7 8 9 10 11 12 "));
+  EXPECT_TRUE(Numbers(Colours(27, 0)).ends_with(" 28 29"));
+  EXPECT_TRUE(Numbers(Colours(28, 0)).starts_with("4 5 6 7 8 9 10 "));
+  EXPECT_TRUE(Numbers(Colours(90, 0)).starts_with("10 11 "));
+  EXPECT_TRUE(Numbers(Colours(90, 0)).ends_with(" 98 99"));
+  EXPECT_TRUE(Numbers(Colours(91, 2)).starts_with("1 2 100 101 "));
+  EXPECT_TRUE(Numbers(Colours(91, 11)).starts_with("1 2 3 4 5 6 7 8 9 100 101 102 "));
+  // More of them than the table has.
+  EXPECT_TRUE(Numbers(Colours(301, 0)).ends_with(" 398 399 0"));
+  // Where they never stand in one stretch of paragraphs, they keep their order.
+  EXPECT_EQ(Numbers(Colours(11, 0, "\\par\\pard\\qc\\cf0 y\\par\\pard")),
+            "1 0 2 0 3 0 4 0 5 0 6 0 7 0 8 0 9 0 10 0 11 0");
+  EXPECT_EQ(Numbers(Colours(11, 0, "\\par ")), "2 3 4 5 6 7 8 9 10 11 12");
+  EXPECT_TRUE(Numbers(Colours(11, 10, "\\par\\pard\\qc\\cf0 y\\par\\pard")).starts_with("2 "));
+}
+
+TEST(CanonicalForm, HasNoMoreFontsThanTheTable) {
+  std::string rtf = "{\\rtf1{\\fonttbl";
+  for (int i = 0; i < 151; ++i) rtf += "{\\f" + std::to_string(i) + " F" + std::to_string(i) + ";}";
+  rtf += "}";
+  for (int i = 0; i < 151; ++i) rtf += "\\f" + std::to_string(i) + " x";
+  rtf += "}";
+  EXPECT_TRUE(Header(rtf).ends_with("{\\f149\\fnil F149;}}\r\n"));
+  EXPECT_TRUE(Body(rtf).ends_with("\\f149 x\\f0 x"));
+}
+
 TEST(CanonicalForm, SeparatesOpeningStructureFromWords) {
   CheckBodies({
       {"an empty cell after paragraph words",
@@ -186,6 +247,278 @@ TEST(CanonicalForm, LeavesOutWhatThePageWouldMisread) {
        "\\pard\\li10\\fi-5\\qr\\f0\\fs24 a\r\n\\par \\pard\\fi-5\\li10 \\bullet\\tab b"},
       {"characters beyond the 16-bit plane", Document("\\u-10179?\\u-8704?\\u55357?x"),
        "\\pard\\f0\\fs24 \\u128512?\\u65533?x\\lang1033 "},
+  });
+}
+
+TEST(CanonicalForm, NumbersFontsOfBullets) {
+  const std::string pard = "\\viewkind4\\uc1\\pard";
+  CheckBodies({
+      {"bullets in fonts 1 and 2",
+       "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil A0;}{\\f1\\fnil\\fcharset2 S1;}{\\f2\\fnil "
+       "A2;}{\\f3\\fnil\\fcharset2 S3;}{\\f4\\fnil A4;}}" +
+           pard +
+           "{\\*\\pn\\pnlvlblt\\pnf1{\\pntxtb\\'B7}}\\f0 a\\f2 b\\f4 "
+           "c\\par\\pard{\\*\\pn\\pnlvlblt\\pnf3{\\pntxtb\\'B7}}d\r\n\\par }",
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\f0\\fs24 a\\f3 "
+       "b\\f4 c\r\n\\par \\pard{\\pntext\\f2\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf2\\pnindent0{\\pntxtb\\'B7}}d"},
+      {"an item in font 1 with a bullet in font 2",
+       "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil A0;}{\\f1\\fnil A1;}{\\f2\\fnil\\fcharset2 S2;}}" + pard +
+           "{\\*\\pn\\pnlvlblt\\pnf2{\\pntxtb\\'B7}}\\f0\\fs24 a\r\n\\par \\f1 b\r\n\\par \\f0 c\r\n\\par "
+           "\\f1\\b d\r\n\\par }",
+       "\\pard{\\pntext\\f2\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf2\\pnindent0{\\pntxtb\\'B7}}\\f0\\fs24 "
+       "a\r\n\\par {\\pntext\\f2\\'B7\\tab}\\f1 b\r\n\\par \\f0{\\pntext\\f2\\'B7\\tab}c\r\n\\par "
+       "\\b\\f1{\\pntext\\f2\\'B7\\tab}d"},
+      {"and with one in font 1",
+       "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil A0;}{\\f1\\fnil\\fcharset2 S1;}{\\f2\\fnil A2;}}" + pard +
+           "{\\*\\pn\\pnlvlblt\\pnf1{\\pntxtb\\'B7}}\\f0\\fs24 a\r\n\\par \\f2 "
+           "b\\par\\pard{\\*\\pn\\pnlvlbody}\\f0 c\\par\\f2 d\r\n\\par }",
+       "\\pard{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}\\f0\\fs24 "
+       "a\r\n\\par \\f2{\\pntext\\f1\\'B7\\tab}b\r\n\\par \\pard{\\pntext\\f0 "
+       "1\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec}\r\n\\f0 c\r\n\\par \\f2{\\pntext\\f0 "
+       "2\\tab}d"},
+  });
+  for (const Case& each : std::vector<Case>{
+           {"two bullet fonts of which one is within reach",
+            "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil A0;}{\\f1\\fnil\\fcharset2 S1;}{\\f2\\fnil "
+            "A2;}{\\f3\\fnil\\fcharset2 S3;}{\\f4\\fnil A4;}}" +
+                pard +
+                "{\\*\\pn\\pnlvlblt\\pnf1{\\pntxtb\\'B7}}\\f0 a\\f2 b\\f4 "
+                "c\\par\\pard{\\*\\pn\\pnlvlblt\\pnf3{\\pntxtb\\'B7}}d\r\n\\par }",
+            "{\\rtf1\\ansi\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil A0;}{\\f1\\fnil\\fcharset2 "
+            "S1;}{\\f2\\fnil\\fcharset2 S3;}{\\f3\\fnil A2;}{\\f4\\fnil A4;}}\r\n"},
+           {"three bullet fonts",
+            "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil\\fcharset2 S0;}{\\f1\\fnil A1;}{\\f2\\fnil "
+            "A2;}{\\f3\\fnil\\fcharset2 S3;}{\\f4\\fnil\\fcharset2 S4;}}" +
+                pard +
+                "{\\*\\pn\\pnlvlblt\\pnf0{\\pntxtb\\'B7}}\\f1 a\\f2 "
+                "b\\par\\pard{\\*\\pn\\pnlvlblt\\pnf3{\\pntxtb\\'B7}}c\\par\\pard{\\*\\pn\\pnlvlblt\\pnf4{"
+                "\\pntxtb\\'B7}}d\r\n\\par }",
+            "{\\rtf1\\ansi\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil A1;}{\\f1\\fnil\\fcharset2 "
+            "S0;}{\\f2\\fnil\\fcharset2 S3;}{\\f3\\fnil A2;}{\\f4\\fnil\\fcharset2 S4;}}\r\n"},
+           {"bullet fonts alone",
+            "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil\\fcharset2 S0;}{\\f1\\fnil\\fcharset2 S1;}}" + pard +
+                "{\\*\\pn\\pnlvlblt\\pnf0{\\pntxtb\\'B7}}\\f0 "
+                "a\\par\\pard{\\*\\pn\\pnlvlblt\\pnf1{\\pntxtb\\'B7}}\\f1 b\r\n\\par }",
+            "{\\rtf1\\ansi\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil\\fcharset2 S0;}{\\f1\\fnil\\fcharset2 "
+            "S1;}}\r\n"},
+           {"bullets without a font of theirs",
+            "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil A0;}{\\f1\\fnil A1;}{\\f2\\fnil A2;}{\\f3\\fnil A3;}}" +
+                pard + "{\\*\\pn\\pnlvlblt}\\f0 a\\f1 b\\f2 c\\f3 d\r\n\\par }",
+            "{\\rtf1\\ansi\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil A0;}{\\f1\\fnil\\fcharset2 "
+            "Symbol;}{\\f2\\fnil A1;}{\\f3\\fnil A2;}{\\f4\\fnil A3;}}\r\n"},
+           {"no text in a bullet font",
+            "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil A0;}{\\f1\\fnil A1;}{\\f2\\fnil A2;}{\\f3\\fnil\\fcharset2 "
+            "S3;}}" +
+                pard + "\\f0 a\\f1 b\\f2 c\\f3 d\r\n\\par }",
+            "{\\rtf1\\ansi\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil A0;}{\\f1\\fnil A1;}{\\f2\\fnil "
+            "A2;}{\\f3\\fnil\\fcharset2 S3;}}\r\n"},
+       }) {
+    EXPECT_EQ(Header(each.rtf), each.expected) << each.what;
+  }
+}
+
+TEST(CanonicalForm, SeparatesStructureInFrontFromWords) {
+  const std::string two = "\\trowd\\cellx100\\cellx200";
+  const std::string bullets = "{\\*\\pn\\pnlvlblt\\pnf2{\\pntxtb\\'B7}}";
+  const std::string bullet = "{\\pntext\\f1\\'B7\\tab}";
+  const std::string bullet_list = "{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}";
+  CheckBodies({
+      {"words in front of an empty first cell",
+       Document(two + "\\pard\\intbl a\\cell b\\cell\\row\\b\\intbl\\cell c\\cell\\row\\intbl\\cell "
+                      "d\\cell\\row\\intbl\\i\\tab e\\cell\\line f\\cell\\row\\pard g"),
+       two + "\\pard\\intbl\\f0\\fs24 a\\cell b\\cell\\row\r\n\\intbl\\cell\\b c\\cell\\row\r\n\\intbl\\b0 "
+             "\\cell\\b d\\b0\\cell\\row\r\n\\intbl\\b\\i \\tab e\\cell\\line "
+             "f\\b0\\i0\\cell\\row\r\n\\pard\\b\\i g"},
+      {"lines and tabs in front",
+       Document("\\line a\\par\\pard\\qc\\tab b\\par\\pard\\line c\\par\\b\\line d\\par\\pard" + bullets +
+                "\\line e\\par\\pard\\par\\qr\\line"),
+       "\\pard\\f0\\fs24 \\line a\r\n\\par \\pard\\qc\\tab b\r\n\\par \\pard \\line c\r\n\\par \\line\\b "
+       "d\r\n\\par \\pard" +
+           bullet + bullet_list + "\\line e\r\n\\par \\pard \r\n\\par \\pard\\qr \\line "},
+      {"empty rows", Document(two + "\\pard\\intbl\\cell\\cell\\row\\intbl\\cell\\cell\\row\\pard"),
+       two + "\\pard\\intbl\\f0\\fs24 \\cell\\cell\\row\r\n\\intbl\\cell\\cell\\row\r\n\\pard "},
+      {"what may stand right after the words of affixes",
+       Document("\\pard{\\*\\pn\\pnlvlbody{\\pntxtb 3.}{\\pntxta -}}x\\par\\pard{\\*\\pn\\pnlvlbody{\\pntxtb "
+                "A}{\\pntxta @}}x\\par\\pard{\\*\\pn\\pnlvlbody{\\pntxtb #}{\\pntxta "
+                "[}}x\\par\\pard{\\*\\pn\\pnlvlbody{\\pntxtb \\'e9}{\\pntxta "
+                "!}}x\\par\\pard{\\*\\pn\\pnlvlbody{\\pntxtb 9:}{\\pntxta "
+                ";}}x\\par\\pard{\\*\\pn\\pnlvlbody{\\pntxtb 0}{\\pntxta "
+                "/}}x\\par\\pard{\\*\\pn\\pnlvlbody{\\pntxtb }{\\pntxta :}}x\\par"),
+       "\\pard{\\pntext\\f0 3.1-\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb "
+       "3.}{\\pntxta -}}\r\n\\f0\\fs24 x\r\n\\par \\pard{\\pntext\\f0 "
+       "A1@\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb A}{\\pntxta@}}\r\nx\r\n\\par "
+       "\\pard{\\pntext\\f0 "
+       "#1[\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb#}{\\pntxta [}}\r\nx\r\n\\par "
+       "\\pard{\\pntext\\f0 \\u233?1!\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb "
+       "\\u233?}{\\pntxta!}}\r\nx\r\n\\par \\pard{\\pntext\\f0 "
+       "9:1;\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb "
+       "9:}{\\pntxta;}}\r\nx\r\n\\par \\pard{\\pntext\\f0 "
+       "01/\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxtb 0}{\\pntxta/}}\r\nx\r\n\\par "
+       "\\pard{\\pntext\\f0 1:\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxta:}}\r\nx"},
+  });
+}
+
+TEST(CanonicalForm, SpellsWhatThePageWouldMisread) {
+  const std::string two = "\\trowd\\cellx100\\cellx200";
+  const std::string bullet = "{\\pntext\\f1\\'B7\\tab}";
+  CheckBodies({
+      {"symbols of symbol fonts",
+       Document("{\\f2 a\\{ \\}\\\\\\b b\\b0?&x "
+                "\\'a0\\~\\'b7\\'81\\'20\\u61550?\\u61623?\\u8226?\\u233?\\emdash\\\\}c{\\f2\\\\}{\\f3 "
+                "\\{\\{ \\'fc\\{\\'fc}"),
+       "\\pard\\f1\\fs24 a\\u123? \\}\\u92?\\b b\\b0 ?\\u38?x \\'a0\\'a0\\'b7\\'81 n\\'b7\\bullet "
+       "\\'e9\\emdash \\u92?\\f0 c\\f1 \\u92?\\f2 \\u123?\\u123? \\'fc\\u123?\\'fc\\lang1033 "},
+      {"halves of characters",
+       Document("\\u-10179?x\\u-8704?\\u-10179?\\u-8704?\\u-10179?\\u-10179?\\u-8704?\\u-8704?\\u-9217?\\u-"
+                "9216?\\u-8193?\\u-8192?\\u-10241?"),
+       "\\pard\\f0\\fs24 "
+       "\\u65533?x\\u65533?\\u128512?\\u65533?\\u128512?\\u65533?\\u1113088?\\u65533?\\u57344?\\u55295?"
+       "\\lang1033 "},
+      {"characters in front of mail addresses",
+       Document(" x:a.b-c_1@d.e x,a.b-c_1@d.e x+a.b-c_1@d.e x=a.b-c_1@d.e x%a.b-c_1@d.e x~a.b-c_1@d.e "
+                "x$a.b-c_1@d.e x;a.b-c_1@d.e x!a.b-c_1@d.e :@d :a@ :a@;  :a "
+                ":aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa@b "
+                ":aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa@b :a@b"),
+       "\\pard\\f0\\fs24  x\\u58?a.b-c_1@d.e x\\u44?a.b-c_1@d.e x\\u43?a.b-c_1@d.e x\\u61?a.b-c_1@d.e "
+       "x\\u37?a.b-c_1@d.e x\\u126?a.b-c_1@d.e x\\u36?a.b-c_1@d.e x;a.b-c_1@d.e x!a.b-c_1@d.e :@d :a@ :a@;  "
+       ":a \\u58?aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa@b "
+       "\\u58?aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa@b \\u58?a@b\\lang1033 "},
+      {"mail addresses in targets",
+       Document("<mailto:a@b.c> <mailto:a@b> x<mailto:a@b:c@d http://e:f@g www.h:i@j"),
+       "\\pard\\f0\\fs24 <mailto:a@b.c> <mailto:a@b> x<mailto:a@b\\u58?c@d http://e:f@g www.h:i@j"},
+      {"names of characters",
+       Document("\\endash\\emdash\\lquote\\rquote\\ldblquote\\rdblquote\\bullet "
+                "a\\\\\\endash\\\\\\emdash\\\\\\lquote\\\\\\ldblquote\\\\\\rdblquote\\\\\\bullet"),
+       "\\pard\\f0\\fs24 \\endash \\emdash \\lquote \\rquote \\ldblquote \\rdblquote \\bullet "
+       "a\\u92?\\endash \\u92?\\emdash \\u92?\\lquote \\u92?\\ldblquote \\u92?\\rdblquote "
+       "\\u92?\\bullet\\lang1033 "},
+      {"characters without a byte",
+       Document("\\'81\\u129?\\u141?\\u143?\\u144?\\u157?\\u128?\\u130?\\u159?\\u160?\\u8364?\\u382?\\u255?"
+                "\\u256?\\u127?"),
+       "\\pard\\f0\\fs24 "
+       "\\'81\\'81\\'8d\\'8f\\'90\\'9d\\u128?\\u130?\\u159?\\~\\'80\\'9e\\'ff\\u256?\\u127?\\lang1033 "},
+      {"backslashes",
+       Document("\\\\a\\\\\\tab\\\\\\line\\\\\\par\\\\\\'e9\\\\~\\\\\\'20\\\\\\{\\\\?\\\\&b\\\\\\~"),
+       "\\pard\\f0\\fs24 \\\\a\\u92?\\tab \\u92?\\line \\\\\r\n\\par \\u92?\\'e9\\\\~\\\\ "
+       "\\\\\\u123?\\\\\\u63?\\\\\\u38?b\\u92?\\~\\lang1033 "},
+      {"backslashes in a row", Document(two + "\\intbl\\\\\\cell\\{\\cell\\row\\pard\\\\"),
+       two + "\\pard\\intbl\\f0\\fs24 \\u92?\\cell \\u123?\\lang1033 \\cell\\row\r\n\\pard \\\\"},
+      {"braces", Document("\\{a\\{ b\\{\\}\\{\\\\\\{&c\\{?\\{\\'e9\\{\\tab\\{\\par\\{~\\{\\b c"),
+       "\\pard\\f0\\fs24 \\{a\\u123? "
+       "b\\u123?\\}\\u123?\\\\\\u123?\\u38?c\\u123?\\u63?\\u123?\\'e9\\u123?\\tab \\u123?\r\n\\par "
+       "\\{~\\u123?\\b c\\lang1033 "},
+      {"spaces without a break", Document("\\~a\\\\\\~\\}\\~\\b\\~\\b0\\~ \\}\\b\\~"),
+       "\\pard\\f0\\fs24 \\~a\\u92?\\~\\}\\u160?\\b \\~\\b0 \\~ \\}\\b \\~\\lang1033 "},
+      {"ampersands",
+       Document("&#1;&a&1& &\\b c&\\b0 http://a?b&c &d xhttp://e&f WwW.g&h www.i &j ://k&l ww.m&n"),
+       "\\pard\\f0\\fs24 \\u38?#1;\\u38?a&1& &\\b c&\\b0 http://a?b&c \\u38?d xhttp://e&f WwW.g&h www.i "
+       "\\u38?j ://k&l ww.m\\u38?n\\lang1033 "},
+      {"question marks after Unicode",
+       Document(
+           "\\u945??\\u945? ?\\u945?a?\\u945? a?\\u945?\\b?\\b0\\u945?\\emdash?\\u945?\\emdash  ?\\u945?  ?"),
+       "\\pard\\f0\\fs24 \\u945?\\u63?\\u945? ?\\u945?a\\u63?\\u945? a?\\u945?\\b ?\\b0 \\u945?\\emdash "
+       "\\u63?\\u945?\\emdash  \\u63?\\u945?  \\u63?\\lang1033 "},
+      {"ends after Unicode",
+       Document("\\u945?\\par\\u945? \\par\\u945?a \\par\\pard\\qc\\u945?a  "
+                "\\par\\pard\\u945?\\tab\\par\\pard\\qc\\u945?\\line\\par\\pard\\u945?"
+                "\\bullet\\par\\pard\\qc\\u945?\\b\\par\\pard\\b0\\u945?\\\\"),
+       "\\pard\\f0\\fs24 \\u945?\r\n\\par \\u945? \r\n\\par \\u945?a \r\n\\par \\pard\\qc \\u945?a  "
+       "\r\n\\par \\pard \\u945?\\tab \r\n\\par \\pard\\qc \\u945?\\line \r\n\\par \\pard \\u945?\\bullet "
+       "\r\n\\par \\pard\\qc \\u945?\r\n\\par \\pard \\u945?\\\\\\lang1033 "},
+      {"an end after Unicode, 1", Document("\\u945?\\tab"), "\\pard\\f0\\fs24 \\u945?\\tab\\lang1033 "},
+      {"an end after Unicode, 2", Document("\\u945?a\\line"), "\\pard\\f0\\fs24 \\u945?a\\line\\lang1033 "},
+      {"an end after Unicode, 3", Document("\\u945?\\bullet"), "\\pard\\f0\\fs24 \\u945?\\bullet\\lang1033 "},
+      {"an end after Unicode, 4", Document("\\u945?\\strike\\b\\'e9\\strike0\\b0"),
+       "\\pard\\f0\\fs24 \\u945?\\b\\strike \\'e9\\lang1033 "},
+      {"an end after Unicode, 5", Document("\\u945?\\highlight1 a\\highlight0 "),
+       "\\pard\\f0\\fs24 \\u945?\\highlight1 a\\lang1033 "},
+      {"an end after Unicode, 6", Document("\\u945? a"), "\\pard\\f0\\fs24 \\u945? a"},
+      {"an end after Unicode, 7", Document("\\u945?a b"), "\\pard\\f0\\fs24 \\u945?a b"},
+      {"an end after Unicode, 8", Document("\\u945?  a"), "\\pard\\f0\\fs24 \\u945?  a\\lang1033 "},
+      {"an end after Unicode, 9", Document("\\u945?\\'e9 x"), "\\pard\\f0\\fs24 \\u945?\\'e9 x"},
+      {"an end after Unicode, 10", Document("\\u945?\\'e9"), "\\pard\\f0\\fs24 \\u945?\\'e9\\lang1033 "},
+      {"an end after Unicode, 11", Document("\\u945?\\emdash"),
+       "\\pard\\f0\\fs24 \\u945?\\emdash \\lang1033 "},
+      {"an end after Unicode, 12", Document("\\u945?{\\f2 a }"),
+       "\\pard\\f0\\fs24 \\u945?\\f1 a \\lang1033 "},
+      {"an end after Unicode, 13", Document("\\u945?{\\f2  }"), "\\pard\\f0\\fs24 \\u945?\\f1  \\lang1033 "},
+      {"an end after Unicode, 14", Document("\\u945?\\} "), "\\pard\\f0\\fs24 \\u945?\\}\\u160?\\lang1033 "},
+      {"an end after Unicode, 15", Document("\\u945?\\lang1036\\b x\\b0\\lang1034\\i "),
+       "\\pard\\f0\\fs24 \\u945?\\lang1036\\b x\\lang1036 "},
+      {"ends after Unicode in cells",
+       Document(
+           two +
+           "\\intbl\\u945?\\cell\\u946?\\cell\\row\\intbl\\u945?\\cell\\u946? \\cell\\row\\pard\\u947?\\par" +
+           two + "\\intbl\\u945? a\\cell\\u946?\\b x\\cell\\row\\intbl\\cell\\cell\\row\\pard a"),
+       two +
+           "\\pard\\intbl\\f0\\fs24 \\u945?\\cell \\u946?\\cell\\row\r\n\\intbl \\u945?\\cell "
+           "\\u946?\\~\\lang1033 \\cell\\row\r\n\\pard \\u947?\r\n\\par " +
+           two +
+           "\\pard\\intbl \\u945? a\\cell \\u946?\\b x\\cell\\row\r\n\\intbl\\b0 \\cell\\lang1033 "
+           "\\cell\\row\r\n\\pard\\b a"},
+      {"Unicode in labels", Document("{\\*\\pn\\pnlvlbody{\\pntxta\\u945?}}a\\par b\\par\\pard c"),
+       "\\pard{\\pntext\\f0 1\\u945?\\tab}{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxta "
+       "\\u945?}}\r\n\\f0\\fs24 a\r\n\\par {\\pntext\\f0 2\\u945?\\tab}b\r\n\\par \\pard c"},
+      {"indents of typed items",
+       Document("\\pard\\fi-5\\li9 -\\tab a\\par\\pard\\qc\\fi-5\\li9  *\\tab b\\par\\pard\\fi-5\\li9 o\\tab "
+                "c\\par\\pard\\qc\\fi-5\\li9 1\\tab d\\par\\pard\\fi-5\\li9 x\\tab\\par\\pard\\qc\\fi-5\\li9 "
+                "-a\\tab\\par\\pard\\fi-5\\li9 \\tab\\tab e\\par\\pard\\qc\\fi-5\\li9 "
+                "-\\par\\pard\\fi-5\\li9   \\par\\pard\\qc\\fi-5\\li9 \\'b7\\tab f\\par"),
+       "\\pard\\fi-5\\li9\\f0\\fs24 -\\tab a\r\n\\par \\pard\\fi-5\\li9\\qc  *\\tab b\r\n\\par "
+       "\\pard\\fi-5\\li9 o\\tab c\r\n\\par \\pard\\li9\\fi-5\\qc 1\\tab d\r\n\\par \\pard\\li9\\fi-5 x\\tab "
+       "\r\n\\par \\pard\\li9\\fi-5\\qc -a\\tab \r\n\\par \\pard\\li9\\fi-5\\tab\\tab e\r\n\\par "
+       "\\pard\\li9\\fi-5\\qc -\r\n\\par \\pard\\li9\\fi-5   \r\n\\par \\pard\\fi-5\\li9\\qc \\'b7\\tab f"},
+  });
+}
+
+TEST(CanonicalForm, EndsFormatsWhereThePageNeedsIt) {
+  const std::string two = "\\trowd\\cellx100\\cellx200";
+  const std::string bullet = "{\\pntext\\f1\\'B7\\tab}";
+  const std::string bullet_list = "{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}";
+  CheckBodies({
+      {"the line after a nested row goes with its cell",
+       Document(
+           two +
+           "\\intbl a\\itap2 b\\nestcell\\nestrow\\pard\\intbl\\cell c{\\b "
+           "d\\nestcell\\nestrow}\\cell\\row\\intbl{\\b\\nestrow}\\cell e\\nestrow f\\cell\\row\\pard g"),
+       two + "\\pard\\intbl\\f0\\fs24 ab\\tab\\cell c\\b d\\tab\\cell\\row\r\n\\intbl\\b0 \\cell e\\line "
+             "f\\cell\\row\r\n\\pard g"},
+      {"formats that end with a paragraph",
+       Document("\\b a\\par\\b0 b\\par\\b c\\par\\par\\b0 d\\par{\\ul e\\par}{\\i\\par}f"),
+       "\\pard\\b\\f0\\fs24 a\r\n\\par \\b0 b\r\n\\par \\b c\r\n\\par \r\n\\par \\b0 d\r\n\\par \\ul "
+       "e\r\n\\par \\ulnone \r\n\\par f"},
+      {"sizes in front of another font",
+       Document("\\fs24 a\\fs20\\par\\f1 b\\fs30\\par\\f0\\fs20 c\\fs24\\par\\f1\\b d\\par"),
+       "\\pard\\f0\\fs24 a\r\n\\par \\f1\\fs20 b\r\n\\par \\f0 c\r\n\\par \\b\\f1\\fs24 d"},
+      {"the control's sizes in front of another font",
+       "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil A1;}{\\f1\\fnil B1;}}\\viewkind4\\uc1\\pard\\f0\\fs32 a\\fs24 "
+       "\r\n\\par \\f1 b\\fs20 \r\n\\par c\\fs30 \r\n\\par \\f0\\b d\\fs40 \r\n\\par }",
+       "\\pard\\f0\\fs32 a\r\n\\par \\f1\\fs24 b\\fs20 \r\n\\par c\\fs30 \r\n\\par \\b\\f0 d\\fs40 "},
+      {"effects from cell to cell",
+       "{\\rtf1\\ansi{\\fonttbl{\\f0\\fnil A1;}}\\viewkind4\\uc1" + two +
+           "\\pard\\intbl\\b\\f0 a\\b0\\cell\\i b\\i0\\cell\\row\r\n\\intbl c\\cell\\ul "
+           "d\\cell\\row\r\n\\intbl\\ulnone e\\cell\\strike\\b f\\cell\\row\r\n\\pard\\strike0 "
+           "g\\i\\par\\b0\\i0 h\\par }",
+       two + "\\pard\\intbl\\b\\f0\\fs24 a\\cell\\b0\\i b\\cell\\row\r\n\\intbl\\i0 c\\cell\\ul "
+             "d\\cell\\row\r\n\\intbl\\ulnone e\\cell\\b\\strike f\\b0\\cell\\row\r\n\\pard\\b\\strike0 g\\i "
+             "\r\n\\par \\b0\\i0 h"},
+      {"effects from a row into paragraphs and items",
+       Document(two +
+                "\\pard\\intbl\\b\\i a\\cell\\i0 b\\cell\\row\\pard\\i\\par{\\*\\pn\\pnlvlblt\\pnf2}\\b "
+                "c\\par\\b0 d\\par\\pard\\ul e\\par" +
+                two + "\\intbl f\\cell\\b g\\cell\\row\\pard{\\*\\pn\\pnlvlblt\\pnf2}\\b\\par\\par\\pard h"),
+       two + "\\pard\\intbl\\b\\i\\f0\\fs24 a\\cell\\i0 b\\b0\\cell\\row\r\n\\pard\\b \r\n\\par \\pard" +
+           bullet + bullet_list + "\\i c\\b0 \r\n\\par " + bullet +
+           "d\r\n\\par \\pard\\ul e\\ulnone\\i0 \r\n\\par " + two +
+           "\\pard\\intbl\\ul\\i f\\cell\\b g\\ulnone\\b0\\i0\\cell\\row\r\n\\pard" + bullet + bullet_list +
+           "\\ul\\b\\i \r\n\\par " + bullet + "\r\n\\par \\pard h"},
+      {"effects of empty paragraphs in front of items",
+       Document(two + "\\pard\\intbl\\b\\i\\ul a\\cell "
+                      "b\\cell\\row\\pard\\b\\par\\i0\\par{\\*\\pn\\pnlvlblt\\pnf2}\\ulnone c\\par\\pard d"),
+       two +
+           "\\pard\\intbl\\ul\\b\\i\\f0\\fs24 a\\cell b\\ulnone\\b0\\i0\\cell\\row\r\n\\pard\\ul\\b\\i "
+           "\r\n\\par \\ulnone\\i0 \r\n\\par \\pard" +
+           bullet + bullet_list + "c\r\n\\par \\pard d"},
   });
 }
 

@@ -37,6 +37,12 @@ TEST(RichTextBox, TakesPlainText) {
   EXPECT_EQ(box->TextRTF(), rtf);
   box->SetTextRTF(u"no header \\b here");
   EXPECT_EQ(box->PlainText(), u"no header \\b here");
+  for (const TextView start : {u"\u00EF\u00BB\u00BF", u"\uFEFF", u" \r\n", u"\u00EF\u00BB\u00BF\uFEFF \t"}) {
+    box->SetTextRTF(Text(start) + u"{\\rtf1 a}");
+    EXPECT_EQ(box->PlainText(), u"a") << start.size();
+  }
+  box->SetTextRTF(u"\uFEFF\uFEFF{\\rtf1 a}");
+  EXPECT_EQ(box->PlainText(), u"\uFEFF\uFEFF{\\rtf1 a}");
   box->SetText(u"line\r\n");
   EXPECT_EQ(box->PlainText(), u"line\r\n");
 }

@@ -235,8 +235,8 @@ TEST(FontWords, ComeOutAsByTheLetter) {
       {u"\\f", u"\\f1", u"\\F2 ", u"\\f0&nbsp;", u"\\f12", u"\\f3&nbsp;&nbsp;&#", u"\\f03 ", u"1", u"2 ",
        u"é", u"\\", u"<", u"x", u" text "},
       // Words within words: what goes makes new ones, also ahead of the place.
-      {u"\\f", u"\\f", u"\\f", u"\\", u"F", u"3 ", u"3 ", u"1", u"1 ", u"4&nbsp;", u"12", u"0 ", u"x",
-       u"&nbsp;"}};
+      {u"\\f", u"\\f", u"\\f", u"\\", u"F", u"3 ", u"3 ", u"3&nbsp;", u"1", u"1 ", u"4&nbsp;", u"12", u"0 ",
+       u"x", u"&nbsp;"}};
   for (const char16_t* body_only : {u"no", u"yes"}) {
     for (const std::vector<TextView>& some : pieces) {
       for (const Text& text : RandomTexts(some, 4000, 14)) {
@@ -358,6 +358,16 @@ TEST(TranslateSegment, StopsAtTheLimitOfGrowth) {
         for (int i = 0; i < 100; ++i) Translate(apartment, {u"plain\\b some text"});
       },
       LimitReached);
+}
+
+TEST(TranslateSegment, PutsTheRestAroundALongBody) {
+  Apartment apartment = Document();
+  apartment.rtf_to_html.LongSegments = 5;
+  apartment.rtf_to_html.HtmlOut.Assign(u"page");
+  const Text text(70000, u'x');
+  Translate(apartment, {u"plain\\i " + text});
+  EXPECT_TRUE(apartment.rtf_to_html.HtmlOut.text() ==
+              u"page<i><font FACE=\"Arial\" >" + text + u"</font></i></i>");
 }
 
 TEST(TranslateSegment, LivesThroughAnySegment) {

@@ -97,7 +97,7 @@ void CarryEffectsOverCells(Document& document) {
   for (std::size_t index = 0; index < runs.size(); ++index) {
     const std::uint32_t own = runs[index].format;
     const std::size_t end = index + 1 < runs.size() ? runs[index + 1].begin : document.text.size();
-    for (std::size_t at = runs[index].begin; at < end; ++at) {
+    for (std::size_t at = runs[index].begin;; ++at) {
       std::size_t stop = at;
       while (stop < end && !EndsCellRowOrParagraph(document.text[stop])) ++stop;
       if (stop > at) {

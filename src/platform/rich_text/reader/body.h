@@ -40,8 +40,8 @@ class Body {
   void EndRow();
   /// Ends the row of a nested table.
   void EndNestedRow() { builder_.EndNestedRow(formats_.StructureId()); }
-  /// Takes a word of a row definition; false for any other.
-  bool ReadRowWord(const Token& token) { return builder_.RowDefinition().Read(token); }
+  /// Takes a word of a row definition, and passes over any other.
+  void ReadRowWord(const Token& token) { builder_.RowDefinition().Read(token); }
   bool InRow() const { return builder_.InRow(); }
   /// Whether paragraphs and rows are lines: in a footnote, and in a text box in a cell.
   bool IsOneLine() const { return groups_.Top().in_footnote || groups_.Top().within_row; }

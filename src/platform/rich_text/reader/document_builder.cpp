@@ -96,7 +96,7 @@ void DocumentBuilder::PutRow() {
   document_.paragraphs.resize(row_->first_paragraph);
   const auto begin = document_.text.begin() + static_cast<std::ptrdiff_t>(row_->begin);
   std::replace(begin, document_.text.end(), structure::kParagraph, structure::kLine);
-  ParagraphEnd end{.format = row_->format.value_or(ParagraphFormat{}), .in_table = true};
+  ParagraphEnd end{.format = row_->format.value_or(ParagraphFormat{})};
   end.format.row = document_.RowId(row_words_.Words());
   end.format.list = 0;
   PutParagraph(end);
@@ -138,7 +138,6 @@ void DocumentBuilder::Finish(const ParagraphEnd& paragraph, std::uint32_t format
       EndRow(paragraph, LastFormat());
     }
   }
-  row_.reset();
   const bool ends_in_row =
       !document_.paragraphs.empty() && document_.formats[document_.paragraphs.back().format].row != 0;
   if (document_.paragraphs.empty() || ends_in_row || !ParagraphIsEmpty()) {

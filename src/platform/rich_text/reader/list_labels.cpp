@@ -13,14 +13,15 @@ bool IsLetterOrDigit(char16_t unit) {
   return IsAsciiAlphanumeric(unit) || (unit >= 0xC0 && unit < 0x2000) || (unit >= 0x3040 && unit < 0xD800);
 }
 
+/// Up to 899: no label goes further.
 Text Roman(std::int32_t number) {
   struct Numeral {
     std::int32_t value;
     TextView text;
   };
-  constexpr Numeral kNumerals[] = {{1000, u"M"}, {900, u"CM"}, {500, u"D"}, {400, u"CD"}, {100, u"C"},
-                                   {90, u"XC"},  {50, u"L"},   {40, u"XL"}, {10, u"X"},   {9, u"IX"},
-                                   {5, u"V"},    {4, u"IV"},   {1, u"I"}};
+  constexpr Numeral kNumerals[] = {{500, u"D"}, {400, u"CD"}, {100, u"C"}, {90, u"XC"},
+                                   {50, u"L"},  {40, u"XL"},  {10, u"X"},  {9, u"IX"},
+                                   {5, u"V"},   {4, u"IV"},   {1, u"I"}};
   Text result;
   for (const Numeral& numeral : kNumerals) {
     for (; number >= numeral.value; number -= numeral.value) result += numeral.text;

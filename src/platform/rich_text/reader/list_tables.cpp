@@ -41,20 +41,26 @@ void ListTables::ReadTableWord(const Token& token) {
     case Keyword::Listid:
       lists_[token.number] = levels_;
       break;
+    case Keyword::Levelnfc:
+      if (Level* const level = OpenLevel()) level->number_kind = token.number;
+      break;
+    case Keyword::Levelstartat:
+      if (Level* const level = OpenLevel()) level->start = std::clamp(token.number, 0, kHighestStart);
+      break;
     default:
-      if (level_count_ == 0 || level_count_ > kLevels) break;
-      if (token.keyword == Keyword::Levelnfc) levels_[level_count_ - 1].number_kind = token.number;
-      if (token.keyword == Keyword::Levelstartat) {
-        levels_[level_count_ - 1].start = std::clamp(token.number, 0, kHighestStart);
-      }
+      break;
   }
 }
 
+ListTables::Level* ListTables::OpenLevel() {
+  return level_count_ == 0 || level_count_ > kLevels ? nullptr : &levels_[level_count_ - 1];
+}
+
 void ListTables::SetLevelText(const Text& text) {
-  if (level_count_ == 0 || level_count_ > kLevels || text.empty()) return;
-  Text& target = levels_[level_count_ - 1].text;
-  target = text.substr(1, kLongestLevelText);  // after its length
-  if (!target.empty() && target.back() == u';') target.pop_back();
+  Level* const level = OpenLevel();
+  if (level == nullptr || text.empty()) return;
+  level->text = text.substr(1, kLongestLevelText);  // after its length
+  if (level->text.ends_with(u';')) level->text.pop_back();
 }
 
 void ListTables::ReadOverrideWord(const Token& token) {

@@ -44,6 +44,8 @@ class ListTables {
     std::array<std::int32_t, kLevels> counters{};  // 0 before the first item
   };
 
+  /// The level that is being read; null where there is none, or one beyond the last.
+  Level* OpenLevel();
   static Text ComputeLabel(const Levels& levels, const Override& override, std::size_t level);
 
   std::unordered_map<std::int32_t, Levels> lists_;

@@ -15,46 +15,44 @@ constexpr std::size_t kMostCells = 63;
 
 }  // namespace
 
-bool RowWords::Read(const Token& token) {
-  if (token.keyword == Keyword::Trowd) {
-    *this = RowWords{};
-    return true;
-  }
-  return ReadMeasureWord(token) || ReadBorderWord(token);
+void RowWords::Read(const Token& token) {
+  if (token.keyword == Keyword::Trowd) *this = RowWords{};
+  ReadMeasureWord(token);
+  ReadBorderWord(token);
 }
 
 void RowWords::BeginNew() {
   if (ended_) *this = RowWords{};
 }
 
-bool RowWords::ReadMeasureWord(const Token& token) {
+void RowWords::ReadMeasureWord(const Token& token) {
   switch (token.keyword) {
     case Keyword::Trgaph:
       BeginNew();
       gap_ = Twips(token.number);
-      return true;
+      return;
     case Keyword::Trleft:
       BeginNew();
       left_ = Twips(token.number);
-      return true;
+      return;
     case Keyword::Trqc:
       BeginNew();
       alignment_ = Alignment::Centre;
-      return true;
+      return;
     case Keyword::Trqr:
       BeginNew();
       alignment_ = Alignment::Right;
-      return true;
+      return;
     case Keyword::Cellx:
       BeginNew();
       EndCellDefinition(token.number);
-      return true;
+      return;
     default:
-      return false;
+      return;
   }
 }
 
-bool RowWords::ReadBorderWord(const Token& token) {
+void RowWords::ReadBorderWord(const Token& token) {
   switch (token.keyword) {
     case Keyword::Trbrdrt:
       return BeginBorder(true, 0);
@@ -74,25 +72,24 @@ bool RowWords::ReadBorderWord(const Token& token) {
       return BeginBorder(false, 3);
     case Keyword::OtherBorder:
       border_ = nullptr;
-      return true;
+      return;
     case Keyword::Brdrs:
       if (border_ != nullptr) border_->shown = true;
-      return true;
+      return;
     case Keyword::Brdrnone:
       if (border_ != nullptr) border_->shown = false;
-      return true;
+      return;
     case Keyword::Brdrw:
       if (border_ != nullptr) border_->width = std::clamp(token.number, 1, kWidestBorder);
-      return true;
+      return;
     default:
-      return false;
+      return;
   }
 }
 
-bool RowWords::BeginBorder(bool of_row, std::size_t side) {
+void RowWords::BeginBorder(bool of_row, std::size_t side) {
   BeginNew();
   border_ = of_row ? &row_borders_[side] : &cell_borders_[side];
-  return true;
 }
 
 // The control writes style and width of a row's border in the other order

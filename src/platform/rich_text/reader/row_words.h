@@ -13,8 +13,8 @@ namespace quillary::platform::rtf {
 
 class RowWords {
  public:
-  /// Takes a word of a row definition, "\trowd" included; false for any other.
-  bool Read(const Token& token);
+  /// Takes a word of a row definition, "\trowd" included, and passes over any other.
+  void Read(const Token& token);
   /// The definition as it stands.
   Text Words() const;
   /// A row ended. A word that follows begins a new definition; without one
@@ -29,9 +29,9 @@ class RowWords {
   using Borders = std::array<Border, 4>;  // top, left, bottom, right
 
   void BeginNew();
-  bool ReadMeasureWord(const Token& token);
-  bool ReadBorderWord(const Token& token);
-  bool BeginBorder(bool of_row, std::size_t side);
+  void ReadMeasureWord(const Token& token);
+  void ReadBorderWord(const Token& token);
+  void BeginBorder(bool of_row, std::size_t side);
   void EndCellDefinition(std::int32_t right_edge);
   static void AppendBorder(Text& words, TextView side, const Border& border, bool of_row);
 
