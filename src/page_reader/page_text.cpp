@@ -228,6 +228,6 @@ Text SpellPage(Text page) {
   return Spelling(page, false).Run();
 }
 
-Text SpellReferences(Text page) { return Spelling(page, true).Run(); }
+Text SpellReferences(TextView page) { return Spelling(page, true).Run(); }
 
 }  // namespace quillary::page_reader

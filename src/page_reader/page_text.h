@@ -18,6 +18,6 @@ Text SpellPage(Text page);
 
 /// The same for a page whose units are bytes that the rules decode: only its
 /// references are spelled, and every unit beyond ASCII and control character stays.
-Text SpellReferences(Text page);
+Text SpellReferences(TextView page);
 
 }  // namespace quillary::page_reader

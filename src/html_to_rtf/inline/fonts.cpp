@@ -68,7 +68,7 @@ void OpenFont(Apartment& apartment, TextView tag) {
   ReadFace(state, tag);
   FontLevel& level = state.FontStack.Top();
   const Text points = ReadCssFontSize(apartment, tag);
-  if (!points.empty()) level.size = RoundNumberText(points) * 2;
+  if (!points.empty()) level.size = RoundNumberText(points) * std::int64_t{2};
   ReadSize(level, tag);
   ReadHalfPoints(level, tag);
   ReadColour(apartment, tag);

@@ -77,7 +77,7 @@ void ReadSize(Apartment& apartment, TextView tag) {
   if (Holds(size, u"EM")) {
     size = NumberText(ToNumber(ReplaceAll(ReplaceAll(size, u"em", u""), u"EM", u"")) * 12.0);
   }
-  if (!size.empty()) apartment.html_to_rtf.FontStack.Top().size = RoundNumberText(size) * 2;
+  if (!size.empty()) apartment.html_to_rtf.FontStack.Top().size = RoundNumberText(size) * std::int64_t{2};
 }
 
 void EndHighlight(HtmlToRtfState& state) {

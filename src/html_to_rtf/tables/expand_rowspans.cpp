@@ -226,9 +226,10 @@ class RowspanExpansion {
       tag = NextMarkup(text, tag.at + std::max<std::size_t>(cell_text.size(), 1));
     }
     row.end = row.start + text.size();
-    const auto behind = std::lower_bound(rows_.begin(), rows_.end(), row.end,
-                                         [](const Row& other, std::size_t at) { return other.start < at; });
-    if (behind != rows_.end()) row.next = static_cast<std::size_t>(behind - rows_.begin());
+    const auto after_row =
+        std::lower_bound(rows_.begin(), rows_.end(), row.end,
+                         [](const Row& other, std::size_t at) { return other.start < at; });
+    if (after_row != rows_.end()) row.next = static_cast<std::size_t>(after_row - rows_.begin());
     return row;
   }
 

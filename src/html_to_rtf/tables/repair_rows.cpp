@@ -107,10 +107,10 @@ class RowMarking {
       if (table->place.kind != TableMarkup::Table) continue;
       const std::size_t first = next_row_[table->index];
       if (first == kNone) return;
-      const std::size_t behind = Mark(originals_[first], u" FIRST_ROW");
-      const std::size_t end = next_table_end_[behind];
+      const std::size_t after_row = Mark(originals_[first], u" FIRST_ROW");
+      const std::size_t end = next_table_end_[after_row];
       const std::size_t last = end == kNone ? kNone : last_row_[end];
-      Mark(originals_[last != kNone && last >= behind ? last : first], u" LAST_ROW");
+      Mark(originals_[last != kNone && last >= after_row ? last : first], u" LAST_ROW");
     }
   }
 

@@ -113,7 +113,7 @@ Text CellWords(Apartment& apartment, TextView row, CellPlace place, TextView str
 Text RowWords(const TableLevel& level) {
   Text words;
   if (level.hasBorder) words += BordersOfTable(level, u"\\trbrdr");
-  const Text padding = Decimal(Integer16(level.padding * 10));
+  const Text padding = Decimal(Integer16(level.padding * std::int64_t{10}));
   for (const TextView word : {u"\\trpaddb", u"\\trpaddt", u"\\trpaddl", u"\\trpaddr"})
     words.append(word).append(padding);
   return words + u"\\trpaddfb3\\trpaddft3\\trpaddfr3\\trpaddfl3";

@@ -80,7 +80,7 @@ void AppendEdge(Text& words, TextView edge, const Integer16& width, const Intege
     words += u"\\brdrtbl";
     return;
   }
-  words.append(u"\\brdrs\\brdrw").append(Decimal(Integer16(width * 10)));
+  words.append(u"\\brdrs\\brdrw").append(Decimal(Integer16(width * std::int64_t{10})));
   if (colour > 0) words.append(u"\\brdrcf").append(Decimal(colour));
 }
 

@@ -201,7 +201,8 @@ void Columns::Share(const Integer16& room) {
       std::count_if(widths_.begin(), widths_.end(), [](const Text& width) { return Number(width) == 0; });
   if (zeros > 0) {
     zero_share_ =
-        rest > 0 ? Decimal(static_cast<std::int64_t>(rest / static_cast<double>(zeros) + 0.5)) : u"10";
+        rest > 0 ? Decimal(static_cast<std::int64_t>(std::floor(rest / static_cast<double>(zeros) + 0.5)))
+                 : u"10";
     return;
   }
   const auto even = std::count(widths_.begin(), widths_.end(), share_);

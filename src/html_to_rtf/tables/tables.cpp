@@ -58,7 +58,7 @@ void ReadBorder(HtmlToRtfState& state, TextView tag) {
 void ReadPadding(HtmlToRtfState& state, TextView tag) {
   std::int16_t padding = 1;
   Attempt([&] { padding = ReadNumber(tag, u"CELLPADDING", 6, 1); });
-  OpenLevel(state).padding = padding * 2;
+  OpenLevel(state).padding = padding * std::int64_t{2};
 }
 
 void ReadSpacing(HtmlToRtfState& state, TextView tag) {
@@ -66,7 +66,7 @@ void ReadSpacing(HtmlToRtfState& state, TextView tag) {
   Attempt([&] { spacing = ReadNumber(tag, u"CELLSPACING", 6, 2); });
   if (spacing == 2) return;
   TableLevel& level = OpenLevel(state);
-  level.borderTop = level.borderLeft = level.borderBottom = level.borderRight = spacing * 10;
+  level.borderTop = level.borderLeft = level.borderBottom = level.borderRight = spacing * std::int64_t{10};
 }
 
 // The widths of the columns of the enclosing table that its open cell spans, together.
