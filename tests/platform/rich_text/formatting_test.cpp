@@ -216,6 +216,10 @@ TEST(Formatting, DecodesBytesThatComeInPieces) {
        japanese + "{\\pntext 1\\'83}a\\par{\\field{\\*\\fldinst HYPERLINK \"http://\\'83}{\\fldrslt "
                   "b}}{\\*\\pn\\pnlvlbody{\\pntxta\\'83}}c}",
        "1・\011a\r\n1・\011b <http://・>c"},
+      {"the first and last symbols",
+       Document("{\\f2\\'20\\'21\\'7e\\'7f\\'80\\'9f\\'a0\\'a1\\'fe\\'ff\\u61440?\\u61441?\\u61695?\\u61696?}"
+                "{\\f3\\'27\\'28\\'fe\\'ff\\'9e\\'dd}{\\f1\\u61601?}"),
+       " !∼\u007f€Ÿ€ϒ⎭ÿ\001ÿ'☎☑ÿ·Ý"},
       {"fallbacks",
        Document("\\uc3\\u945 a\\'e9\\~bc\\u945\\{\\tab d e\\u945 {f}g\\u945 ab\\\r\ncd\\uc0\\u945 "
                 "h\\uc-1\\u945 i\\uc300\\u945 j{}k\\uc1\\u945\\emdash "
