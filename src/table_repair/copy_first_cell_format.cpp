@@ -115,14 +115,12 @@ class RowFormat {
     std::size_t units = row_.text.size();
     for (std::size_t i = 0; i < cells_.size(); ++i) {
       formatted[i] = Formatted(i);
-      const auto found = cells_by_text.find(cells_[i]);
-      if (found != cells_by_text.end() && formatted[i] != cells_[i]) {
-        const std::vector<std::size_t> changed = std::move(found->second);
-        cells_by_text.erase(found);
-        for (const std::size_t cell : changed) now[cell] = formatted[i];
-        units = units + changed.size() * formatted[i].size() - changed.size() * cells_[i].size();
-        std::vector<std::size_t>& same = cells_by_text[formatted[i]];
-        same.insert(same.end(), changed.begin(), changed.end());
+      std::vector<std::size_t>& same = cells_by_text[cells_[i]];
+      // What has the format already stays as it is, be it by an earlier cell.
+      if (formatted[i] != cells_[i]) {
+        for (const std::size_t cell : same) now[cell] = formatted[i];
+        units = units + same.size() * formatted[i].size() - same.size() * cells_[i].size();
+        same.clear();
       }
       CheckLimit(units);
     }

@@ -89,6 +89,20 @@ TEST(Notation, EveryRuleOfTheProgramReadsAsItself) {
   }
 }
 
+TEST(Notation, SpellsRulesAndConditions) {
+  const MadeChain made(
+      "chain A binary\nstage s \"\"\nwhen not ⟨x⟩ ignore-case and shorter than 5\n⟨a␣⏎␍⟩ -> ⟨⟩ first 2\n"
+      "when ⟨y⟩\n⟨b␊\\u{A0}⟩ -> ⟨c⟩ ignore-case\nend\nend\n⟨d⟩ -> ⟨e⟩\n");
+  const std::vector<Row> rows = RowsOf(made.chain());
+  ASSERT_EQ(rows.size(), 3U);
+  EXPECT_EQ(ToUtf8(rows[0].guard), "not ⟨x⟩ ignore-case and shorter than 5");
+  EXPECT_EQ(ToUtf8(rows[0].rule), "⟨a␣⏎␍⟩ -> ⟨⟩ binary first 2");
+  EXPECT_EQ(ToUtf8(rows[1].guard), "not ⟨x⟩ ignore-case and shorter than 5 and ⟨y⟩ binary");
+  EXPECT_EQ(ToUtf8(rows[1].rule), "⟨b␊\\u{A0}⟩ -> ⟨c⟩ ignore-case");
+  EXPECT_EQ(rows[2].guard, u"");
+  EXPECT_EQ(ToUtf8(rows[2].rule), "⟨d⟩ -> ⟨e⟩ binary");
+}
+
 std::string Deformed(const std::string& source) {
   std::string deformed = "\n";
   for (std::size_t at = 0; at < source.size(); ++at) {

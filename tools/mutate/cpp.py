@@ -73,8 +73,8 @@ def changes_nothing(lines, at, word):
     # After the last break of a switch the switch ends; cases are indented by four more than their switch.
     if word == "break" and lines[at].strip() == "break;":
         return at + 1 < len(lines) and re.fullmatch(" " * (len(lines[at]) - len("break;") - 4) + "}", lines[at + 1])
-    # By one unit, a text is refused that is longer than any document makes it.
-    return word in (">", ">=") and re.search(r"\blimits::k\w+Units\b", lines[at])
+    # By one unit, a text is refused that grows beyond what any document makes of it.
+    return word in (">", ">=") and re.search(r"\blimits::k\w+Units\b|\bthrow LimitReached\b", lines[at])
 
 
 def is_set(lines, at):

@@ -472,6 +472,7 @@ TEST(CanonicalForm, SpellsWhatThePageWouldMisread) {
 }
 
 TEST(CanonicalForm, EndsFormatsWhereThePageNeedsIt) {
+  const std::string bullets = "{\\*\\pn\\pnlvlblt\\pnf2{\\pntxtb\\'B7}}";
   const std::string two = "\\trowd\\cellx100\\cellx200";
   const std::string bullet = "{\\pntext\\f1\\'B7\\tab}";
   const std::string bullet_list = "{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'B7}}";
@@ -512,6 +513,20 @@ TEST(CanonicalForm, EndsFormatsWhereThePageNeedsIt) {
            "d\r\n\\par \\pard\\ul e\\ulnone\\i0 \r\n\\par " + two +
            "\\pard\\intbl\\ul\\i f\\cell\\b g\\ulnone\\b0\\i0\\cell\\row\r\n\\pard" + bullet + bullet_list +
            "\\ul\\b\\i \r\n\\par " + bullet + "\r\n\\par \\pard h"},
+      {"effects of an empty paragraph in front of an item without them",
+       Document(two + "\\pard\\intbl\\b\\ul a\\cell b\\cell\\row\\pard\\par" + bullets +
+                "\\b0 c\\par\\pard\\b d\\par" + two + "\\pard\\intbl e\\cell f\\cell\\row\\pard" + bullets +
+                "\\par\\b0\\par g\\par\\pard h"),
+       two +
+           "\\pard\\intbl\\ul\\b\\f0\\fs24 a\\cell b\\ulnone\\cell\\row\r\n\\pard\\ul\\b0 \r\n\\par \\pard" +
+           bullet + bullet_list + "c\r\n\\par \\pard\\b d\\ulnone\\b0 \r\n\\par " + two +
+           "\\pard\\intbl\\ul\\b e\\cell f\\ulnone\\cell\\row\r\n\\pard" + bullet + bullet_list +
+           "\\ul\\b0 \r\n\\par " + bullet + "\r\n\\par " + bullet + "g\r\n\\par \\pard h"},
+      {"and in front of a row",
+       Document(two + "\\pard\\intbl\\b a\\cell b\\cell\\row\\pard\\par" + two +
+                "\\pard\\intbl c\\cell\\i d\\cell\\row\\pard\\b0\\par e"),
+       two + "\\pard\\intbl\\b\\f0\\fs24 a\\cell b\\cell\\row\r\n\\pard\\b0 \r\n\\par " + two +
+           "\\pard\\intbl\\b c\\cell\\i d\\i0\\cell\\row\r\n\\pard\\b0\\i \r\n\\par e"},
       {"effects of empty paragraphs in front of items",
        Document(two + "\\pard\\intbl\\b\\i\\ul a\\cell "
                       "b\\cell\\row\\pard\\b\\par\\i0\\par{\\*\\pn\\pnlvlblt\\pnf2}\\ulnone c\\par\\pard d"),

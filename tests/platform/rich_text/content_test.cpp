@@ -262,6 +262,10 @@ TEST(Content, ReadsOtherGroupsAndSymbols) {
                 "c\\line\\cell\\row\\pard d"),
        "ab\r\n\011c\r\n\r\nd"},
       {"the end of a group ends a fallback", Document("{\\u945}?{\\uc2\\u946 x}yz{\\*\\x\\u947}?"), "α?βyz?"},
+      {"names of destinations elsewhere",
+       Document("{\\falt a}{\\pntxtb b}{\\pntxta c}{\\leveltext d}{\\fname e}f{\\*\\falt g}{\\*\\leveltext "
+                "h}{\\fonttbl{\\falt i}{\\f9 J;}}k"),
+       "abcfk"},
       {"a page in mail",
        "{\\rtf1\\fromhtml1 {\\*\\htmltag4 <p>}\\htmlrtf a\\htmlrtf0 b\\htmlrtf1  \\htmlrtf0 c {\\htmlrtf  "
        "}d\\htmlrtf  e\\htmlrtf0 {\\*\\htmltag84 &lt;}\\htmlrtf <\\htmlrtf0 f{\\*\\htmltag84 <b>}\\htmlrtf "

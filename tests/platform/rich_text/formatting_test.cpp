@@ -188,6 +188,9 @@ TEST(Formatting, DecodesBytesThatComeInPieces) {
        utf8 + "\\'80\\b a\\'e9\\b0 b\\'c3\\b\\'a9 c\\'80\\'80\\'80\\'80\\b0 d\\'c3\\i e\\'bf\\i0 f}",
        "\\pard\\f0\\fs24 \\u65533?\\b a\\b0 \\u65533?b\\b \\'e9 c\\u65533?\\u65533?\\u65533?\\u65533?\\b0 "
        "d\\i \\u65533?e\\u65533?\\i0 f\\lang1033 "},
+      {"bytes at the ends of groups with formats",
+       japanese + "{\\b\\'93\\'fa}\\'96\\'7b{\\i\\'8c}\\'ea{\\b\\'83\\'41{\\i\\'83\\'42}}x}",
+       "\\pard\\b\\fs24 \\u26085?\\b0 \\u26412?\\u35486?\\b \\u12450?\\i \\u12451?\\b0\\i0 x\\lang1033 "},
       {"bytes that never end, in front of what ends a paragraph",
        japanese + "\\'83\\par\\'83\\\n\\'83\\page\\'83\\row a{\\'83}\\'83{b}\\'83{\\*\\x c}\\'83{\\info d}}",
        "\\pard\\fs24 \\u12539?\r\n\\par \\u12539?\r\n\\par \\u12539?\r\n\\par \\trowd\\pard\\intbl "
@@ -216,6 +219,10 @@ TEST(Formatting, DecodesBytesThatComeInPieces) {
        japanese + "{\\pntext 1\\'83}a\\par{\\field{\\*\\fldinst HYPERLINK \"http://\\'83}{\\fldrslt "
                   "b}}{\\*\\pn\\pnlvlbody{\\pntxta\\'83}}c}",
        "1・\011a\r\n1・\011b <http://・>c"},
+      {"the first and last symbols",
+       Document("{\\f2\\'20\\'21\\'7e\\'7f\\'80\\'9f\\'a0\\'a1\\'fe\\'ff\\u61440?\\u61441?\\u61695?\\u61696?}"
+                "{\\f3\\'27\\'28\\'fe\\'ff\\'9e\\'dd}{\\f1\\u61601?}"),
+       " !∼\u007f€Ÿ€ϒ⎭ÿ\001ÿ'☎☑ÿ·Ý"},
       {"fallbacks",
        Document("\\uc3\\u945 a\\'e9\\~bc\\u945\\{\\tab d e\\u945 {f}g\\u945 ab\\\r\ncd\\uc0\\u945 "
                 "h\\uc-1\\u945 i\\uc300\\u945 j{}k\\uc1\\u945\\emdash "

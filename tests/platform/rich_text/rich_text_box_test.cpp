@@ -37,6 +37,11 @@ TEST(RichTextBox, TakesPlainText) {
   EXPECT_EQ(box->TextRTF(), rtf);
   box->SetTextRTF(u"no header \\b here");
   EXPECT_EQ(box->PlainText(), u"no header \\b here");
+  box->SetText(u"a\u0001b\u000bc\u0080\u009f\u0081\u007f\u00a0\td\r\r\n\n\re\u001f ");
+  EXPECT_TRUE(
+      ToUtf8(box->TextRTF())
+          .ends_with("\\fs17 ab\\line c\\'80\\'9f\\'81\\u127?\\~\\tab d\r\n\\par \r\n\\par \r\n\\par \r\n"
+                     "\\par e\\~\\lang1033 \r\n\\par }"));
   for (const TextView start : {u"\u00EF\u00BB\u00BF", u"\uFEFF", u" \r\n", u"\u00EF\u00BB\u00BF\uFEFF \t"}) {
     box->SetTextRTF(Text(start) + u"{\\rtf1 a}");
     EXPECT_EQ(box->PlainText(), u"a") << start.size();
@@ -56,6 +61,8 @@ TEST(RichTextBox, MakesADocumentOfAnything) {
   }();
   CheckTexts({
       {"a hundred thousand groups", deep, "x"},
+      {"more groups than are kept",
+       "{\\rtf1 " + std::string(200010, '{') + "x" + std::string(200010, '}') + "y}z", "xy"},
       {"a control word of a megabyte", "{\\rtf1 a\\" + std::string(1 << 20, 'b') + " c}", "ac"},
       {"numbers beyond 32 bits",
        "{\\rtf1 \\fs99999999999999999999 a\\li-99999999999999\\u99999999999?b\\uc99999999999 c}", "abc"},
@@ -69,6 +76,10 @@ TEST(RichTextBox, MakesADocumentOfAnything) {
       {"cells without a table", "{\\rtf1 a\\cell b\\cell\\row c}", "a\tb\r\nc"},
       {"rows without cells", "{\\rtf1 a\\row b\\row}", "a\r\nb\r\n"},
   });
+  // The formatting of the last that is kept is that of all in it.
+  EXPECT_TRUE(Body("{\\rtf1" + std::string(199996, '{') + "\\b a{\\i b{\\ul c{\\strike d}e}f}g" +
+                   std::string(199996, '}') + "y}")
+                  .ends_with("\\b\\fs24 a\\i b\\ul c\\strike de\\ulnone\\strike0 f\\i0 g\\b0 y"));
   const auto box = MakeRichTextBox();
   const TextView too_long(u"x", limits::kInputUnits + 1);  // refused before it is read
   EXPECT_THROW(box->SetTextRTF(too_long), LimitReached);

@@ -189,6 +189,20 @@ TEST(Driver, SaysWhereACountStoppedShort) {
   }
 }
 
+TEST(Driver, CountsWhatClosesThePageToo) {
+  Apartment apartment;
+  apartment.services = ControlOnly();
+  const auto convert = [&] {
+    Properties properties = NewProperties(u"");
+    properties.CleanRTF = u"nono";
+    return component::ConvertRTF(apartment, properties);
+  };
+  apartment.working_limit = convert().size();
+  EXPECT_NO_THROW(convert());
+  --apartment.working_limit;
+  EXPECT_THROW(convert(), LimitReached);
+}
+
 TEST(Driver, TheDumpIsWrittenOrAMessageShown) {
   const auto diagnostics = std::make_shared<FakeDiagnostics>();
   Apartment apartment;

@@ -163,17 +163,13 @@ void Destinations::End(const Group& closed) {
       header_.fonts.SetAlternativeName(Text(TrimView(gathered_)));
       break;
     case Destination::StyleSheet:
-      if (!goes_on) break;
-      header_.styles.Add(closed.character, closed.paragraph);
-      gathered_.clear();
+      if (goes_on) header_.styles.Add(closed.character, closed.paragraph);
       break;
     case Destination::LevelText:
       header_.lists.SetLevelText(gathered_);
       break;
     case Destination::Label:
-      if (goes_on) break;
-      while (!gathered_.empty() && gathered_.back() <= u' ') gathered_.pop_back();
-      body_.SetLabel(Text(TrimView(gathered_)));
+      if (!goes_on) body_.SetLabel(Text(TrimView(gathered_)));
       break;
     case Destination::NumberBefore:
       numbering_.SetBefore(gathered_);
