@@ -266,6 +266,8 @@ TEST(Content, ReadsOtherGroupsAndSymbols) {
        Document("{\\falt a}{\\pntxtb b}{\\pntxta c}{\\leveltext d}{\\fname e}f{\\*\\falt g}{\\*\\leveltext "
                 "h}{\\fonttbl{\\falt i}{\\f9 J;}}k"),
        "abcfk"},
+      {"line ends in the RTF", Document("a\\u945\r\n?b{\r\n\\info c}{\n\\*\r\\unknown d}\\b\r\ne\\'\r\nf"),
+       "aαbef"},
       {"a page in mail",
        "{\\rtf1\\fromhtml1 {\\*\\htmltag4 <p>}\\htmlrtf a\\htmlrtf0 b\\htmlrtf1  \\htmlrtf0 c {\\htmlrtf  "
        "}d\\htmlrtf  e\\htmlrtf0 {\\*\\htmltag84 &lt;}\\htmlrtf <\\htmlrtf0 f{\\*\\htmltag84 <b>}\\htmlrtf "
