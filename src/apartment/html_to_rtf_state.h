@@ -66,6 +66,24 @@ struct TableLevel {
   Integer16 colourRight;
 };
 
+/// What a selector of a style sheet asks for.
+struct StyleRule {
+  Text Selector;    // in upper case, without its "." or "#"
+  Text Face;        // the first of its family
+  Integer16 Size;   // in half points, 0 for none
+  Text Colour;      // hexadecimal digits, without "#"
+  Text Background;  // the same
+  Text Spare;       // never written
+  Text ListStyle;   // the TYPE of a list: "1", "a", "A", "i", "I", or as the sheet has it
+};
+
+struct StyleSheet {
+  Text Name;  // "HTML" for that of the page itself, else its path
+  List<StyleRule> TagRules;
+  List<StyleRule> ClassRules;
+  List<StyleRule> IdRules;
+};
+
 struct HtmlToRtfState {
   Text RtfOut;                // the body of the RTF; all handlers append to it
   rules::Rewriting HtmlWork;  // the page: rewritten first, then walked
@@ -108,6 +126,10 @@ struct HtmlToRtfState {
   Integer16 RestoreHighlight;
   Integer16 HighlightSpans;
   bool FontHighlight = false;
+
+  List<StyleSheet> StyleSheets;
+
+  Integer16 FetchCount;  // the number of the next file that is downloaded
 
   // The charset of the page.
   Integer16 DocCharset;

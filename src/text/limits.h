@@ -17,6 +17,23 @@ inline constexpr int kTableNesting = 500;
 /// Cells that are put below ROWSPANs where a cell counts for two rows: such pages may have no end.
 inline constexpr int kSharedMergedCells = 2000;
 
+/// Bytes of a linked style sheet: a longer one reads as empty.
+inline constexpr std::size_t kStyleSheetBytes = std::size_t{64} << 20;
+
+/// Style sheets that a page may link to.
+inline constexpr int kLinkedStyleSheets = 1000;
+
+/// Elements that are styled in a page whose tags stand inside each other, each at the cost of
+/// a pass over the page.
+inline constexpr int kStyledInsideTags = 20000;
+
+/// Bytes of the file of a picture: one with more cannot be read.
+inline constexpr std::size_t kPictureFileBytes = std::size_t{64} << 20;
+
+/// A download takes no more seconds, and follows no more redirections.
+inline constexpr int kFetchSeconds = 30;
+inline constexpr int kFetchRedirections = 5;
+
 /// A text may grow to this many times the input, or to this many units,
 /// whichever is more.
 inline constexpr std::size_t kGrowthFactor = 256;

@@ -20,6 +20,18 @@ Json ElementToJson(const ListLevel& level) {
           {"closed", level.closed}};
 }
 Json ElementToJson(const ParaSpan& span) { return span.set; }
+Json ElementToJson(const StyleRule& rule) {
+  return {{"Selector", ToJson(TextView(rule.Selector))}, {"Face", ToJson(TextView(rule.Face))},
+          {"Size", std::int16_t{rule.Size}},             {"Colour", ToJson(TextView(rule.Colour))},
+          {"Background", ToJson(TextView(rule.Background))}, {"Spare", ToJson(TextView(rule.Spare))},
+          {"ListStyle", ToJson(TextView(rule.ListStyle))}};
+}
+Json ElementToJson(const StyleSheet& sheet) {
+  return {{"Name", ToJson(TextView(sheet.Name))},
+          {"TagRules", ListToJson(sheet.TagRules, 0)},
+          {"ClassRules", ListToJson(sheet.ClassRules, 0)},
+          {"IdRules", ListToJson(sheet.IdRules, 0)}};
+}
 
 namespace {
 
@@ -114,6 +126,23 @@ void ElementFromJson(const Json& json, ListLevel& level) {
   read("closed", level.closed);
 }
 void ElementFromJson(const Json& json, ParaSpan& span) { span.set = Boolean(json); }
+void ElementFromJson(const Json& json, StyleRule& rule) {
+  const RecordReader read(json);
+  read("Selector", rule.Selector);
+  read("Face", rule.Face);
+  read("Size", rule.Size);
+  read("Colour", rule.Colour);
+  read("Background", rule.Background);
+  read("Spare", rule.Spare);
+  read("ListStyle", rule.ListStyle);
+}
+void ElementFromJson(const Json& json, StyleSheet& sheet) {
+  RecordReader read(json);
+  read("Name", sheet.Name);
+  ListFromJson(json.value("TagRules", Json()), sheet.TagRules, 0);
+  ListFromJson(json.value("ClassRules", Json()), sheet.ClassRules, 0);
+  ListFromJson(json.value("IdRules", Json()), sheet.IdRules, 0);
+}
 void ElementFromJson(const Json& json, TableLevel& level) { VisitTableLevel(level, RecordReader(json)); }
 
 namespace {
@@ -150,6 +179,8 @@ void VisitFields(State& state, Visitor& visit) {
   visit("RestoreHighlight", state.RestoreHighlight);
   visit("HighlightSpans", state.HighlightSpans);
   visit("FontHighlight", state.FontHighlight);
+  visit("StyleSheets", state.StyleSheets, 0);
+  visit("FetchCount", state.FetchCount);
   visit("DocCharset", state.DocCharset);
   visit("IsUtf8", state.IsUtf8);
   visit("IsIso2022Jp", state.IsIso2022Jp);

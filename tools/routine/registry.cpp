@@ -82,6 +82,7 @@ const Registry& AllRoutines() {
     AddFinishingRoutines(all);
     AddEntityRoutines(all);
     AddHtmlToRtfRoutines(all);
+    AddStyleRoutines(all);
     return all;
   }();
   return registry;

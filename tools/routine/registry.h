@@ -93,6 +93,7 @@ void AddTableRoutines(Registry& registry);
 void AddFinishingRoutines(Registry& registry);
 void AddEntityRoutines(Registry& registry);
 void AddHtmlToRtfRoutines(Registry& registry);
+void AddStyleRoutines(Registry& registry);
 
 /// Lists in JSON: null was never sized, trailing entries that were never set
 /// are left out. `lowest` is the index of the first entry.

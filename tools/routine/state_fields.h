@@ -49,10 +49,14 @@ Json ElementToJson(const FontLevel& level);
 Json ElementToJson(const ListLevel& level);
 Json ElementToJson(const ParaSpan& span);
 Json ElementToJson(const TableLevel& level);
+Json ElementToJson(const StyleRule& rule);
+Json ElementToJson(const StyleSheet& sheet);
 void ElementFromJson(const Json& json, FontLevel& level);
 void ElementFromJson(const Json& json, ListLevel& level);
 void ElementFromJson(const Json& json, ParaSpan& span);
 void ElementFromJson(const Json& json, TableLevel& level);
+void ElementFromJson(const Json& json, StyleRule& rule);
+void ElementFromJson(const Json& json, StyleSheet& sheet);
 
 template <class Value>
 Json ListToJson(const List<Value>& list, std::int32_t lowest) {

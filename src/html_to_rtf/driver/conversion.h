@@ -12,9 +12,10 @@ struct Conversion {
   TextView style_base;
   TextView image_folder;
   Integer16 border_mode;
-  std::int32_t pass_limit = 0;    // the loop over the tags takes no more passes
-  std::int32_t run_language = 0;  // language number of the last run written, 0 if none was
-  Text document = {};             // the RTF whole
+  bool of_word_processor = false;  // which has written the page
+  std::int32_t pass_limit = 0;     // the loop over the tags takes no more passes
+  std::int32_t run_language = 0;   // language number of the last run written, 0 if none was
+  Text document = {};              // the RTF whole
 
   HtmlToRtfState& state() { return apartment.html_to_rtf; }
   rules::Rewriting& page() { return apartment.html_to_rtf.HtmlWork; }

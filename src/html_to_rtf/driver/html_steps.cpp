@@ -9,10 +9,12 @@
 #include "html_to_rtf/driver/page_frame.h"
 #include "html_to_rtf/driver/page_mappings.rules.h"
 #include "html_to_rtf/driver/tag_loop.h"
+#include "html_to_rtf/floats/floats.h"
 #include "html_to_rtf/inline/css_values.rules.h"
 #include "html_to_rtf/inline/fonts.h"
 #include "html_to_rtf/tables/prefilters.h"
 #include "rules/run.h"
+#include "stylesheet/style_sheets.h"
 
 namespace quillary::HTMLRTFConverter {
 namespace {
@@ -24,21 +26,30 @@ constexpr Step kPreparingSteps[] = {
     {"SupplyFrame", On::Source, SupplyFrame},
     {"DecodeCyrillic", On::Source, DecodeCyrillic},
     {"StartState", On::Page, StartState},
+    {"DetectCharset", On::Page, ReadPageKind},
+    {"ReadWordDefinitions", On::Page, ReadDefinitions},
+    {"ConvertIso2022Jp", On::Page, DecodeIso2022Jp},
     {"RepairRowsAndCells", On::Page, RepairRowsAndCells},
     {"DropRepeatedFontTags", On::Page, DropRepeatedFontTags},
     {"StartFonts", On::Page, StartFonts},
+    {"CollectStyleSheets", On::Page, CollectSheets},
     {"SetBaseLanguage", On::Page, SetBaseLanguage},
 };
 
 constexpr Step kConvertingSteps[] = {
     {"FoldLineEnds", On::Page, &chains::FoldLineEnds},
+    {"StripStyleBlocks", On::Page, stylesheet::StripStyleBlocks},
+    {"FloatsToTables", On::Page, FloatsToTables},
     {"ConvertTableDivs", On::Page, ConvertTableDivs},
     {"ExpandRowspans", On::Page, ExpandRowspans},
     {"MapHeadings", On::Page, &chains::MapHeadings},
     {"MapSmall", On::Page, &chains::MapSmall},
+    {"MarkArabicRuns", On::Page, MarkArabicRuns},
     {"MapPreformatted", On::Page, &chains::MapPreformatted},
     {"MapTableHeaders", On::Page, &chains::MapTableHeaders},
     {"CutHead", On::Page, CutHead},
+    {"TakePassLimit", On::Page, TakePassLimit},
+    {"ApplyStyleRules", On::Page, ApplySheets},
     {"StartBody", On::Page, StartBody},
     {"WalkTags", On::Body, WalkTags, kTagLoopChains},
     {"RestoreArabicRuns", On::Body, &chains::RestoreArabicRuns},

@@ -3,6 +3,8 @@
 #include <optional>
 
 #include "html_to_rtf/characters/runs.h"
+#include "html_to_rtf/charsets/charsets.h"
+#include "stylesheet/style_sheets.h"
 
 namespace quillary::HTMLRTFConverter {
 namespace {
@@ -73,13 +75,32 @@ void StartState(Conversion& conversion) {
   state.ListStack.Size(0);
   state.ListStack.Set(0, {});
   state.RestoreHighlight = 5;
+  state.FetchCount = 1;
   state.HtmlWork = StartRewriting(conversion.apartment, conversion.html);
+}
+
+void ReadPageKind(Conversion& conversion) {
+  conversion.of_word_processor = DetectCharset(conversion.state(), conversion.page().text());
+}
+
+void ReadDefinitions(Conversion& conversion) {
+  if (conversion.of_word_processor) stylesheet::ReadWordDefinitions(conversion.page().Edit());
+}
+
+void DecodeIso2022Jp(Conversion& conversion) {
+  if (conversion.state().IsIso2022Jp) ConvertIso2022Jp(conversion.page().Edit());
 }
 
 void StartFonts(Conversion& conversion) {
   HtmlToRtfState& state = conversion.state();
   state.FontStack.Size(0);
   state.FontStack.Set(0, {0, 24, 1});
+  state.StyleSheets.Size(0);
+  state.StyleSheets.Set(0, {});
+}
+
+void CollectSheets(Conversion& conversion) {
+  stylesheet::CollectStyleSheets(conversion.apartment, conversion.page().text(), conversion.style_base);
 }
 
 void SetBaseLanguage(Conversion& conversion) {
@@ -103,9 +124,15 @@ void CutHead(Conversion& conversion) {
   if (body > 1) page.Edit().erase(0, static_cast<std::size_t>(body) - 1);
 }
 
+void TakePassLimit(Conversion& conversion) { conversion.pass_limit = Length(conversion.page().text()); }
+
+void ApplySheets(Conversion& conversion) {
+  if (conversion.state().StyleSheets[0].Name.empty()) return;
+  stylesheet::ApplyStyleRules(conversion.apartment, conversion.page().Edit());
+}
+
 void StartBody(Conversion& conversion) {
   HtmlToRtfState& state = conversion.state();
-  conversion.pass_limit = Length(state.HtmlWork.text());
   state.FontList.Size(1);
   state.FontList.Set(0, u"Times New Roman");
   state.FontList.Set(1, u"MS Sans Serif");

@@ -6,6 +6,7 @@
 
 #include "html_to_rtf/blocks/breaks.h"
 #include "html_to_rtf/characters/runs.h"
+#include "html_to_rtf/charsets/charsets.h"
 #include "html_to_rtf/driver/tag_handlers.h"
 #include "html_to_rtf/inline/backgrounds.h"
 #include "html_to_rtf/inline/rtf_words.h"
@@ -103,6 +104,7 @@ class TagLoop {
       }
     }
     if (state_.TableDepth > 0) state_.TextInTable = true;
+    if (state_.IsGb2312) AttemptOnce("DecodeGb2312Run", [&] { DecodeGb2312Run(run); });
     EncodeHighChars(conversion_.apartment, run);
     AttemptOnce("WriteRun", [&] { WriteRun(run); });
     state_.AfterGap = true;

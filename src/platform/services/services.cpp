@@ -3,7 +3,10 @@
 namespace quillary::platform {
 
 Services Services::System() {
-  return {MakeRichTextBox, MakePictureExtractor, MakeCodePageDecoder, MakeHtmlCleaner, MakeDiagnostics()};
+  return {MakeRichTextBox,   MakePictureExtractor,
+          MakeCodePageDecoder, MakeHtmlCleaner,
+          [] { return MakeFetcher(Fetching::PublicHosts); }, MakeFiles(),
+          MakeDiagnostics()};
 }
 
 }  // namespace quillary::platform

@@ -6,6 +6,8 @@
 #include <memory>
 
 #include "platform/code_pages/code_page_decoder.h"
+#include "platform/fetcher/fetcher.h"
+#include "platform/files/files.h"
 #include "platform/html_cleaner/html_cleaner.h"
 #include "platform/pictures/picture_extractor.h"
 #include "platform/rich_text/rich_text_box.h"
@@ -19,6 +21,8 @@ struct Services {
   std::function<std::unique_ptr<PictureExtractor>()> picture_extractor;
   std::function<std::unique_ptr<CodePageDecoder>()> code_page_decoder;
   std::function<std::unique_ptr<HtmlCleaner>()> html_cleaner;
+  std::function<std::unique_ptr<Fetcher>()> fetcher;
+  std::shared_ptr<Files> files;
   std::shared_ptr<Diagnostics> diagnostics;
 
   /// The services of this machine.
