@@ -86,11 +86,15 @@ struct TagSelector {
     cut(u'#', u"ID");
   }
 
+  // The value stands after an equals sign of whatever attribute.
   bool Fits(TextView upper_tag) const {
     if (attribute.empty()) return true;
-    if (!HoldsAttribute(upper_tag, attribute)) return false;
-    for (const TextView before : {u"=", u"= ", u"=\"", u"= \""}) {
-      if (Holds(upper_tag, Joined({before, value}), Compare::IgnoreCase)) return true;
+    if (value.empty()) return HoldsAttribute(upper_tag, attribute) && upper_tag.find(u'=') != npos;
+    for (std::size_t at = upper_tag.find(value); at != npos; at = upper_tag.find(value, at + 1)) {
+      TextView before = upper_tag.substr(0, at);
+      if (before.ends_with(u'"')) before.remove_suffix(1);
+      if (before.ends_with(u' ')) before.remove_suffix(1);
+      if (before.ends_with(u'=')) return HoldsAttribute(upper_tag, attribute);
     }
     return false;
   }
@@ -99,6 +103,7 @@ struct TagSelector {
 void Wrap(StyledPage& page, const TagSelector& selector, TextView font_tag) {
   const Text opening = u"<" + selector.tag;
   if (HasBrackets(selector.tag) && !Holds(page.upper(), u"<" + Text(Head(selector.tag)))) return;
+  if (!selector.value.empty() && !Holds(page.upper(), selector.value)) return;
   // Tags that are only noted are tags, too.
   if (HasBrackets(selector.tag) || selector.tag.starts_with(u"FONT")) page.Write();
   const Finder finder(opening, Compare::Binary);
@@ -134,11 +139,13 @@ class Application {
   }
 
   void Run() {
-    try {
-      if (plain_) return RunOn(StyledPage::Road::Noted);
-    } catch (const StyledPage::MustBeAtOnce&) {
+    const StyledPage::Road road = plain_ ? StyledPage::Road::Noted : StyledPage::Road::AtOnce;
+    StyledPage page(page_, road, limit_);
+    std::size_t tag = 0;
+    for (std::int32_t sheet = 0; sheet <= sheets_.upper(); ++sheet) {
+      RunSheet(sheets_[sheet], page, road, tag);
     }
-    RunOn(StyledPage::Road::AtOnce);
+    page_ = page.Take();
   }
 
  private:
@@ -149,25 +156,25 @@ class Application {
     }
   }
 
-  void RunOn(StyledPage::Road road) {
-    StyledPage page(page_, road, limit_);
-    std::size_t tag = 0;
-    for (std::int32_t sheet = 0; sheet <= sheets_.upper(); ++sheet) {
-      RunSheet(sheets_[sheet], page, road, tag);
-    }
-    page_ = page.Take();
-  }
-
   void RunSheet(const StyleSheet& sheet, StyledPage& page, StyledPage::Road road, std::size_t& tag) {
     const auto each = [](const List<StyleRule>& rules, auto&& action) {
       for (std::int32_t i = 0; rules.sized() && i <= rules.upper(); ++i) action(rules[i]);
     };
-    each(sheet.ClassRules, [&](const StyleRule& rule) { Wrap(page, rule.Selector, tags_[tag++], u"CLASS"); });
-    each(sheet.IdRules, [&](const StyleRule& rule) { Wrap(page, rule.Selector, tags_[tag++], u"ID"); });
+    const auto wrap_named = [&](const List<StyleRule>& rules, TextView attribute) {
+      each(rules, [&](const StyleRule& rule) {
+        page.Run([&] { Wrap(page, rule.Selector, tags_[tag], attribute); });
+        ++tag;
+      });
+    };
+    const auto wrap_tags = [&](const StyleRule& rule) {
+      page.Run([&] { Wrap(page, TagSelector(rule.Selector), tags_[tag]); });
+    };
+    wrap_named(sheet.ClassRules, u"CLASS");
+    wrap_named(sheet.IdRules, u"ID");
     const std::size_t first = tag;
     const auto is_compound = [](const StyleRule& rule) { return rule.Selector.find_first_of(u".#") != npos; };
     each(sheet.TagRules, [&](const StyleRule& rule) {
-      if (is_compound(rule)) Wrap(page, TagSelector(rule.Selector), tags_[tag]);
+      if (is_compound(rule)) wrap_tags(rule);
       ++tag;
     });
     tag = first;
@@ -177,7 +184,7 @@ class Application {
         ApplyListStyle(text, rule.Selector, Joined({u"TYPE=", rule.ListStyle}));
         page = StyledPage(std::move(text), road, limit_);
       }
-      if (!is_compound(rule)) Wrap(page, TagSelector(rule.Selector), tags_[tag]);
+      if (!is_compound(rule)) wrap_tags(rule);
       ++tag;
     });
   }

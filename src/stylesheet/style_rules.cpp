@@ -116,12 +116,17 @@ StyleRule ReadDeclarations(const Apartment& apartment, TextView text) {
   return rule;
 }
 
-// The declarations are read for the first of their selectors, and once for all of them.
-void AddRule(Apartment& apartment, TextView selector, TextView declarations, std::optional<StyleRule>& read) {
+/// Declarations, which are read for the first of their selectors, and once for all of them.
+struct Block {
+  TextView text;
+  std::optional<StyleRule> rule = {};
+};
+
+void AddRule(Apartment& apartment, TextView selector, Block& block) {
   selector = TrimView(selector);
   if (selector.find(u':') != npos) return;
-  if (!read) read = ReadDeclarations(apartment, declarations);
-  StyleRule rule = *read;
+  if (!block.rule) block.rule = ReadDeclarations(apartment, block.text);
+  StyleRule rule = *block.rule;
   StyleSheet& sheet = apartment.html_to_rtf.StyleSheets.Top();
   List<StyleRule>* rules = &sheet.TagRules;
   if (selector.starts_with(u'.')) rules = &sheet.ClassRules;
@@ -143,11 +148,17 @@ Text SelectorList(TextView text) {
 }  // namespace
 
 void AddStyleRule(Apartment& apartment, TextView selector, TextView declarations) {
-  std::optional<StyleRule> read;
-  AddRule(apartment, selector, declarations, read);
+  Block block{declarations};
+  AddRule(apartment, selector, block);
 }
 
 namespace {
+
+// A long value under many selectors would take more than a page may grow to.
+void CheckRules(const Apartment& apartment, const Block& block, TextView selectors) {
+  const auto names = static_cast<std::size_t>(std::count(selectors.begin(), selectors.end(), u','));
+  if (block.text.size() * names > apartment.working_limit) throw LimitReached(LimitReached::Limit::Growth);
+}
 
 // Reads the rules from `at` on, which is moved after what is read.
 void ReadRules(Apartment& apartment, TextView sheet, std::size_t& at) {
@@ -156,16 +167,16 @@ void ReadRules(Apartment& apartment, TextView sheet, std::size_t& at) {
     at = open + 1;
     const std::size_t close = sheet.find(u'}', at);
     if (close == npos) return;
-    const TextView declarations = TrimView(sheet.substr(at, close - at));
+    Block block{TrimView(sheet.substr(at, close - at))};
     at = close + 1;
-    std::optional<StyleRule> read;
+    CheckRules(apartment, block, list);
     TextView selectors = list;
     if (selectors.ends_with(u',')) selectors.remove_suffix(1);
     for (std::size_t comma = selectors.find(u','); comma != npos; comma = selectors.find(u',')) {
-      AddRule(apartment, selectors.substr(0, comma), declarations, read);
+      AddRule(apartment, selectors.substr(0, comma), block);
       selectors.remove_prefix(comma + 1);
     }
-    AddRule(apartment, selectors, declarations, read);
+    AddRule(apartment, selectors, block);
   }
 }
 

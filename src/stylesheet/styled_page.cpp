@@ -61,7 +61,7 @@ std::size_t StyledPage::Wrap(std::size_t start, std::size_t end, TextView name, 
   const ElementEnd element = elements_->Of(start, name);
   if (!element.found()) return end + 1;
   if (IsInsideTag(element.tag)) NeedsAtOnce();
-  noted_units_ += font_tag.size() + kFontEnd.size();
+  noted_units_ += font_tag.size() + kFontEnd.size();  // those of rules begun anew count twice
   if (page_.size() + noted_units_ > limit_) throw LimitReached(LimitReached::Limit::Growth);
   notes_.push_back({end + 1, false, notes_.size(), font_tag});
   notes_.push_back({element.tag, true, notes_.size(), kFontEnd});

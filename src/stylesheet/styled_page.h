@@ -11,8 +11,8 @@
 namespace quillary::stylesheet {
 
 /// Two roads lead to the same page. Tags are noted and written together, at the cost of one
-/// pass over the page, as long as no new tag can change what a later one sees. Where one could,
-/// the page must be begun anew with each tag written at once.
+/// pass over the page, as long as no new tag can change what a later one sees. A rule where one
+/// could is begun anew with each tag written at once.
 class StyledPage {
  public:
   enum class Road { Noted, AtOnce };
@@ -37,6 +37,22 @@ class StyledPage {
 
   /// Throws MustBeAtOnce if tags are only noted.
   void NeedsAtOnce() const;
+
+  /// Runs a rule over the page: noted if it can be.
+  template <class Rule>
+  void Run(Rule&& rule) {
+    const std::size_t noted = notes_.size();
+    try {
+      rule();
+    } catch (const MustBeAtOnce&) {
+      notes_.resize(noted);
+      Write();
+      road_ = Road::AtOnce;
+      rule();
+      road_ = Road::Noted;
+      Index();
+    }
+  }
 
   /// Writes what is noted.
   void Write();

@@ -132,7 +132,7 @@ class SpanTags {
   std::set<Text> tags_;
 };
 
-Text WrapFaces(Text page, const ParagraphStyle& style, StyledPage::Road road) {
+Text WrapFaces(Text page, const ParagraphStyle& style) {
   const std::size_t limit = limits::kWorkingUnits;
   const Text font_tag = FontTag(style.face);
   const auto of_class = [&](Stretch tag) {
@@ -140,11 +140,16 @@ Text WrapFaces(Text page, const ParagraphStyle& style, StyledPage::Road road) {
     return is_of_class ? TextView(font_tag) : TextView();
   };
   SpanTags span_tags;
-  StyledPage styled(std::move(page), road, limit);
-  if (style.face.find_first_of(u"<>") != npos) styled.NeedsAtOnce();
-  WrapEach(styled, u"<P ", u"P", of_class);
-  WrapEach(styled, u"<LI ", u"LI", of_class);
-  WrapEach(styled, u"<SPAN ", u"SPAN", [&](Stretch tag) { return span_tags(tag); });
+  StyledPage styled(std::move(page), StyledPage::Road::Noted, limit);
+  const auto wrap = [&](TextView opening, TextView name) {
+    styled.Run([&] {
+      if (style.face.find_first_of(u"<>") != npos) styled.NeedsAtOnce();
+      WrapEach(styled, opening, name, of_class);
+    });
+  };
+  wrap(u"<P ", u"P");
+  wrap(u"<LI ", u"LI");
+  styled.Run([&] { WrapEach(styled, u"<SPAN ", u"SPAN", [&](Stretch tag) { return span_tags(tag); }); });
   return styled.Take();
 }
 
@@ -245,11 +250,7 @@ void ReadWordDefinitions(Text& page) {
   const ParagraphStyle style = ReadParagraphStyle(whole.UpTo(body));
   const std::vector<ListLevelStyle> levels = ReadListLevels(whole);
   StripStyleBlocks(page);
-  try {
-    page = WrapFaces(page, style, StyledPage::Road::Noted);
-  } catch (const StyledPage::MustBeAtOnce&) {
-    page = WrapFaces(page, style, StyledPage::Road::AtOnce);
-  }
+  page = WrapFaces(std::move(page), style);
   page = Lists(page, levels, u"UL", u"OL").Rewrite();
   page = Lists(page, levels, u"OL", u"UL").Rewrite();
   ReplaceIn(page, u"</OL>", u"</UL>");

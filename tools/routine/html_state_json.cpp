@@ -21,9 +21,12 @@ Json ElementToJson(const ListLevel& level) {
 }
 Json ElementToJson(const ParaSpan& span) { return span.set; }
 Json ElementToJson(const StyleRule& rule) {
-  return {{"Selector", ToJson(TextView(rule.Selector))}, {"Face", ToJson(TextView(rule.Face))},
-          {"Size", std::int16_t{rule.Size}},             {"Colour", ToJson(TextView(rule.Colour))},
-          {"Background", ToJson(TextView(rule.Background))}, {"Spare", ToJson(TextView(rule.Spare))},
+  return {{"Selector", ToJson(TextView(rule.Selector))},
+          {"Face", ToJson(TextView(rule.Face))},
+          {"Size", std::int16_t{rule.Size}},
+          {"Colour", ToJson(TextView(rule.Colour))},
+          {"Background", ToJson(TextView(rule.Background))},
+          {"Spare", ToJson(TextView(rule.Spare))},
           {"ListStyle", ToJson(TextView(rule.ListStyle))}};
 }
 Json ElementToJson(const StyleSheet& sheet) {

@@ -36,11 +36,12 @@ class Ahead {
 };
 
 // The value reaches to its quotation mark, or to a semicolon in front of it; without a
-// quotation mark to the end of the tag, so that it is known only where it comes last.
-TextView CharsetValue(TextView rest) {
-  const std::size_t quote = rest.find(u'"');
-  if (quote == npos) return rest;
-  return rest.substr(0, std::min(rest.find(u';'), quote));
+// quotation mark to the end of the tag, so that it is known only where it comes last. No known
+// one is as long as this.
+TextView CharsetValue(TextView rest, std::size_t quote) {
+  constexpr std::size_t kTooLong = 16;
+  if (quote >= rest.size()) return rest;
+  return rest.substr(0, std::min(rest.substr(0, kTooLong).find(u';'), quote));
 }
 
 void TakeCharset(HtmlToRtfState& state, TextView value) {
@@ -64,15 +65,18 @@ bool DetectCharset(HtmlToRtfState& state, TextView text) {
   constexpr TextView kWordProcessor = u"NAME=GENERATOR CONTENT=\"MICROSOFT WORD";
   Ahead charset(head, kCharset);
   Ahead generator(head, kWordProcessor);
+  Ahead tag_ends(head, u">");
+  Ahead quotes(head, u"\"");
   std::size_t taken = npos;
   bool of_word_processor = false;
   for (std::size_t at = head.find(u"<META"); at != npos; at = head.find(u"<META", at + 1)) {
-    const std::size_t end = head.find(u'>', at);
+    const std::size_t end = tag_ends.From(at);
     if (end == npos) break;
     const std::size_t hit = charset.From(at);
     if (state.DocCharset == 0 && hit != taken && hit < end && end - hit >= kCharset.size()) {
       taken = hit;  // tags without an end of their own hold the same
-      TakeCharset(state, CharsetValue(head.substr(hit, end - hit).substr(kCharset.size())));
+      const std::size_t start = hit + kCharset.size();
+      TakeCharset(state, CharsetValue(head.substr(start, end - start), quotes.From(start) - start));
     }
     const std::size_t word_processor = generator.From(at);
     if (word_processor < end && end - word_processor >= kWordProcessor.size()) of_word_processor = true;

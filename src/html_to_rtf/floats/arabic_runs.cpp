@@ -38,10 +38,8 @@ class ArabicRuns {
 
   // The last "<" or ">" in front of a place that only moves forward.
   std::size_t BracketBefore(std::size_t at) {
-    for (std::size_t next = upper_.find_first_of(u"<>", seen_); next < at;
-         next = upper_.find_first_of(u"<>", seen_)) {
-      bracket_ = next;
-      seen_ = next + 1;
+    for (; next_bracket_ < at; next_bracket_ = upper_.find_first_of(u"<>", bracket_ + 1)) {
+      bracket_ = next_bracket_;
     }
     return bracket_;
   }
@@ -82,8 +80,8 @@ class ArabicRuns {
   Text upper_;
   ElementEnds ends_;
   std::vector<Place> places_;
-  std::size_t seen_ = 0;
   std::size_t bracket_ = npos;
+  std::size_t next_bracket_ = upper_.find_first_of(u"<>");
   std::size_t tag_end_ = npos;  // of the tag that was looked at last
 };
 

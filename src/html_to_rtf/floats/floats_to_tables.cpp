@@ -35,15 +35,17 @@ class FloatRewriting {
  private:
   // The last "<" or ">" in front of a place that only moves forward.
   std::size_t BracketBefore(std::size_t at) {
-    for (std::size_t next = upper_.find_first_of(u"<>", seen_); next < at;
-         next = upper_.find_first_of(u"<>", seen_)) {
-      bracket_ = next;
-      seen_ = next + 1;
+    for (; next_bracket_ < at; next_bracket_ = upper_.find_first_of(u"<>", bracket_ + 1)) {
+      bracket_ = next_bracket_;
     }
     return bracket_;
   }
 
-  std::size_t TagEnd(std::size_t start) const { return upper_.find(u'>', start); }
+  // The first ">" after a place that only moves forward.
+  std::size_t TagEnd(std::size_t start) {
+    if (tag_end_ < start) tag_end_ = upper_.find(u'>', start);
+    return tag_end_;
+  }
   TextView Tag(std::size_t start, std::size_t end) const {
     return TextView(upper_).substr(start, end + 1 - start);
   }
@@ -102,8 +104,9 @@ class FloatRewriting {
   ElementEnds ends_;
   Text written_;
   std::size_t done_ = 0;
-  std::size_t seen_ = 0;
   std::size_t bracket_ = npos;
+  std::size_t next_bracket_ = upper_.find_first_of(u"<>");
+  std::size_t tag_end_ = upper_.find(u'>');
   std::size_t refused_ = npos;  // the tag that was looked at last
 };
 
