@@ -30,6 +30,22 @@ inline constexpr int kStyledInsideTags = 20000;
 /// Bytes of the file of a picture: one with more cannot be read.
 inline constexpr std::size_t kPictureFileBytes = std::size_t{64} << 20;
 
+/// Units of all pictures of an RTF document that is made of a page.
+inline constexpr std::size_t kPictureUnits = std::size_t{256} << 20;
+
+/// Files that the pictures of a document are written to. No page shows so many.
+inline constexpr int kPictures = 10000;
+
+/// Pixels of a picture, of one that is drawn or plain, and of all pictures of a document. Beyond them
+/// a picture becomes a plain one.
+inline constexpr std::size_t kPicturePixels = std::size_t{32} << 20;
+inline constexpr std::size_t kDrawnPixels = std::size_t{4} << 20;
+inline constexpr std::size_t kPicturePixelsOfDocument = std::size_t{512} << 20;
+
+/// Records of a metafile, and the pixels that they may paint over each other.
+inline constexpr std::size_t kMetafileRecords = 200000;
+inline constexpr double kPaintedPixels = 2e9;
+
 /// A download takes no more seconds, and follows no more redirections.
 inline constexpr int kFetchSeconds = 30;
 inline constexpr int kFetchRedirections = 5;

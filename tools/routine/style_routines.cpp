@@ -1,6 +1,7 @@
-// Style sheets, charsets and floats of the HTML to RTF direction, every operation alone.
+// Style sheets, charsets, floats and pictures of the HTML to RTF direction, every operation alone.
 #include "html_to_rtf/charsets/charsets.h"
 #include "html_to_rtf/floats/floats.h"
+#include "html_to_rtf/images/images.h"
 #include "registry.h"
 #include "stylesheet/style_sheets.h"
 
@@ -48,6 +49,8 @@ void AddStyleRoutines(Registry& registry) {
     WrapByAttribute(call.apartment(), call.text(0), call.text(1), call.text(2), call.text(3));
     call.result = ToJson(call.text(0));
   });
+  registry.Add("PlaceImage", {Kind::Text, Kind::Text, Kind::Text},
+               [](Call& call) { PlaceImage(call.apartment(), call.text(0), call.text(1), call.text(2)); });
   registry.Add("WrapTagRule", {Kind::Text, Kind::Text, Kind::Text}, [](Call& call) {
     WrapTagRule(call.apartment(), call.text(0), call.text(1), call.text(2));
     call.result = ToJson(call.text(0));

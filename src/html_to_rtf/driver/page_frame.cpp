@@ -64,7 +64,10 @@ void DecodeCyrillic(Conversion& conversion) {
   if (Has(page, u"windows-1251\"") || Has(page, u"windows-1251'")) page = CyrillicToEntities(page);
 }
 
+// Pages without pictures need what pictures are made by, too.
 void StartState(Conversion& conversion) {
+  const platform::Services& services = conversion.apartment.services;
+  if (!services.fetcher || !services.picture_creator || !services.files) throw Failure(Failure::Kind::Raised);
   HtmlToRtfState& state = conversion.state();
   state = HtmlToRtfState();
   state.ParaSpans.Size(0);

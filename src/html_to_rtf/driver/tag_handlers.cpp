@@ -4,6 +4,7 @@
 #include "html_to_rtf/blocks/lists.h"
 #include "html_to_rtf/blocks/paragraphs.h"
 #include "html_to_rtf/characters/runs.h"
+#include "html_to_rtf/images/images.h"
 #include "html_to_rtf/inline/anchors.h"
 #include "html_to_rtf/inline/fonts.h"
 #include "html_to_rtf/inline/rtf_words.h"
@@ -32,6 +33,9 @@ void Font(Conversion& conversion, const PageTag& tag) {
 }
 void FontEnd(Conversion& conversion, const PageTag&) { CloseFont(conversion.state()); }
 void Rule(Conversion& conversion, const PageTag& tag) { DrawRule(conversion.apartment, tag.upper); }
+void Picture(Conversion& conversion, const PageTag& tag) {
+  PlaceImage(conversion.apartment, tag.upper, conversion.image_folder, tag.written);
+}
 void Item(Conversion& conversion, const PageTag&) { OpenListItem(conversion.state()); }
 void ItemEnd(Conversion& conversion, const PageTag&) { CloseListItem(conversion.state()); }
 void OrderedList(Conversion& conversion, const PageTag& tag) {
@@ -82,6 +86,7 @@ constexpr TagHandler kTagHandlers[] = {
     {"DrawRule", u"<HR", {}, {}, Rule},
     {"OpenItalic", u"<I ", u"<I>", u"\\i1"},
     {"CloseItalic", {}, u"</I>", u"\\i0"},
+    {"PlaceImage", u"<IMG", {}, {}, Picture},
     {"OpenListItem", u"<LI ", u"<LI>", {}, Item},
     {"CloseListItem", {}, u"</LI>", {}, ItemEnd},
     {"OpenOrderedList", u"<OL ", u"<OL>", {}, OrderedList},

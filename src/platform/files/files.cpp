@@ -1,5 +1,8 @@
 #include "platform/files/files.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <fstream>
@@ -104,6 +107,19 @@ fs::path HostPath(TextView path) {
   }
   if (name.size() >= 2 && name[1] == ':') return {};
   return name;
+}
+
+void WriteWholeFile(const fs::path& path, std::string_view bytes) {
+  const int file =
+      open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0666);
+  if (file < 0) throw Failure(Failure::Kind::Raised);
+  bool whole = true;
+  while (whole && !bytes.empty()) {
+    const ssize_t written = write(file, bytes.data(), bytes.size());
+    whole = written > 0;
+    if (whole) bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  if (close(file) != 0 || !whole) throw Failure(Failure::Kind::Raised);
 }
 
 std::shared_ptr<Files> MakeFiles(const std::vector<fs::path>& folders) {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "text/text.h"
@@ -15,6 +16,9 @@ namespace quillary::platform {
 
 /// The path on this machine, or an empty one for a file on a drive that does not exist.
 std::filesystem::path HostPath(TextView path);
+
+/// Writes a file anew, never through a link. Throws Failure (raised) if it cannot be written.
+void WriteWholeFile(const std::filesystem::path& path, std::string_view bytes);
 
 class Files {
  public:

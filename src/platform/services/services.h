@@ -9,6 +9,7 @@
 #include "platform/fetcher/fetcher.h"
 #include "platform/files/files.h"
 #include "platform/html_cleaner/html_cleaner.h"
+#include "platform/picture_creator/picture_creator.h"
 #include "platform/pictures/picture_extractor.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/system/diagnostics.h"
@@ -22,11 +23,14 @@ struct Services {
   std::function<std::unique_ptr<CodePageDecoder>()> code_page_decoder;
   std::function<std::unique_ptr<HtmlCleaner>()> html_cleaner;
   std::function<std::unique_ptr<Fetcher>()> fetcher;
+  std::function<std::unique_ptr<PictureCreator>()> picture_creator;
   std::shared_ptr<Files> files;
   std::shared_ptr<Diagnostics> diagnostics;
 
-  /// The services of this machine.
-  static Services System();
+  /// The services of this machine. Only files in these folders are read, those of all if there
+  /// are none.
+  static Services System(Fetching fetching = Fetching::PublicHosts,
+                         const std::vector<std::filesystem::path>& folders = {});
 };
 
 }  // namespace quillary::platform
