@@ -48,6 +48,15 @@ class FakeDiagnostics final : public platform::Diagnostics {
   std::vector<Text> dumps;
 };
 
+/// Takes every picture and writes no file.
+class SilentExtractor final : public platform::PictureExtractor {
+ public:
+  std::int32_t Parse(TextView, TextView, std::int16_t, std::int16_t, std::int16_t, std::int16_t,
+                     TextView) override {
+    return 0;
+  }
+};
+
 inline platform::Services ControlOnly(bool refuses = false) {
   platform::Services services;
   services.rich_text_box = [refuses] { return std::make_unique<FakeControl>(refuses); };

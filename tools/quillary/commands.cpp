@@ -5,7 +5,9 @@
 
 #include "apartment/apartment.h"
 #include "component/conversions.h"
+#include "fetched_files.h"
 #include "for_each.h"
+#include "page_pictures.h"
 #include "page_reader/page_reader.h"
 #include "text/encodings.h"
 
@@ -46,6 +48,24 @@ void WriteTraceLine(std::string_view step, TextView page, std::string_view failu
   std::cout << line.dump() << '\n';
 }
 
+PagePictures PicturesOf(const ToHtml& command, const Output& output, const std::string& document) {
+  if (!command.image_folder.empty()) return PagePictures::In(command.image_folder);
+  if (output.IsStandardOutput()) return PagePictures::Temporary();
+  return PagePictures::Beside(output.PathOf(document, ".html"));
+}
+
+// A page may have its pictures and style sheets beside it, and they are looked for nowhere else.
+void LookBesidePage(const ToRtf& command, const std::string& document, Apartment& apartment,
+                    Properties& properties) {
+  std::error_code error;
+  std::filesystem::path folder = command.image_folder;
+  if (folder.empty() && document != "-") folder = std::filesystem::path(document).parent_path();
+  folder = folder.empty() ? std::filesystem::current_path(error) : std::filesystem::absolute(folder, error);
+  properties.ImageFolder = FromUtf8((folder / "").string());
+  apartment.services = platform::Services::System(platform::Fetching::Off, {folder});
+  if (command.fetch) apartment.services = WithDownloads(std::move(apartment.services));
+}
+
 }  // namespace
 
 int Run(const ToHtml& command) {
@@ -57,8 +77,13 @@ int Run(const ToHtml& command) {
     Properties properties = command.properties;
     Text& source = command.kind == Kind::PlainInput ? properties.Plain_Text : properties.RTF_Text;
     source = FromWindows1252(ReadDocument(document));
-    const Text page = ConvertAs(command.kind, apartment, properties);
+    PagePictures pictures = PicturesOf(command, output, document);
+    pictures.Attach(apartment, properties);
+    const Text page = pictures.WithLinks(ConvertAs(command.kind, apartment, properties));
     Warn(document, apartment.stopped_short);
+    if (pictures.any() && output.IsStandardOutput()) {
+      Say(document, "the pictures are in " + pictures.folder().string());
+    }
     if (command.trace && output.IsStandardOutput()) return;
     output.Write(document, ".html", EncodePage(page, command.encoding));
   });
@@ -83,8 +108,10 @@ int Run(const ToRtf& command) {
     if (command.trace) apartment.trace = WriteTraceLine;
     Properties properties = command.properties;
     const std::string bytes = ReadDocument(document);
+    LookBesidePage(command, document, apartment, properties);
     properties.HTML_Text = command.raw_input ? FromWindows1252(bytes) : page_reader::ReadPage(bytes);
     const Text rtf = component::ConvertHTML2RTF(apartment, properties);
+    Warn(document, apartment.stopped_short);
     if (command.trace && output.IsStandardOutput()) return;
     output.Write(document, ".rtf", EncodeRtf(rtf));
   });

@@ -19,6 +19,7 @@ struct ToHtml {
   Kind kind = Kind::Page;
   Encoding encoding = Encoding::Ascii;
   bool trace = false;
+  std::string image_folder;  // of the picture files; empty for one beside each page
   component::Properties properties;
 };
 
@@ -33,6 +34,8 @@ struct ToRtf {
   std::string output;
   bool raw_input = false;  // the page goes in as it is, each byte as its Windows-1252 character
   bool trace = false;
+  bool fetch = false;        // pictures that are on the web are downloaded
+  std::string image_folder;  // of pictures and style sheets; empty for that of the page
   component::Properties properties;
 };
 

@@ -44,18 +44,23 @@ Output::Output(const std::string& target, std::size_t documents) : target_(targe
   }
 }
 
-void Output::Write(const std::string& document, const std::string& ending, const std::string& bytes) const {
-  if (IsStandardOutput()) {
-    std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush();
-    if (!std::cout) throw FileError("standard output cannot be written");
-    return;
-  }
+std::filesystem::path Output::PathOf(const std::string& document, const std::string& ending) const {
   std::filesystem::path path = target_;
   if (folder_) {
     const std::filesystem::path name = document == "-" ? "standard-input" : document;
     path /= name.stem();
     path += ending;
   }
+  return path;
+}
+
+void Output::Write(const std::string& document, const std::string& ending, const std::string& bytes) const {
+  if (IsStandardOutput()) {
+    std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush();
+    if (!std::cout) throw FileError("standard output cannot be written");
+    return;
+  }
+  const std::filesystem::path path = PathOf(document, ending);
   errno = 0;
   std::ofstream file(path, std::ios::binary);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush();

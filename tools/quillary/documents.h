@@ -28,6 +28,9 @@ class Output {
 
   bool IsStandardOutput() const { return target_.empty(); }
 
+  /// The file of the result of one document; empty for standard output.
+  std::filesystem::path PathOf(const std::string& document, const std::string& ending) const;
+
   /// Writes the result of one document; `ending` is that of a file in the folder.
   void Write(const std::string& document, const std::string& ending, const std::string& bytes) const;
 

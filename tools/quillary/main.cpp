@@ -33,7 +33,6 @@ constexpr PropertyOption kPropertiesToHtml[] = {
     {"--generator", &Properties::Generator, "name in the generator element"},
     {"--convert-images", &Properties::ConvertImages,
      "yes writes pictures to files, any other word drops them"},
-    {"--image-folder", &Properties::ImageFolder, "folder of the picture files"},
     {"--image-format", &Properties::ImageFormat, "png, any other word jpeg"},
     {"--image-name", &Properties::ImageName, "beginning of the names of the picture files"},
     {"--use-span-tags", &Properties::UseSpanTags, "yes writes spans with styles in place of fonts"},
@@ -42,7 +41,6 @@ constexpr PropertyOption kPropertiesToHtml[] = {
 };
 
 constexpr PropertyOption kPropertiesToRtf[] = {
-    {"--image-folder", &Properties::ImageFolder, "folder in which pictures and style sheets are looked for"},
     {"--table-borders", &Properties::TableBorders, "yes gives all tables borders, no none"},
 };
 
@@ -62,6 +60,10 @@ void AddPropertyOption(CLI::App& app, const PropertyOption& option, Properties& 
 void AddProperties(CLI::App& app, Properties& properties, std::span<const PropertyOption> options) {
   component::Class_InitProperties(properties);
   for (const PropertyOption& option : options) AddPropertyOption(app, option, properties);
+}
+
+void AddImageFolder(CLI::App& app, std::string& folder, const char* help) {
+  app.add_option("--image-folder", folder, help)->type_name("PATH")->group("Properties");
 }
 
 void AddFiles(CLI::App& app, std::vector<std::string>& documents, std::string& output) {
@@ -94,6 +96,8 @@ CLI::App* AddToHtml(CLI::App& app, ToHtml& command) {
   to_html->add_flag("--trace", command.trace,
                     "a JSON line with the page after each step, in place of the page on standard output");
   AddProperties(*to_html, command.properties, kPropertiesToHtml);
+  AddImageFolder(*to_html, command.image_folder,
+                 "folder of the picture files; else PAGE_files beside each page");
   return to_html;
 }
 
@@ -110,7 +114,10 @@ CLI::App* AddToRtf(CLI::App& app, ToRtf& command) {
                    "take the page as it is, without decoding it by the charset that it declares");
   to_rtf->add_flag("--trace", command.trace,
                    "a JSON line with the text after each step, in place of the document on standard output");
+  to_rtf->add_flag("--fetch", command.fetch, "download the pictures that a page has on the web");
   AddProperties(*to_rtf, command.properties, kPropertiesToRtf);
+  AddImageFolder(*to_rtf, command.image_folder,
+                 "folder in which pictures and style sheets are looked for; else that of the page");
   return to_rtf;
 }
 

@@ -5,6 +5,20 @@
 namespace quillary::routine {
 namespace {
 
+// Writes the pictures where it can: the folders that requests name need not exist here.
+class WillingExtractor final : public platform::PictureExtractor {
+ public:
+  std::int32_t Parse(TextView rtf, TextView path_prefix, std::int16_t origin, std::int16_t format,
+                     std::int16_t quality, std::int16_t pages, TextView licence) override {
+    std::int32_t count = 0;
+    Attempt([&] {
+      count =
+          platform::MakePictureExtractor()->Parse(rtf, path_prefix, origin, format, quality, pages, licence);
+    });
+    return count;
+  }
+};
+
 Json Answer(Json result, Json args, Json state, Json failure) {
   return {{"result", std::move(result)},
           {"args", std::move(args)},
@@ -47,6 +61,7 @@ Json Registry::Run(const Json& request) const {
       throw Refusal("usage");
     }
     Apartment apartment;
+    apartment.services.picture_extractor = [] { return std::make_unique<WillingExtractor>(); };
     if (request.contains("state")) StateFromJson(request["state"], apartment);
     const bool all = !request.contains("want");
     const std::vector<std::string> names = all ? std::vector<std::string>() : NamesIn(request["want"]);

@@ -51,6 +51,21 @@ void AddStyleRoutines(Registry& registry) {
   });
   registry.Add("PlaceImage", {Kind::Text, Kind::Text, Kind::Text},
                [](Call& call) { PlaceImage(call.apartment(), call.text(0), call.text(1), call.text(2)); });
+  registry.Add("Parse",
+               {Kind::Text, Kind::Text, Kind::Integer16, Kind::Integer16, Kind::Integer16, Kind::Integer16,
+                Kind::Text},
+               [](Call& call) {
+                 const auto number = [&](std::size_t index) {
+                   return static_cast<std::int16_t>(call.integer(index));
+                 };
+                 call.result = platform::MakePictureExtractor()->Parse(
+                     call.text(0), call.text(1), number(2), number(3), number(4), number(5), call.text(6));
+               });
+  registry.Add("CreateFromFile", {Kind::Text, Kind::Integer16, Kind::Integer16}, [](Call& call) {
+    const auto number = [&](std::size_t index) { return static_cast<std::int16_t>(call.integer(index)); };
+    call.result = ToJson(call.apartment().services.picture_creator()->CreateFromFile(
+        call.text(0), number(1), number(2), 0, 0, false, u""));
+  });
   registry.Add("WrapTagRule", {Kind::Text, Kind::Text, Kind::Text}, [](Call& call) {
     WrapTagRule(call.apartment(), call.text(0), call.text(1), call.text(2));
     call.result = ToJson(call.text(0));

@@ -171,14 +171,18 @@ TEST(Driver, GrowthEndsAConversionAndTheNextOneIsWhole) {
   for (int i = 0; i < 64; ++i) pictures += u"{\\pict\\x 0}";
   properties = NewProperties(u"{\\rtf1\\plain " + pictures + u"}");
   properties.ImageFolder = Text(20000, u'd');
-  apartment.services.picture_extractor = quillary::platform::MakePictureExtractor;
+  apartment.services.picture_extractor = [] {
+    return std::make_unique<quillary::testing::SilentExtractor>();
+  };
   EXPECT_THROW(component::ConvertRTF(apartment, properties), LimitReached);
 }
 
 TEST(Driver, SaysWhereACountStoppedShort) {
   Apartment apartment;
   apartment.services = ControlOnly();
-  apartment.services.picture_extractor = quillary::platform::MakePictureExtractor;
+  apartment.services.picture_extractor = [] {
+    return std::make_unique<quillary::testing::SilentExtractor>();
+  };
   for (const int count : {64, 65}) {
     Text rtf = u"{\\rtf1\\plain x";
     for (int i = 0; i < count; ++i) rtf += u"{\\pict\\x 0}";

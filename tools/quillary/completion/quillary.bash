@@ -25,7 +25,7 @@ _quillary() {
       case ${COMP_WORDS[1]} in
         to-html) words="$common $page $properties" ;;
         to-text) words=$common ;;
-        to-rtf) words='-o --output -h --help --raw-input --trace --image-folder --table-borders' ;;
+        to-rtf) words='-o --output -h --help --raw-input --trace --fetch --image-folder --table-borders' ;;
         explain) words="-h --help --json $properties" ;;
       esac
     else
