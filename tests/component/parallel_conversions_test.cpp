@@ -35,6 +35,7 @@ enum class Form { Plain, Cleaned, Xhtml };
 // The document by every conversion of RTF, in the apartment of the thread.
 void Convert(const std::u16string& rtf, Form form, std::vector<std::u16string>& results) {
   Quillaryv8 converter;
+  converter.ConvertImages(u"no");  // all threads would write the same files
   converter.CleanHTML(form == Form::Cleaned ? u"yes" : u"no");
   converter.XHTMLOutput(form == Form::Xhtml ? u"yes" : u"no");
   converter.UseSpanTags(form == Form::Cleaned ? u"yes" : u"no");

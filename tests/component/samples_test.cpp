@@ -6,6 +6,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "apartment/apartment.h"
+#include "fake_services.h"
 #include "quillary/Quillaryv8.h"
 #include "text/encodings.h"
 
@@ -29,19 +31,21 @@ std::vector<fs::path> Documents() {
   return documents;
 }
 
-class Samples : public testing::TestWithParam<fs::path> {};
+class Samples : public ::testing::TestWithParam<fs::path> {};
 
 TEST_P(Samples, GiveThePageAndTheTextBesideThem) {
   fs::path path = GetParam();
   const Text rtf = FromWindows1252(ReadFile(path));
-  Quillaryv8 converter(MakeApartment());
+  const auto apartment = MakeApartment();
+  apartment->services.picture_extractor = [] { return std::make_unique<testing::SilentExtractor>(); };
+  Quillaryv8 converter(apartment);
   converter.RTF_Text(rtf);
   EXPECT_EQ(ToUtf8(converter.ConvertRTF()), ReadFile(path.replace_extension(".html")));
   converter.RTF_Text(rtf);
   EXPECT_EQ(ToUtf8(converter.ConvertRTFPlain()), ReadFile(path.replace_extension(".txt")));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Samples, testing::ValuesIn(Documents()),
+INSTANTIATE_TEST_SUITE_P(All, Samples, ::testing::ValuesIn(Documents()),
                          [](const auto& sample) { return sample.param.stem().string(); });
 
 }  // namespace

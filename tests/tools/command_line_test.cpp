@@ -153,6 +153,37 @@ TEST_F(CommandLine, ConvertsPagesToRtf) {
   EXPECT_TRUE(Run("to-rtf --trace a.html").out.starts_with("{\"step\":\"SupplyFrame\""));
 }
 
+TEST_F(CommandLine, PutsPicturesBesideThePage) {
+  const std::string sample = ReadFile(QUILLARY_TESTS_DIR "/../samples/pictures.rtf");
+  Put("a & b.rtf", sample);
+  Put("plain.rtf", kDocument);
+  const auto pictures = [&](const fs::path& folder) {
+    return fs::exists(folder) ? std::distance(fs::directory_iterator(folder), fs::directory_iterator()) : 0;
+  };
+  EXPECT_EQ(Run("to-html 'a & b.rtf' plain.rtf -o pages/").status, 0);
+  EXPECT_TRUE(Has(ReadFile(folder_ / "pages/a & b.html"), "src=\"a%20%26%20b_files/object003.png\""));
+  EXPECT_EQ(pictures(folder_ / "pages/a & b_files"), 4);
+  EXPECT_FALSE(fs::exists(folder_ / "pages/plain_files"));
+  // On standard output they need a place of their own, which is said.
+  Outcome outcome = Run("to-html 'a & b.rtf' --image-format jpeg --clean-html yes");
+  const std::size_t at = outcome.err.find("the pictures are in ");
+  ASSERT_NE(at, std::string::npos);
+  const std::string place = outcome.err.substr(at + 20, outcome.err.find('\n', at) - at - 20);
+  EXPECT_EQ(pictures(folder_ / place), 4);
+  EXPECT_TRUE(Has(outcome.out, fs::path(place).filename().string() + "/object000.jpeg\"")) << outcome.out;
+  // A folder that is named, and none that can be made.
+  EXPECT_TRUE(Has(Run("to-html 'a & b.rtf' --image-folder new/one").out, "/new/one/object000.png\""));
+  EXPECT_EQ(pictures(folder_ / "new/one"), 4);
+  EXPECT_FALSE(Has(Run("to-html 'a & b.rtf' --image-folder plain.rtf/one").out, "<img"));
+  // And back: what stands beside the page, and nothing else.
+  EXPECT_EQ(Run("to-rtf 'pages/a & b.html' -o back.rtf").status, 0);
+  EXPECT_TRUE(Run("to-html back.rtf -o back.html").status == 0 && fs::exists(folder_ / "back.html"));
+  Put("pages/beside.html", "<img src=../new/one/object000.png><img src=new.png>");
+  fs::copy_file(folder_ / "new/one/object000.png", folder_ / "pages/new.png");
+  const std::string rtf = Run("to-rtf pages/beside.html").out;
+  EXPECT_TRUE(Has(rtf, ".{\\pict\\pngblip")) << rtf.substr(0, 400);
+}
+
 TEST_F(CommandLine, ExplainsWhichRulesFired) {
   Put("a.rtf", "{\\rtf1\\viewkind4\\uc1\\pard\\fs20 x\\par \\pard y\\par }");
   const Outcome words = Run("explain --clean-rtf nono a.rtf");
