@@ -174,6 +174,8 @@ TEST_F(CommandLine, PutsPicturesBesideThePage) {
   // A folder that is named, and none that can be made.
   EXPECT_TRUE(Has(Run("to-html 'a & b.rtf' --image-folder new/one").out, "/new/one/object000.png\""));
   EXPECT_EQ(pictures(folder_ / "new/one"), 4);
+  Put("c.rtf", sample);
+  EXPECT_TRUE(Has(Run("to-html 'a & b.rtf' c.rtf --image-folder two").out, "/two/c/object000.png\""));
   EXPECT_FALSE(Has(Run("to-html 'a & b.rtf' --image-folder plain.rtf/one").out, "<img"));
   // And back: what stands beside the page, and nothing else.
   EXPECT_EQ(Run("to-rtf 'pages/a & b.html' -o back.rtf").status, 0);

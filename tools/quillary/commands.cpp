@@ -49,7 +49,12 @@ void WriteTraceLine(std::string_view step, TextView page, std::string_view failu
 }
 
 PagePictures PicturesOf(const ToHtml& command, const Output& output, const std::string& document) {
-  if (!command.image_folder.empty()) return PagePictures::In(command.image_folder);
+  if (!command.image_folder.empty()) {
+    // Documents that share a folder would write the same files.
+    const bool shared = command.documents.size() > 1;
+    const std::filesystem::path folder = command.image_folder;
+    return PagePictures::In(shared ? folder / std::filesystem::path(document).stem() : folder);
+  }
   if (output.IsStandardOutput()) return PagePictures::Temporary();
   return PagePictures::Beside(output.PathOf(document, ".html"));
 }

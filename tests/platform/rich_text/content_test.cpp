@@ -55,6 +55,11 @@ TEST(Content, KeepsPicturesAndObjects) {
        "\\pard\\f0\\fs24{\\object\\objemb{\\*\\objclass Equation.3}\\objw1\\objh2{\\*\\objdata "
        "\r\n0105\r\n}{\\result " +
            canonical + "}}b"},
+      {"a picture in front of an object",
+       Document(picture + "{\\object\\objemb{\\*\\objclass X}{\\*\\objdata 0105}{\\result{" + picture +
+                "}}}"),
+       "\\pard\\f0\\fs24" + canonical +
+           "{\\object\\objemb{\\*\\objclass X}{\\*\\objdata \r\n0105\r\n}{\\result " + canonical + "}}"},
       {"an object whose result is text",
        Document("{\\object\\objemb{\\*\\objclass X}{\\*\\objdata 01}{\\result text}}"),
        "\\pard\\f0\\fs24 text"},
