@@ -21,8 +21,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     DecodeGif(bytes);
     DecodeJpeg(bytes);
     DecodePng(bytes);
-    DrawWmf(bytes, 40, 30);
-    DrawEmf(bytes, 40, 30);
+    double pixels = 1e7;
+    DrawWmf(bytes, 40, 30, pixels);
+    DrawEmf(bytes, 40, 30, pixels);
   } catch (const quillary::LimitReached&) {
   }
   return 0;

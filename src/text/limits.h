@@ -40,9 +40,9 @@ inline constexpr int kPictures = 10000;
 /// a picture becomes a plain one.
 inline constexpr std::size_t kPicturePixels = std::size_t{32} << 20;
 inline constexpr std::size_t kDrawnPixels = std::size_t{4} << 20;
-inline constexpr std::size_t kPicturePixelsOfDocument = std::size_t{512} << 20;
+inline constexpr std::size_t kPicturePixelsOfDocument = std::size_t{256} << 20;
 
-/// Records of a metafile, and the pixels that they may paint over each other.
+/// Records of a metafile, and the pixels that those of a document may paint over each other.
 inline constexpr std::size_t kMetafileRecords = 200000;
 inline constexpr double kPaintedPixels = 2e9;
 

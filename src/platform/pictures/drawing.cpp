@@ -4,8 +4,6 @@
 #include <cmath>
 #include <numbers>
 
-#include "text/limits.h"
-
 namespace quillary::platform {
 namespace {
 
@@ -16,8 +14,9 @@ double Bounded(double value) { return std::isfinite(value) ? std::clamp(value, -
 
 }  // namespace
 
-Drawing::Drawing(std::uint32_t width, std::uint32_t height, Point frame_start, Point frame_size)
-    : width_(width), height_(height), frame_start_(frame_start), frame_size_(frame_size) {
+Drawing::Drawing(std::uint32_t width, std::uint32_t height, Point frame_start, Point frame_size,
+                 double& pixels)
+    : width_(width), height_(height), frame_start_(frame_start), frame_size_(frame_size), pixels_(pixels) {
   Image::Blank(width, height);  // refuses what is too large
   surface_.reset(
       cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(width), static_cast<int>(height)));
@@ -76,8 +75,8 @@ bool Drawing::Affordable() {
   cairo_path_extents(context_.get(), &left, &top, &right, &bottom);
   const double wide = std::min<double>(right, width_) - std::max(left, 0.0);
   const double high = std::min<double>(bottom, height_) - std::max(top, 0.0);
-  work_ += 1000 + std::max(wide, 0.0) * std::max(high, 0.0);
-  return work_ < limits::kPaintedPixels;
+  pixels_ -= 1000 + std::max(wide, 0.0) * std::max(high, 0.0);
+  return pixels_ > 0;
 }
 
 void Drawing::Paint(bool filled, bool stroked) {
@@ -237,7 +236,7 @@ void Drawing::Bitmap(const Image& image, Point start, Point size, Point source, 
   cairo_new_path(context);
   cairo_rectangle(context, std::min(from.x, to.x), std::min(from.y, to.y), std::abs(to.x - from.x),
                   std::abs(to.y - from.y));
-  work_ += static_cast<double>(image.pixels.size());
+  pixels_ -= static_cast<double>(image.pixels.size());
   if (!Affordable()) return cairo_new_path(context);
   // The library keeps blue first, and all colours multiplied with the opacity.
   std::vector<std::uint8_t> pixels(image.pixels.size());
@@ -270,8 +269,8 @@ void Drawing::Text(Point at, const std::string& utf8, const std::vector<double>&
                          font.italic ? CAIRO_FONT_SLANT_ITALIC : CAIRO_FONT_SLANT_NORMAL,
                          font.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
   cairo_set_font_size(context, height);
-  work_ += static_cast<double>(utf8.size()) * height * height;
-  if (work_ > limits::kPaintedPixels) return;
+  pixels_ -= static_cast<double>(utf8.size()) * height * height;
+  if (pixels_ <= 0) return;
   cairo_text_extents_t extents{};
   cairo_font_extents_t metrics{};
   cairo_text_extents(context, utf8.c_str(), &extents);

@@ -57,8 +57,10 @@ struct DrawingState {
 
 class Drawing {
  public:
-  /// On white. `frame` is what the image shows, in device units. Throws LimitReached (pictures).
-  Drawing(std::uint32_t width, std::uint32_t height, Point frame_start, Point frame_size);
+  /// On white. The frame is what the image shows, in device units. `pixels` is how many may be
+  /// painted over each other: it falls with each shape, and at 0 the rest is passed over. Throws
+  /// LimitReached (pictures).
+  Drawing(std::uint32_t width, std::uint32_t height, Point frame_start, Point frame_size, double& pixels);
 
   DrawingState state;
 
@@ -117,7 +119,7 @@ class Drawing {
   std::unique_ptr<cairo_t, Destroy> context_;
   std::vector<DrawingState> saved_;
   bool in_path_ = false;
-  double work_ = 0;  // pixels that were painted
+  double& pixels_;
 };
 
 }  // namespace quillary::platform

@@ -73,8 +73,8 @@ constexpr std::uint32_t kStock = 0x80000000;
 
 class Player {
  public:
-  Player(std::string_view bytes, std::uint32_t width, std::uint32_t height)
-      : bytes_(bytes), drawing_(width, height, FrameStart(bytes_), FrameSize(bytes_)) {}
+  Player(std::string_view bytes, std::uint32_t width, std::uint32_t height, double& pixels)
+      : bytes_(bytes), drawing_(width, height, FrameStart(bytes_), FrameSize(bytes_), pixels) {}
 
   bool IsMetafile() const { return bytes_.Long(0) == kHeader && bytes_.From(40, 4) == " EMF"; }
 
@@ -407,8 +407,9 @@ class Player {
 
 }  // namespace
 
-std::optional<Image> DrawEmf(std::string_view bytes, std::uint32_t width, std::uint32_t height) {
-  Player player(bytes, width, height);
+std::optional<Image> DrawEmf(std::string_view bytes, std::uint32_t width, std::uint32_t height,
+                             double& pixels) {
+  Player player(bytes, width, height, pixels);
   if (!player.IsMetafile()) return std::nullopt;
   return player.Play();
 }

@@ -47,7 +47,7 @@ Image PlainImage(Size size) {
   return image;
 }
 
-std::optional<Image> Decode(const RtfPicture& picture, Size size) {
+std::optional<Image> Decode(const RtfPicture& picture, Size size, double& painted) {
   const auto unsigned_of = [](std::int32_t number) {
     return static_cast<std::uint32_t>(std::max(number, 0));
   };
@@ -62,9 +62,9 @@ std::optional<Image> Decode(const RtfPicture& picture, Size size) {
       return DecodeDeviceBitmap(picture.bytes, unsigned_of(picture.width), unsigned_of(picture.height),
                                 unsigned_of(picture.row_bytes), unsigned_of(picture.bits));
     case PictureKind::Wmf:
-      return DrawWmf(picture.bytes, size.width, size.height);
+      return DrawWmf(picture.bytes, size.width, size.height, painted);
     case PictureKind::Emf:
-      return DrawEmf(picture.bytes, size.width, size.height);
+      return DrawEmf(picture.bytes, size.width, size.height, painted);
     case PictureKind::Unknown:
       break;
   }
@@ -94,14 +94,17 @@ class ImageFiles final : public PictureExtractor {
   // A picture that cannot be decoded is there all the same, so that the others keep their numbers.
   std::string FileOf(const RtfPicture& picture) {
     Size size = ShownSize(picture);
+    const bool as_wanted = picture.kind == (png_ ? PictureKind::Png : PictureKind::Jpeg);
+    const bool affordable = pixels_ < limits::kPicturePixelsOfDocument;
+    if (as_wanted && !affordable) return picture.bytes;
     std::optional<Image> image;
     try {
-      if (pixels_ < limits::kPicturePixelsOfDocument) image = Decode(picture, size);
+      if (affordable) image = Decode(picture, size, paintable_);
     } catch (const LimitReached&) {
       image.reset();
     }
     if (image) pixels_ += Size{image->width, image->height}.pixels();
-    if (image && picture.kind == (png_ ? PictureKind::Png : PictureKind::Jpeg)) return picture.bytes;
+    if (image && as_wanted) return picture.bytes;
     if (!image) {
       pixels_ += size.pixels();
       if (pixels_ >= limits::kPicturePixelsOfDocument) size = {1, 1};
@@ -113,6 +116,7 @@ class ImageFiles final : public PictureExtractor {
   bool png_ = false;
   int quality_ = 100;
   std::uint64_t pixels_ = 0;  // of all pictures so far
+  double paintable_ = limits::kPaintedPixels;
 };
 
 }  // namespace

@@ -102,8 +102,8 @@ std::optional<PlacedBitmap> BitmapOf(const Record& record) {
 
 class Player {
  public:
-  Player(std::string_view bytes, std::uint32_t width, std::uint32_t height)
-      : bytes_(bytes), drawing_(width, height, {0, 0}, {double(width), double(height)}) {
+  Player(std::string_view bytes, std::uint32_t width, std::uint32_t height, double& pixels)
+      : bytes_(bytes), drawing_(width, height, {0, 0}, {double(width), double(height)}, pixels) {
     drawing_.state.viewport_size = {double(width), double(height)};
     drawing_.state.window_size = drawing_.state.viewport_size;
     if (bytes_.Long(0) != kPlaceable) return;
@@ -312,8 +312,9 @@ class Player {
 
 }  // namespace
 
-std::optional<Image> DrawWmf(std::string_view bytes, std::uint32_t width, std::uint32_t height) {
-  Player player(bytes, width, height);
+std::optional<Image> DrawWmf(std::string_view bytes, std::uint32_t width, std::uint32_t height,
+                             double& pixels) {
+  Player player(bytes, width, height, pixels);
   if (!player.IsMetafile()) return std::nullopt;
   return player.Play();
 }

@@ -99,6 +99,15 @@ TEST(Bitmaps, AreReadInAllDepths) {
   EXPECT_EQ(Seen(DecodeDeviceBitmap("", 4000000000U, 2, 2, 1)), "none");
 }
 
+std::optional<Image> Wmf(std::string_view bytes, std::uint32_t width, std::uint32_t height) {
+  double pixels = 1e9;
+  return DrawWmf(bytes, width, height, pixels);
+}
+std::optional<Image> Emf(std::string_view bytes, std::uint32_t width, std::uint32_t height) {
+  double pixels = 1e9;
+  return DrawEmf(bytes, width, height, pixels);
+}
+
 std::string WmfRecord(int function, const std::string& parameters) {
   return Longs({static_cast<std::int64_t>(parameters.size() / 2 + 3)}) + Words({function}) + parameters;
 }
@@ -123,45 +132,43 @@ TEST(Metafiles, AreDrawnOrGiveTheirOnlyBitmap) {
   const std::string dib = DibHeader(2, 1, 32, 0, 0) + Longs({0xFF, 0xFF0000});
   const std::string stretch =
       WmfRecord(0x0F43, Longs({0xCC0020}) + Words({0, 1, 2, 0, 0, 40, 40, 0, 0}) + dib);
-  EXPECT_EQ(Seen(DrawWmf(Wmf(window + red_brush + no_pen + WmfRecord(0x041B, Words({20, 40, 0, 0}))), 4, 4)),
+  EXPECT_EQ(Seen(Wmf(Wmf(window + red_brush + no_pen + WmfRecord(0x041B, Words({20, 40, 0, 0}))), 4, 4)),
             "rrrr/rrrr/wwww/wwww/");
-  EXPECT_EQ(Seen(DrawWmf(Wmf(window + red_brush + no_pen + WmfRecord(0x0324, Words({3, 0, 0, 40, 0, 0, 40}))),
-                         4, 4))
-                .substr(0, 3),
-            "rrr");
-  EXPECT_EQ(Seen(DrawWmf(Wmf(window + stretch), 4, 4)), "br/");
   EXPECT_EQ(
-      Seen(DrawWmf(Wmf(window + stretch + red_brush + no_pen + WmfRecord(0x041B, Words({40, 40, 0, 20}))), 4,
-                   1))
+      Seen(Wmf(Wmf(window + red_brush + no_pen + WmfRecord(0x0324, Words({3, 0, 0, 40, 0, 0, 40}))), 4, 4))
+          .substr(0, 3),
+      "rrr");
+  EXPECT_EQ(Seen(Wmf(Wmf(window + stretch), 4, 4)), "br/");
+  EXPECT_EQ(
+      Seen(Wmf(Wmf(window + stretch + red_brush + no_pen + WmfRecord(0x041B, Words({40, 40, 0, 20}))), 4, 1))
           .substr(2),
       "rr/");
   const std::string placeable =
       Longs({0x9AC6CDD7}) + Words({0, 10, 10, 50, 50, 96}) + Longs({0}) + Words({0});
-  EXPECT_EQ(
-      Seen(DrawWmf(placeable + Wmf(red_brush + no_pen + WmfRecord(0x041B, Words({50, 30, 10, 10}))), 2, 1)),
-      "rw/");
+  EXPECT_EQ(Seen(Wmf(placeable + Wmf(red_brush + no_pen + WmfRecord(0x041B, Words({50, 30, 10, 10}))), 2, 1)),
+            "rw/");
 
   const std::string blue = EmfRecord(39, Longs({1, 0, 0xFF0000, 0})) + EmfRecord(37, Longs({1})) +
                            EmfRecord(37, Longs({0x80000008}));
-  EXPECT_EQ(Seen(DrawEmf(Emf(blue + EmfRecord(43, Longs({0, 0, 2, 4}))), 4, 2)), "bbww/bbww/");
+  EXPECT_EQ(Seen(Emf(Emf(blue + EmfRecord(43, Longs({0, 0, 2, 4}))), 4, 2)), "bbww/bbww/");
   const std::string path = EmfRecord(59, "") + EmfRecord(27, Longs({0, 0})) + EmfRecord(54, Longs({4, 0})) +
                            EmfRecord(54, Longs({4, 2})) + EmfRecord(54, Longs({0, 2})) + EmfRecord(61, "") +
                            EmfRecord(60, "");
-  EXPECT_EQ(Seen(DrawEmf(Emf(blue + path + EmfRecord(62, Longs({0, 0, 0, 0}))), 2, 2)), "bb/ww/");
+  EXPECT_EQ(Seen(Emf(Emf(blue + path + EmfRecord(62, Longs({0, 0, 0, 0}))), 2, 2)), "bb/ww/");
   // Twice as large by the window, and moved by the world.
   const std::string scaled =
       EmfRecord(17, Longs({8})) + EmfRecord(9, Longs({2, 2})) + EmfRecord(11, Longs({4, 4}));
-  EXPECT_EQ(Seen(DrawEmf(Emf(scaled + blue + EmfRecord(43, Longs({0, 0, 1, 2}))), 4, 1)), "bbww/");
+  EXPECT_EQ(Seen(Emf(Emf(scaled + blue + EmfRecord(43, Longs({0, 0, 1, 2}))), 4, 1)), "bbww/");
   const std::string moved = EmfRecord(35, Longs({0x3F800000, 0, 0, 0x3F800000, 0x40000000, 0}));
-  EXPECT_EQ(Seen(DrawEmf(Emf(EmfRecord(33, "") + moved + EmfRecord(34, Longs({-1})) + moved + blue +
-                             EmfRecord(86, Longs({0, 0, 0, 0, 4}) + Words({0, 0, 2, 0, 2, 4, 0, 4}))),
-                         4, 1)),
+  EXPECT_EQ(Seen(Emf(Emf(EmfRecord(33, "") + moved + EmfRecord(34, Longs({-1})) + moved + blue +
+                         EmfRecord(86, Longs({0, 0, 0, 0, 4}) + Words({0, 0, 2, 0, 2, 4, 0, 4}))),
+                     4, 1)),
             "wwbb/");
   const std::string bits =
       EmfRecord(81, Longs({0, 0, 0, 0, 0, 0, 0, 0, 2, 1, 80, 40, 120, 8, 0, 0xCC0020, 4, 4}) + dib);
-  EXPECT_EQ(Seen(DrawEmf(Emf(bits), 4, 4)), "br/");
-  EXPECT_EQ(Seen(DrawWmf("nothing", 4, 4)), "none");
-  EXPECT_EQ(Seen(DrawEmf("nothing", 4, 4)), "none");
+  EXPECT_EQ(Seen(Emf(Emf(bits), 4, 4)), "br/");
+  EXPECT_EQ(Seen(Wmf("nothing", 4, 4)), "none");
+  EXPECT_EQ(Seen(Emf("nothing", 4, 4)), "none");
 }
 
 class PictureFiles : public testing::Test {
@@ -256,8 +263,8 @@ TEST_F(PictureFiles, ComeOfBrokenPicturesToo) {
     DecodePng(bytes);
     DecodeJpeg(bytes);
     DecodeDib(bytes);
-    DrawWmf(bytes, 20, 20);
-    DrawEmf(bytes, 20, 20);
+    Wmf(bytes, 20, 20);
+    Emf(bytes, 20, 20);
   };
   for (const std::string& whole : {dib, wmf, emf, EncodePng(Checked(3, 3)), EncodeJpeg(Checked(3, 3), 50)}) {
     for (std::size_t at = 0; at < whole.size(); ++at) {
@@ -271,12 +278,14 @@ TEST_F(PictureFiles, ComeOfBrokenPicturesToo) {
   }
 }
 
-TEST(Metafiles, PaintNoMoreThanTheirLimit) {
+TEST(Metafiles, PaintNoMoreThanTheyMay) {
   std::string records = WmfRecord(0x020C, Words({1, 1}));
   const std::string ellipse = WmfRecord(0x0418, Words({1, 1, 0, 0}));
   for (int i = 0; i < 100000; ++i) records += ellipse;
-  EXPECT_TRUE(DrawWmf(Wmf(records), 2000, 2000));
-  EXPECT_THROW(DrawWmf(Wmf(records), 0xFFFFFFFF, 0xFFFFFFFF), LimitReached);
+  double pixels = 1e8;
+  EXPECT_TRUE(DrawWmf(Wmf(records), 2000, 2000, pixels));
+  EXPECT_LE(pixels, 0);
+  EXPECT_THROW(Wmf(Wmf(records), 0xFFFFFFFF, 0xFFFFFFFF), LimitReached);
 }
 
 TEST(Addresses, OfThePublicNetworkOnly) {
