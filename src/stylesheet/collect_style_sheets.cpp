@@ -53,6 +53,7 @@ void StripStyleBlocks(Text& text) {
 }
 
 void CollectStyleSheets(Apartment& apartment, TextView text, TextView folder) {
+  if (!Holds(text, u"<STYLE", Compare::IgnoreCase) && !Holds(text, u"<LINK", Compare::IgnoreCase)) return;
   const Text upper_page = ToUpper(text);
   const TextView upper = upper_page;
   if (std::optional<Text> sheet = OwnSheet(text, upper)) {

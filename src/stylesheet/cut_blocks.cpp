@@ -23,6 +23,7 @@ std::size_t EndAcross(TextView head, TextView rest, TextView close, std::size_t 
 // What is kept grows at its end only, and what stands around a block that went may be a new
 // delimiter: so the end of what is kept is looked at after each unit.
 void CutBlocks(Text& text, TextView open, TextView close, std::size_t close_from) {
+  if (!Holds(text, open, Compare::IgnoreCase)) return;
   const Text upper = ToUpper(text);
   const TextView source = upper;
   const Finder opens(open, Compare::Binary);
