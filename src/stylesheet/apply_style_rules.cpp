@@ -139,6 +139,7 @@ class Application {
   }
 
   void Run() {
+    if (tags_.empty()) return;  // only sheets that could not be read
     const StyledPage::Road road = plain_ ? StyledPage::Road::Noted : StyledPage::Road::AtOnce;
     StyledPage page(page_, road, limit_);
     std::size_t tag = 0;
