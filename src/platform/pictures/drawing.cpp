@@ -12,6 +12,8 @@ constexpr std::size_t kMostSaved = 256;
 
 double Bounded(double value) { return std::isfinite(value) ? std::clamp(value, -1e6, 1e6) : 0; }
 
+bool IsUsable(double scale) { return std::abs(scale) > 1e-4 && std::abs(scale) < 1e4; }
+
 }  // namespace
 
 Drawing::Drawing(std::uint32_t width, std::uint32_t height, Point frame_start, Point frame_size,
@@ -231,8 +233,10 @@ void Drawing::Fill(Point start, Point end, std::uint32_t colour) {
 void Drawing::Bitmap(const Image& image, Point start, Point size, Point source, Point source_size) {
   const Point from = Device(start);
   const Point to = Device({start.x + size.x, start.y + size.y});
-  if (source_size.x == 0 || source_size.y == 0 || from.x == to.x || from.y == to.y) return;
   cairo_t* const context = context_.get();
+  const Point scale{(to.x - from.x) / source_size.x, (to.y - from.y) / source_size.y};
+  // The library loses memory where it cannot turn a scale round, or has failed before.
+  if (!IsUsable(scale.x) || !IsUsable(scale.y) || cairo_status(context) != CAIRO_STATUS_SUCCESS) return;
   cairo_new_path(context);
   cairo_rectangle(context, std::min(from.x, to.x), std::min(from.y, to.y), std::abs(to.x - from.x),
                   std::abs(to.y - from.y));
@@ -253,7 +257,7 @@ void Drawing::Bitmap(const Image& image, Point start, Point size, Point source, 
   cairo_save(context);
   cairo_clip(context);
   cairo_translate(context, from.x, from.y);
-  cairo_scale(context, (to.x - from.x) / source_size.x, (to.y - from.y) / source_size.y);
+  cairo_scale(context, scale.x, scale.y);
   cairo_set_source_surface(context, surface.get(), -source.x, -source.y);
   cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
   cairo_paint(context);
