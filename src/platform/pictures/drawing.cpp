@@ -254,7 +254,8 @@ void Drawing::Bitmap(const Image& image, Point start, Point size, Point source, 
   const std::unique_ptr<cairo_surface_t, Destroy> surface(
       cairo_image_surface_create_for_data(pixels.data(), CAIRO_FORMAT_ARGB32, static_cast<int>(image.width),
                                           static_cast<int>(image.height), static_cast<int>(image.width) * 4));
-  if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return cairo_new_path(context);  // too wide
+  if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS)
+    return cairo_new_path(context);  // too wide
   cairo_save(context);
   cairo_clip(context);
   cairo_translate(context, from.x, from.y);
