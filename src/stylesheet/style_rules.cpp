@@ -67,7 +67,7 @@ Text ReadFace(TextView value) { return Trim(Without(value.substr(0, value.find(u
 Integer16 ReadSize(TextView value) {
   if (!Holds(value, u"pt")) return 0;
   Integer16 size = RoundNumberText(ReplaceAll(value, u"pt", u""));
-  size = size * 2;
+  size = std::int64_t{size} * 2;
   return size;
 }
 

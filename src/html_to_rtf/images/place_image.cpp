@@ -59,7 +59,7 @@ bool IsOnWeb(TextView upper) {
 
 // The ending of the file, or nothing where the address has none of a picture.
 Text EndingOf(TextView address) {
-  const Text ending = ToLower(Right(address, 4));
+  Text ending = ToLower(Right(address, 4));
   if (ending == u"jpeg") return u".jpg";
   for (const TextView known : {u".jpg", u".bmp", u".png", u".gif"}) {
     if (ending == known) return ending;

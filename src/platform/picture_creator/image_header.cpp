@@ -3,6 +3,8 @@
 namespace quillary::platform {
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr std::string_view kPngStart = "\x89PNG\r\n\x1A\n";
 constexpr double kCentimetres = 2.54;  // of an inch
 constexpr double kMetres = 0.0254;
@@ -50,7 +52,7 @@ std::optional<ImageHeader> ReadJpeg(std::string_view bytes) {
       header.width = Number(bytes, at + 7, 2);
       return header;
     }
-    if (marker == 0xE0 && bytes.substr(at + 4, 5) == std::string_view("JFIF", 5)) {
+    if (marker == 0xE0 && bytes.substr(at + 4, 5) == "JFIF\0"sv) {
       const std::uint32_t unit = Number(bytes, at + 11, 1);
       const double inch = unit == 1 ? 1 : unit == 2 ? kCentimetres : 0;
       header.horizontal = Number(bytes, at + 12, 2) * inch;

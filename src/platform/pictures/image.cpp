@@ -61,7 +61,7 @@ std::string EncodeJpeg(const Image& image, int quality) {
   const int failed =
       tjCompress2(turbo.get(), opaque.data(), static_cast<int>(image.width), 0,
                   static_cast<int>(image.height), TJPF_RGBA, &compressed, &size, TJSAMP_420, quality, 0);
-  const std::string bytes(reinterpret_cast<const char*>(compressed), failed == 0 ? size : 0);
+  std::string bytes(reinterpret_cast<const char*>(compressed), failed == 0 ? size : 0);
   tjFree(compressed);
   if (failed != 0) throw Failure(Failure::Kind::Raised);
   return bytes;

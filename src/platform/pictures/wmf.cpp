@@ -134,7 +134,7 @@ class Player {
   }
 
  private:
-  std::vector<Point> Points(const Record& record, std::size_t word, std::size_t count) const {
+  static std::vector<Point> Points(const Record& record, std::size_t word, std::size_t count) {
     std::vector<Point> points;
     for (; count > 0 && word + 1 < record.words(); --count, word += 2) {
       points.push_back({record.Number(word), record.Number(word + 1)});
