@@ -30,7 +30,7 @@ bool IsDecodedByRules(Charset charset, std::string_view bytes) {
 
 /// Whether bytes that call themselves UTF-8 hold a character of more than one
 /// byte, or nothing that would need one.
-bool IsUtf8(std::string_view bytes, TextView decoded) {
+bool SeemsUtf8(std::string_view bytes, TextView decoded) {
   constexpr char16_t kReplacement = 0xFFFD;
   const auto is_character = [](char16_t unit) { return unit >= 0x80 && unit != kReplacement; };
   return decoded.find(kReplacement) == TextView::npos || std::ranges::any_of(decoded, is_character) ||
@@ -40,7 +40,7 @@ bool IsUtf8(std::string_view bytes, TextView decoded) {
 Text Decode(std::string_view bytes, const PageCharset& found) {
   Text page = platform::DecodeCharset(found.charset, bytes.substr(found.mark_length));
   const bool declared_utf8 = found.charset == Charset::Utf8 && found.mark_length == 0;
-  return !declared_utf8 || IsUtf8(bytes, page) ? page : FromWindows1252(bytes);
+  return !declared_utf8 || SeemsUtf8(bytes, page) ? page : FromWindows1252(bytes);
 }
 
 }  // namespace

@@ -90,6 +90,19 @@ Text FromUtf8(std::string_view bytes) {
   return text;
 }
 
+bool IsUtf8(std::string_view bytes) {
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t start = at;
+    if (static_cast<unsigned char>(bytes[at]) < 0x80) {
+      ++at;
+    } else if (ReadCharacter(bytes, at) == kReplacement &&
+               bytes.substr(start, at - start) != "\xEF\xBF\xBD") {
+      return false;
+    }
+  }
+  return true;
+}
+
 std::string ToUtf8(TextView text) {
   std::string bytes;
   bytes.reserve(text.size());

@@ -12,6 +12,8 @@ namespace quillary {
 /// UTF-8 to text. Each longest ill-formed piece gives one U+FFFD; a byte order
 /// mark is kept.
 Text FromUtf8(std::string_view bytes);
+/// Whether bytes are well-formed UTF-8.
+bool IsUtf8(std::string_view bytes);
 /// Text to UTF-8. A lone surrogate gives U+FFFD.
 std::string ToUtf8(TextView text);
 

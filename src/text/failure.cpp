@@ -27,11 +27,9 @@ const char* LimitReached::what() const noexcept {
     case Limit::Nesting:
       return "the document is nested deeper than the limit";
     case Limit::Pictures:
-      return "the document's pictures are beyond the limit";
-    case Limit::Time:
       break;
   }
-  return "the conversion took longer than the limit";
+  return "a picture is beyond the limit";
 }
 
 }  // namespace quillary

@@ -38,7 +38,7 @@ class Failure : public std::exception {
 /// Ends a conversion cleanly. Attempt never catches it.
 class LimitReached : public std::exception {
  public:
-  enum class Limit { Input, Growth, Nesting, Pictures, Time };
+  enum class Limit { Input, Growth, Nesting, Pictures };
 
   explicit LimitReached(Limit limit) : limit_(limit) {}
   Limit limit() const { return limit_; }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "component/properties.h"
-#include "encodings.h"
+#include "quillary/encodings.h"
 
 namespace quillary::command_line {
 

@@ -88,6 +88,7 @@ const Registry& AllRoutines() {
     Registry all;
     AddChainRoutines(all);
     AddTextRoutines(all);
+    AddComponentRoutines(all);
     AddDriverRoutines(all);
     AddEscapeRoutines(all);
     AddRichTextRoutines(all);

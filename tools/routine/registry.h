@@ -82,6 +82,7 @@ const Registry& AllRoutines();
 
 // One function for each module's routines.
 void AddTextRoutines(Registry& registry);
+void AddComponentRoutines(Registry& registry);
 void AddDriverRoutines(Registry& registry);
 /// Chains come first: an operation of the same name takes the name.
 void AddChainRoutines(Registry& registry);

@@ -1,9 +1,12 @@
-#include "encodings.h"
+// Between the bytes of hosts and the texts of conversions.
+#include "quillary/encodings.h"
 
+#include "component/public_errors.h"
+#include "page_reader/page_reader.h"
 #include "text/ascii.h"
 #include "text/encodings.h"
 
-namespace quillary::command_line {
+namespace quillary {
 namespace {
 
 bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
@@ -35,6 +38,21 @@ std::string EncodeInBytes(TextView text, Encoding encoding, Missing&& missing) {
     bytes += byte.empty() ? missing(character) : byte;
   }
   return bytes;
+}
+
+// ASCII stays; `spell` says what stands for each other unit.
+template <class Spell>
+Text SpellUnits(TextView text, Spell&& spell) {
+  Text spelled;
+  spelled.reserve(text.size());
+  for (const char16_t unit : text) {
+    if (unit < 0x80) {
+      spelled += unit;
+    } else {
+      spelled += spell(unit);
+    }
+  }
+  return spelled;
 }
 
 }  // namespace
@@ -71,4 +89,30 @@ std::string EncodePlainText(TextView text, Encoding encoding) {
   return EncodeInBytes(text, encoding, [](char32_t) { return std::string("?"); });
 }
 
-}  // namespace quillary::command_line
+Text TextOf(Bytes file) { return FromWindows1252(file.bytes); }
+
+Text TextOf(std::u8string_view text) {
+  const std::string_view bytes(reinterpret_cast<const char*>(text.data()), text.size());
+  if (!IsUtf8(bytes)) throw PublicError(Failure(Failure::Kind::Argument, 0, "", "The text is no UTF-8."));
+  return FromUtf8(bytes);
+}
+
+Text RtfOf(std::u8string_view rtf) {
+  return SpellUnits(TextOf(rtf), [](char16_t unit) {
+    return Joined({u"\\u", Decimal(static_cast<std::int16_t>(unit)), u"\\'3f"});
+  });
+}
+
+Text HtmlOf(std::u8string_view html) {
+  return SpellUnits(TextOf(html), [](char16_t unit) { return Joined({u"&#", Decimal(unit), u";"}); });
+}
+
+Text PageOf(Bytes file) {
+  try {
+    return page_reader::ReadPage(file.bytes);
+  } catch (const Failure& failure) {
+    throw PublicError(failure);
+  }
+}
+
+}  // namespace quillary
