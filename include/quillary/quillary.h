@@ -35,6 +35,8 @@
 extern "C" {
 #endif
 
+/* NOLINTBEGIN(modernize-use-using): C has no other way to name a type. */
+
 /* A converter: eighteen properties. 0 is none; a number is never used again. */
 typedef uint64_t quillary_converter;
 
@@ -100,6 +102,8 @@ enum {
   QUILLARY_ACCESS_WEB = 2    /* pictures of a page on the web, from public hosts; they are kept as files
                                 in the folder QUILLARY_IMAGE_FOLDER */
 };
+
+/* NOLINTEND(modernize-use-using) */
 
 /* The version of the library, such as "0.1.0", a static text; and as QUILLARY_VERSION_NUMBER. */
 QUILLARY_API const char* quillary_version(void);

@@ -28,7 +28,7 @@ Safety SafetyOf(const server::Guid& riid) {
 
 void AppendHex(Text& text, std::uint32_t value, int digits) {
   for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
-    text += AsciiUpper(static_cast<char16_t>(HexDigit((value >> shift) & 15U)));
+    text += AsciiUpper(static_cast<char16_t>(HexDigit(static_cast<int>((value >> shift) & 15U))));
   }
 }
 

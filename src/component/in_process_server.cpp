@@ -1,6 +1,7 @@
 // The objects that hosts get from the server: the class factory, and a converter with its
 // interfaces. Nothing thrown leaves these functions.
 #include <atomic>
+#include <memory>
 #include <new>
 
 #include "component/bas_safe_ctl.h"
@@ -126,7 +127,7 @@ class Factory final : public IClassFactory {
     if (pUnkOuter != nullptr) return kNoAggregation;
     HResult result = kOk;
     const HResult made = AsResult([&] {
-      auto* converter = new ConverterObject();
+      auto* converter = std::make_unique<ConverterObject>().release();
       result = converter->QueryInterface(riid, ppvObject);
       converter->Release();
     });
